@@ -1,0 +1,31 @@
+# How this project makes its targets, so that a folder's own file names sources and links and nothing else.
+
+# Zelmora::sax: the toolkit's streaming XML classes. Qt 5.15 marks them deprecated, and they are what this system
+# reads its jobs with: that one warning is silenced where they are used, and nowhere else.
+add_library(zelmora_sax INTERFACE)
+add_library(Zelmora::sax ALIAS zelmora_sax)
+target_link_libraries(zelmora_sax INTERFACE Qt5::Xml)
+target_compile_options(zelmora_sax INTERFACE -Wno-deprecated-declarations)
+
+# A bare "text" never turns into a QString unseen: Qt 5 would take its bytes as UTF-8.
+set(ZELMORA_DEFINITIONS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
+
+# zelmora_library(<name> SOURCES <file>... LINKS <target>... [PRIVATE_LINKS <target>...]): the static library
+# Zelmora::<name>. Private links are those that its headers do not show.
+function(zelmora_library name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;PRIVATE_LINKS")
+    add_library(zelmora_${name} STATIC ${arg_SOURCES})
+    add_library(Zelmora::${name} ALIAS zelmora_${name})
+    set_target_properties(zelmora_${name} PROPERTIES OUTPUT_NAME zelmora-${name})
+    target_include_directories(zelmora_${name} PUBLIC ${PROJECT_SOURCE_DIR})
+    target_link_libraries(zelmora_${name} PUBLIC ${arg_LINKS} PRIVATE ${arg_PRIVATE_LINKS})
+    target_compile_definitions(zelmora_${name} PRIVATE ${ZELMORA_DEFINITIONS})
+endfunction()
+
+# zelmora_program(<name> SOURCES <file>... LINKS <target>...)
+function(zelmora_program name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
+    add_executable(${name} ${arg_SOURCES})
+    target_link_libraries(${name} PRIVATE ${arg_LINKS})
+    target_compile_definitions(${name} PRIVATE ${ZELMORA_DEFINITIONS})
+endfunction()

@@ -1,0 +1,17 @@
+#ifndef ZELMORA_TOOLKIT_EIGHTBIT_H
+#define ZELMORA_TOOLKIT_EIGHTBIT_H
+
+#include <QString>
+
+namespace toolkit {
+
+/// @p text after a passage through its 8-bit (Latin-1) form: every UTF-16 unit above U+00FF comes back as '?', and
+/// a NUL character ends the text.
+inline QString eightBit(const QString& text)
+{
+    return QString::fromLatin1(text.toLatin1());
+}
+
+} // namespace toolkit
+
+#endif

@@ -1,0 +1,47 @@
+#include "toolkit/localecodec.h"
+
+#include <QString>
+#include <QTextCodec>
+
+#include <langinfo.h>
+#include <locale.h>
+
+namespace toolkit {
+
+namespace {
+
+/// The codeset's name as the C library gives it. Asked of a locale object of our own, because setlocale()
+/// would change the whole process, its decimal comma included. An unknown locale behaves as "C".
+QByteArray codesetName()
+{
+    const locale_t environment = newlocale(LC_CTYPE_MASK, "", nullptr);
+    if (!environment)
+        return QByteArray();
+    const QByteArray name = nl_langinfo_l(CODESET, environment);
+    freelocale(environment);
+    return name;
+}
+
+QTextCodec* findLocaleCodec()
+{
+    const QByteArray name = codesetName();
+    const bool plainAscii = name.isEmpty() || name == "ANSI_X3.4-1968" || name == "US-ASCII";
+    QTextCodec* const codec = plainAscii ? nullptr : QTextCodec::codecForName(name);
+    return codec ? codec : QTextCodec::codecForName("UTF-8");
+}
+
+} // namespace
+
+QTextCodec* localeCodec()
+{
+    // Qt's own answer can't be used: Debian's build says UTF-8 in every locale.
+    static QTextCodec* const codec = findLocaleCodec();
+    return codec;
+}
+
+QByteArray localeText(const QString& text)
+{
+    return localeCodec()->fromUnicode(text);
+}
+
+} // namespace toolkit

@@ -1,0 +1,23 @@
+#include "toolkit/numbertext.h"
+
+#include <charconv>
+#include <cmath>
+
+namespace toolkit {
+
+QString numberText(double value)
+{
+    // Not QString::number(): where the 16th digit is exactly a half it rounds up, C rounds to even.
+    char text[32]; // "-1.23456789012345e-308" is the longest
+    const std::to_chars_result end = std::to_chars(text, text + sizeof text, value, std::chars_format::general, 15);
+    return QString::fromLatin1(text, static_cast<int>(end.ptr - text));
+}
+
+double toNumber(const QString& text)
+{
+    bool converted = false;
+    const double value = text.toDouble(&converted);
+    return converted && std::isfinite(value) ? value : 0.0;
+}
+
+} // namespace toolkit

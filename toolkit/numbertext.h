@@ -1,0 +1,19 @@
+#ifndef ZELMORA_TOOLKIT_NUMBERTEXT_H
+#define ZELMORA_TOOLKIT_NUMBERTEXT_H
+
+#include <QString>
+
+namespace toolkit {
+
+/// The text of @p value as C's "%.15g" writes it, whatever the locale: 15 significant digits, no trailing
+/// zeros, no decimal point for a whole number. 15 digits are the most that any decimal text keeps through a
+/// double (DBL_DIG), so 8.29 * 100 reads 829 and not 828.9999999999999.
+QString numberText(double value);
+
+/// The number that @p text stands for, with "." as the decimal point and white space around it allowed.
+/// Text that is no number gives 0, and so do "inf", "nan" and what overflows a double.
+double toNumber(const QString& text);
+
+} // namespace toolkit
+
+#endif
