@@ -1,0 +1,66 @@
+#ifndef ZELMORA_CONFIG_SYNCSINGLETON_H
+#define ZELMORA_CONFIG_SYNCSINGLETON_H
+
+#include <QMutex>
+#include <QMutexLocker>
+
+#include <atomic>
+
+/// The one process-wide instance of @p T: made by its default constructor at first use, exactly once whatever
+/// the number of threads that ask, and deleted at process exit.
+///
+/// At exit the instances go in the reverse order of their completion: a T whose constructor uses another
+/// singleton is deleted before that one. instance() is safe to call from any thread; what the instance itself
+/// allows is its own affair.
+template <class T>
+class SyncSingleton {
+public:
+    SyncSingleton() = delete;
+
+    /// The instance, made if there is none yet. Never null, owned by the template.
+    static T* instance()
+    {
+        T* const existing = instance_pointer.load(std::memory_order_acquire);
+        if (existing)
+            return existing;
+        createInstance();
+        return instance_pointer.load(std::memory_order_acquire);
+    }
+
+    /// Makes the instance if there is none yet. When T's constructor throws, there is still none afterwards,
+    /// and the exception passes on.
+    static void createInstance()
+    {
+        const QMutexLocker locker(&instance_mutex());
+        if (instance_pointer.load(std::memory_order_acquire))
+            return;
+        T* const created = new T;
+        instance_destroyer().instance = created;
+        instance_pointer.store(created, std::memory_order_release);
+    }
+
+private:
+    template <class U>
+    struct Destroyer {
+        ~Destroyer() { delete instance; }
+        U* instance = nullptr;
+    };
+
+    // Functions with a static inside, so that each is made on first need: a static initialiser of any source
+    // file may ask for the instance.
+    static QMutex& instance_mutex()
+    {
+        static QMutex mutex;
+        return mutex;
+    }
+
+    static Destroyer<T>& instance_destroyer()
+    {
+        static Destroyer<T> destroyer;
+        return destroyer;
+    }
+
+    static inline std::atomic<T*> instance_pointer {nullptr};
+};
+
+#endif

@@ -1,0 +1,20 @@
+#ifndef ZELMORA_CONFIG_ZMCONFIGURATION_H
+#define ZELMORA_CONFIG_ZMCONFIGURATION_H
+
+#include "config/config.h"
+#include "config/syncsingleton.h"
+
+/// The settings store: the settings of the user's own file, "/.zelmora/conf/zelmora.conf" under the home
+/// directory, in the brace format. The programs share one through SyncSingleton<ZMConfiguration>::instance();
+/// the file is read when that is first asked for, and never again.
+class ZMConfiguration : public libconfig::Config {
+public:
+    /// Reads the file. A missing one is reported on standard output and leaves every setting empty.
+    ZMConfiguration();
+
+    /// The text stored under a dotted key such as "zelmora.receiptdoc.paperWidth", an empty string when there is
+    /// none. Key and value pass through the 8-bit form (Latin-1): a character above U+00FF becomes '?'.
+    QString getStrValue(const QString& key) const;
+};
+
+#endif
