@@ -1,0 +1,73 @@
+#ifndef ZELMORA_DRIVER_REGISTERCOMMANDS_H
+#define ZELMORA_DRIVER_REGISTERCOMMANDS_H
+
+#include "toolkit/literals.h"
+
+#include <QString>
+
+/// The cash register's command language, all of it. Each command is one line that ends in CR LF; fields are written
+/// as they are, without padding or escaping.
+///
+///     Ordinary documents                     Fiscal documents
+///     nofis apri                             CLEAR (with a blank after it)
+///     nofis riga='TEXT'                      CHIAVE REG
+///     nofis chiudi                           VEND REP=DEPARTMENT,QTY=QUANTITY,PREZZO=PRICE,DES='DESCRIPTION'
+///                                            SCONTO VAL=AMOUNT
+///                                            PERCA ALIQ=RATE
+///                                            =DISCOUNT*2M
+///                                            HUNDREDTHSH1T, HUNDREDTHSH2T, HUNDREDTHSH3T, HUNDREDTHSH5T
+///                                            CHIUS T=1
+namespace registercommands {
+
+using toolkit::operator""_L1;
+
+constexpr QLatin1String lineEnd = "\r\n"_L1;
+
+// Framing of an ordinary document, and its lines: prefix, text, suffix.
+constexpr QLatin1String openNonFiscal = "nofis apri\r\n"_L1;
+constexpr QLatin1String linePrefix = "nofis riga='"_L1;
+constexpr QLatin1String lineSuffix = "'\r\n"_L1;
+constexpr QLatin1String closeNonFiscal = "nofis chiudi\r\n"_L1;
+
+// Framing of a fiscal receipt.
+constexpr QLatin1String clear = "CLEAR \r\n"_L1;
+constexpr QLatin1String registeringMode = "CHIAVE REG\r\n"_L1;
+constexpr QLatin1String closeFiscal = "CHIUS T=1\r\n"_L1;
+
+// Ends of the payment commands, whose amounts are in hundredths.
+constexpr QLatin1String cash = "H1T"_L1;
+constexpr QLatin1String cheque = "H2T"_L1;
+constexpr QLatin1String creditCard = "H3T"_L1;
+constexpr QLatin1String mealTicket = "H5T"_L1;
+
+inline QString sale(const QString& department, const QString& quantity, const QString& price,
+                    const QString& description)
+{
+    return "VEND REP="_L1 + department + ",QTY="_L1 + quantity + ",PREZZO="_L1 + price + ",DES='"_L1 + description
+        + lineSuffix;
+}
+
+/// A discount on the row before. @p amount is positive.
+inline QString discount(const QString& amount)
+{
+    return "SCONTO VAL="_L1 + amount + lineEnd;
+}
+
+inline QString rate(const QString& rate)
+{
+    return "PERCA ALIQ="_L1 + rate + lineEnd;
+}
+
+inline QString subtotalDiscount(const QString& percent)
+{
+    return QLatin1Char('=') + percent + "*2M"_L1 + lineEnd;
+}
+
+inline QString payment(const QString& hundredths, QLatin1String type)
+{
+    return hundredths + type + lineEnd;
+}
+
+} // namespace registercommands
+
+#endif
