@@ -1,0 +1,30 @@
+# To be sourced: what the scripts need of Debian 12, and its installation.
+
+# To build: compiler, build tools, the toolkit's core and XML, the translation compiler.
+BUILD_PACKAGES=(g++ cmake ninja-build qtbase5-dev qttools5-dev-tools)
+# To test as well: the definitions of the 8-bit locale that the tests build for themselves.
+TEST_PACKAGES=("${BUILD_PACKAGES[@]}" locales)
+# To measure as well: what the print program is measured against, and time(1) for the memory.
+BENCH_PACKAGES=("${BUILD_PACKAGES[@]}" xsltproc python3 time)
+
+# install_packages PACKAGE...: installs those that are missing, as root or through sudo.
+install_packages() {
+    local package missing=() as_root=()
+    for package in "$@"; do
+        [[ $(dpkg-query --show --showformat='${db:Status-Status}' "$package" 2>/dev/null) == installed ]] ||
+            missing+=("$package")
+    done
+    [[ ${#missing[@]} -gt 0 ]] || return 0
+
+    echo "Installing: ${missing[*]}" >&2
+    if [[ $EUID -ne 0 ]]; then
+        if ! command -v sudo >/dev/null; then
+            echo "These packages are missing, and there is no sudo to install them. As root: apt-get install ${missing[*]}" >&2
+            return 1
+        fi
+        as_root=(sudo)
+    fi
+    "${as_root[@]}" apt-get update --quiet >&2
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install --quiet --yes --no-install-recommends "${missing[@]}" >&2
+}
