@@ -1,0 +1,228 @@
+#include "driver/companyprinterdriver.h"
+#include "support/programrun.h"
+#include "support/settings.h"
+#include "toolkit/xmlreader.h"
+
+#include <QTextCodec>
+#include <QtTest>
+
+#include <sys/resource.h>
+
+/// Jobs that are wrong, hostile or in another encoding: the script holds what came before the fault.
+class TestBrokenJobs : public QObject {
+    Q_OBJECT
+
+private slots:
+    void job_data();
+    void job();
+    void unreadableJob_data();
+    void unreadableJob();
+    void everyPrefixOfAJob();
+    void memoryIsBounded();
+};
+
+static const QByteArray opened = "nofis apri\r\n";
+static const QByteArray closed = "nofis chiudi\r\n";
+
+static QByteArray printed(const QByteArray& serialNumber)
+{
+    return "nofis riga=' Serial Number: " + serialNumber + "'\r\n"
+        + "nofis riga='================================'\r\n";
+}
+
+static QByteArray receipt(const QByteArray& content)
+{
+    return "<job><method name='printFullOrderReceipt'/>" + content + "</job>";
+}
+
+static QByteArray nested(int depth)
+{
+    return QByteArray("<n>").repeated(depth) + QByteArray("</n>").repeated(depth);
+}
+
+/// With its byte-order mark.
+static QByteArray utf16(const QByteArray& text, const char* codec)
+{
+    return QTextCodec::codecForName(codec)->fromUnicode(QString::fromUtf8(text));
+}
+
+static QByteArray entityBomb()
+{
+    QByteArray type = "<!DOCTYPE job [<!ENTITY a0 'aaaaaaaaaa'>";
+    for (int i = 1; i < 10; ++i) {
+        const QByteArray reference = "&a" + QByteArray::number(i - 1) + ';';
+        type += "<!ENTITY a" + QByteArray::number(i) + " '" + reference.repeated(10) + "'>";
+    }
+    return type + "]>" + receipt("<receipt serialnumber='&a9;'/>");
+}
+
+/// A few bytes that stand for ten million characters, well within what the toolkit's reader allows.
+static QByteArray quietEntityBomb(const QByteArray& content)
+{
+    return "<!DOCTYPE job [<!ENTITY q '" + QByteArray(4000, 'q') + "'><!ENTITY r '" + QByteArray("&q;").repeated(2700)
+        + "'>]>" + receipt(content);
+}
+
+static QByteArray manyEntities()
+{
+    QByteArray type = "<!DOCTYPE job [";
+    for (int i = 0; i < 20000; ++i)
+        type += "<!ENTITY e" + QByteArray::number(i) + " 'v'>";
+    return type + "]>" + receipt("<receipt serialnumber='&e5;'/>");
+}
+
+void TestBrokenJobs::job_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QByteArray>("script");
+    QTest::addColumn<QByteArray>("output");
+
+    const QByteArray number = "<receipt serialnumber='7'/>";
+    const QByteArray accent = "<receipt serialnumber='\xc3\xa8'/>";
+    const QByteArray accentPrinted = opened + printed("\xc3\xa8") + closed;
+
+    QTest::newRow("empty") << QByteArray() << QByteArray() << QByteArray();
+    QTest::newRow("blank") << QByteArray(" \n ") << QByteArray() << QByteArray();
+    QTest::newRow("no XML at all") << QByteArray("nofis apri\r\n") << QByteArray() << QByteArray();
+    QTest::newRow("random bytes") << QByteArray("\x00\xff\xfe<\x80\x00>", 7) << QByteArray() << QByteArray();
+    QTest::newRow("a syntax error after a row")
+        << receipt(number + "<receipt serialnumber=8/>" + number) << opened + printed("7") << QByteArray();
+    QTest::newRow("end tags that do not match")
+        << receipt(number + "<a></b>" + number) << opened + printed("7") << QByteArray();
+    QTest::newRow("cut off in an element")
+        << receipt(number + "<receipt serialnu").chopped(6) << opened + printed("7") << QByteArray();
+    QTest::newRow("cut off before the root's end")
+        << receipt(number).chopped(6) << opened + printed("7") << QByteArray();
+    QTest::newRow("an undeclared entity stands for nothing")
+        << receipt("<receipt serialnumber='a&x;b'/>") << opened + printed("ab") + closed << QByteArray();
+
+    QTest::newRow("no method") << QByteArray("<job/>") << closed << QByteArray();
+    QTest::newRow("an unknown method") << QByteArray("<job><method name='printInvoice'/></job>") << QByteArray()
+                                       << QByteArray("File Format Not Supported\n");
+    QTest::newRow("a method without a name")
+        << QByteArray("<job><method/></job>") << QByteArray() << QByteArray("File Format Not Supported\n");
+    QTest::newRow("an unknown method after an accepted one")
+        << receipt(number + "<method name='x'/>" + number) << opened + printed("7")
+        << QByteArray("File Format Not Supported\n");
+
+    QTest::newRow("UTF-8 with a byte-order mark")
+        << "\xef\xbb\xbf" + receipt(accent) << accentPrinted << QByteArray();
+    QTest::newRow("UTF-16, little end first")
+        << utf16(receipt(accent), "UTF-16LE") << accentPrinted << QByteArray();
+    QTest::newRow("UTF-16, big end first")
+        << utf16(receipt(accent), "UTF-16BE") << accentPrinted << QByteArray();
+    QTest::newRow("ISO-8859-1") << "<?xml version='1.0' encoding='ISO-8859-1'?>"
+            + receipt("<receipt serialnumber='\xe8'/>")
+                                << accentPrinted << QByteArray();
+    QTest::newRow("an entity of the job's own")
+        << "<!DOCTYPE job [<!ENTITY e '\xc3\xa8'>]>" + receipt("<receipt serialnumber='&e;'/>") << accentPrinted
+        << QByteArray();
+    QTest::newRow("a name space declaration is no header line")
+        << QByteArray("<job><method name='printFullOrderReceipt'/><company xmlns='u' xmlns:p='v' p:line='x'/></job>")
+        << opened + closed << QByteArray();
+
+    QTest::newRow("an entity bomb") << entityBomb() << QByteArray() << QByteArray();
+    QTest::newRow("an entity bomb within the toolkit's own limits, in attributes")
+        << quietEntityBomb(QByteArray("<receipt serialnumber='&r;'/>").repeated(200)) << QByteArray() << QByteArray();
+    QTest::newRow("an entity bomb within the toolkit's own limits, in text")
+        << quietEntityBomb(QByteArray("&r;").repeated(200)) << QByteArray() << QByteArray();
+    QTest::newRow("20,000 entities") << manyEntities() << QByteArray() << QByteArray();
+    QTest::newRow("200,000 parentheses in the document type")
+        << "<!DOCTYPE job [<!ELEMENT job " + QByteArray(200000, '(') + 'b' + QByteArray(200000, ')') + ">]>"
+            + receipt(number)
+        << QByteArray() << QByteArray();
+    QTest::newRow("nested just within bounds") // the root is the first level
+        << receipt(number + nested(999)) << opened + printed("7") + closed << QByteArray();
+    QTest::newRow("nested one too deep")
+        << receipt(number + nested(1000) + number) << opened + printed("7") << QByteArray();
+    QTest::newRow("nested 100,000 deep")
+        << receipt(number + nested(100000) + number) << opened + printed("7") << QByteArray();
+    QTest::newRow("an attribute of 10 MB") << receipt("<receipt serialnumber='" + QByteArray(10000000, 'y') + "'/>")
+                                           << opened + printed(QByteArray(10000000, 'y')) + closed << QByteArray();
+}
+
+void TestBrokenJobs::job()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QByteArray, script);
+    QFETCH(QByteArray, output);
+
+    ProgramRun run;
+    run.setSettings("zelmora: { };");
+    // Not QCOMPARE: it would show ten megabytes.
+    QVERIFY(run.print(bytes) == script);
+    QCOMPARE(run.standardOutput, output);
+    QCOMPARE(run.standardError, QByteArray());
+    QCOMPARE(run.exitStatus, 0);
+}
+
+void TestBrokenJobs::unreadableJob_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::newRow("missing") << "missing.xml";
+    QTest::newRow("a folder") << "home";
+    QTest::newRow("opens, but can't be read") << "/proc/self/mem";
+}
+
+void TestBrokenJobs::unreadableJob()
+{
+    QFETCH(QString, path);
+    ProgramRun run;
+    run.setSettings("zelmora: { };");
+    run.start({path, "script.txt"});
+
+    QVERIFY(QFile::exists(run.path("script.txt")));
+    QCOMPARE(fileContents(run.path("script.txt")), QByteArray());
+    QCOMPARE(run.standardOutput + run.standardError, QByteArray());
+    QCOMPARE(run.exitStatus, 0);
+}
+
+void TestBrokenJobs::everyPrefixOfAJob()
+{
+    const QTemporaryDir folder;
+    const auto print = [&](const QByteArray& bytes) {
+        QFile job(folder.filePath("job.xml"));
+        if (!job.open(QIODevice::ReadWrite | QIODevice::Truncate) || job.write(bytes) != bytes.size()
+            || !job.seek(0))
+            qFatal("The job can't be written.");
+        CompanyPrinterDriver driver(folder.filePath("script.txt"));
+        toolkit::readXml(job, driver);
+    };
+    useSettings(fileContents(ZELMORA_EXAMPLES "/home/.zelmora/conf/zelmora.conf"));
+    const QByteArray whole = fileContents(ZELMORA_EXAMPLES "/receipt.xml");
+    print(whole);
+    const QByteArray script = fileContents(folder.filePath("script.txt"));
+    QVERIFY(script.endsWith(closed));
+
+    const int rootEnd = whole.lastIndexOf('>') + 1;
+    for (int length = 0; length < rootEnd; ++length) {
+        print(whole.left(length));
+        const QByteArray part = fileContents(folder.filePath("script.txt"));
+        QVERIFY2(script.startsWith(part) && (part.isEmpty() || part.endsWith("\r\n")) && part != script,
+                 qPrintable(QString("prefix of %1 bytes").arg(length)));
+    }
+}
+
+void TestBrokenJobs::memoryIsBounded()
+{
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    QSKIP("The sanitizers' own memory would be measured.");
+#endif
+    ProgramRun run;
+    run.setSettings("zelmora: { };");
+    run.print(receipt("<receipt serialnumber='" + QByteArray(10000000, 'y') + "'/>"));
+    QCOMPARE(run.exitStatus, 0);
+    // A full disk: the script that it does not take, 80 MB, is not kept in memory either.
+    run.start({run.writeFile("job.xml", receipt(QByteArray("<receipt serialnumber='7'/>").repeated(1000000))),
+               "/dev/full"});
+    QCOMPARE(run.standardOutput + run.standardError, QByteArray());
+    QCOMPARE(run.exitStatus, 0);
+
+    // The peak of all runs so far: the long attribute as UTF-16 in a handful of copies.
+    rusage usage {};
+    QCOMPARE(getrusage(RUSAGE_CHILDREN, &usage), 0);
+    QVERIFY2(usage.ru_maxrss < 120 * 1024, qPrintable(QString("%1 KiB").arg(usage.ru_maxrss)));
+}
+
+QTEST_GUILESS_MAIN(TestBrokenJobs)
+#include "tst_brokenjobs.moc"

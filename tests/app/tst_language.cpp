@@ -1,0 +1,107 @@
+#include "support/programrun.h"
+
+#include <QtTest>
+
+/// The catalogue that the settings name, and the encoding that the locale names.
+class TestLanguage : public QObject {
+    Q_OBJECT
+
+private slots:
+    void catalogue_data();
+    void catalogue();
+    void encoding_data();
+    void encoding();
+    void pathInAMessageIsInTheLocalesEncoding();
+};
+
+static QByteArray printedNumber(const QByteArray& label)
+{
+    return "nofis apri\r\nnofis riga=' " + label
+        + "7'\r\nnofis riga='================================'\r\nnofis chiudi\r\n";
+}
+
+void TestLanguage::catalogue_data()
+{
+    QTest::addColumn<QString>("placedAt"); // the Italian catalogue, in the folder that the program runs in
+    QTest::addColumn<QByteArray>("directory"); // "FOLDER" is that folder
+    QTest::addColumn<QByteArray>("file");
+    QTest::addColumn<QString>("locale");
+    QTest::addColumn<bool>("italian");
+
+    QTest::newRow("no settings") << "it.qm" << QByteArray() << QByteArray() << "C" << false;
+    QTest::newRow("directory and file") << "x/it.qm" << QByteArray("FOLDER/x/") << QByteArray("it.qm") << "C" << true;
+    QTest::newRow("no separator is added") << "xit.qm" << QByteArray("FOLDER/x") << QByteArray("it.qm") << "C" << true;
+    QTest::newRow("a missing separator is not guessed")
+        << "x/it.qm" << QByteArray("FOLDER/x") << QByteArray("it.qm") << "C" << false;
+    QTest::newRow("relative to the working folder") << "it.qm" << QByteArray() << QByteArray("it.qm") << "C" << true;
+    QTest::newRow("a missing file") << "it.qm" << QByteArray("FOLDER/") << QByteArray("de.qm") << "C" << false;
+    QTest::newRow("by the locale") << "x/zelmora_it_IT.qm" << QByteArray("FOLDER/x") << QByteArray("/") << "it_IT.UTF-8"
+                                   << true;
+    QTest::newRow("by the locale's language alone")
+        << "x/zelmora_it.qm" << QByteArray("FOLDER/x") << QByteArray("/") << "it_IT.UTF-8" << true;
+    QTest::newRow("by the locale, relative") << "x/zelmora_it.qm" << QByteArray("x") << QByteArray("/") << "it_IT.UTF-8"
+                                             << true;
+    QTest::newRow("by another locale") << "x/zelmora_it.qm" << QByteArray("FOLDER/x") << QByteArray("/") << "de_DE.UTF-8"
+                                       << false;
+    QTest::newRow("the C locale has a name too")
+        << "x/zelmora_C.qm" << QByteArray("FOLDER/x") << QByteArray("/") << "C" << true;
+}
+
+void TestLanguage::catalogue()
+{
+    QFETCH(QString, placedAt);
+    QFETCH(QByteArray, directory);
+    QFETCH(QByteArray, file);
+    QFETCH(QString, locale);
+    QFETCH(bool, italian);
+
+    ProgramRun run;
+    const QString folder = QFileInfo(run.path("x")).path();
+    QVERIFY(QDir(folder).mkpath("x"));
+    QVERIFY(QFile::copy(ZELMORA_CATALOGUE, folder + '/' + placedAt));
+    run.setSettings("zelmora: { language: { basedir = " + directory.replace("FOLDER", folder.toUtf8())
+                    + "; file = " + file + "; }; };");
+    run.setEnvironment("LC_ALL", locale);
+
+    QCOMPARE(run.print("<job><method name='printFullOrderReceipt'/><receipt serialnumber='7'/></job>"),
+             printedNumber(italian ? "Numero progressivo: " : "Serial Number: "));
+    QCOMPARE(run.standardOutput + run.standardError, QByteArray());
+}
+
+void TestLanguage::encoding_data()
+{
+    QTest::addColumn<QString>("locale");
+    QTest::addColumn<QByteArray>("printed"); // of: e with grave accent, euro, a Chinese character, a pizza
+    const QByteArray utf8 = "\xc3\xa8|\xe2\x82\xac|\xe6\xbc\xa2|\xf0\x9f\x8d\x95";
+    QTest::newRow("C") << "C" << utf8;
+    QTest::newRow("POSIX") << "POSIX" << utf8;
+    QTest::newRow("UTF-8") << "C.UTF-8" << utf8;
+    QTest::newRow("a locale that is not installed") << "xx_YY.ISO-8859-1" << utf8;
+    QTest::newRow("ISO-8859-15") << "it_IT.ISO-8859-15" << QByteArray("\xe8|\xa4|?|?");
+}
+
+void TestLanguage::encoding()
+{
+    QFETCH(QString, locale);
+    QFETCH(QByteArray, printed);
+
+    ProgramRun run;
+    run.setSettings("zelmora: { fiscaldoc: { }; };");
+    run.setEnvironment("LC_ALL", locale);
+    QCOMPARE(run.print("<job><method name='printAbstractOrderFiscal'/>"
+                       "<receipe_type name='\xc3\xa8|\xe2\x82\xac|\xe6\xbc\xa2|\xf0\x9f\x8d\x95'/></job>"),
+             "CLEAR \r\nCHIAVE REG\r\nVEND REP=,QTY=1,PREZZO=,DES='" + printed + "'\r\nCHIUS T=1\r\n");
+    QCOMPARE(run.standardOutput + run.standardError, QByteArray());
+}
+
+void TestLanguage::pathInAMessageIsInTheLocalesEncoding()
+{
+    ProgramRun run;
+    run.setEnvironment("LC_ALL", "it_IT.ISO-8859-15");
+    run.startShell("HOME=\"$(printf '/caff\\350')\" \"$program\" job.xml script.txt");
+    QCOMPARE(run.standardOutput,
+             QByteArray("Error in the method FileReader::open( /caff\xe8/.zelmora/conf/zelmora.conf ): File Not Found\n"));
+}
+
+QTEST_GUILESS_MAIN(TestLanguage)
+#include "tst_language.moc"

@@ -1,0 +1,203 @@
+#include "support/job.h"
+
+#include <QtTest>
+
+namespace {
+
+/// Elements of which no fiscal receipt takes notice.
+const Job otherElements = elementsNamed({"printers", "geometry", "headers", "logo", "company", "receipt",
+                                         "invoice", "delivery", "orderinfo", "customer", "variant",
+                                         "otherreceipe", "totals", "Total", "notPaid", "Receipe"})
+    + Job {{"orderinfo", {{"credit", "5.00"}}}, {"totals", {{"cash", "5.00"}}}};
+
+const QByteArray allFlags = "printGeometry = true; topMargin = 2; printHeader = true; printCompany = true;"
+                            " printCustomer = true; printTable = true; printCredit = true;";
+
+/// A device of seven characters.
+class NarrowDriver : public RecordingDriver {
+public:
+    int getPaperWidth() override { return 7; }
+};
+
+} // namespace
+
+/// Fiscal receipts: what reaches the device's fiscal operations.
+class TestFiscalDocuments : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void fullReceipt_data();
+    void fullReceipt();
+    void summaryReceipt_data();
+    void summaryReceipt();
+    void descriptionWidth_data();
+    void descriptionWidth();
+    void hugeDescriptionWidth();
+    void descriptionWidthIsTheDevicesOwn();
+    void descriptionWidthIsReadAfreshForEachElement();
+    void otherElementsDoNothing_data();
+    void otherElementsDoNothing();
+};
+
+void TestFiscalDocuments::init()
+{
+    useSettings(documentSettings("fiscaldoc", allFlags));
+}
+
+void TestFiscalDocuments::fullReceipt_data()
+{
+    addJobColumns();
+
+    addJob("a dish",
+           {{"receipe", {{"price", "3,50"}, {"name", "PIZZA"}, {"number", "2"}, {"department", "1"}}}},
+           {R"(printRowFiscal("1", "2", "PIZZA", "3,50"))"});
+    addJob("dishes in the job's order, and the total after them",
+           {{"receipe", {{"name", "PIZZA"}, {"number", "2"}, {"department", "1"}, {"price", "3.50"}}},
+            {"receipe", {{"name", "SCONTO"}, {"number", "1"}, {"department", "2"}, {"price", "-1.00"}}},
+            {"total", {{"price", "6.00"}}}},
+           {R"(printRowFiscal("1", "2", "PIZZA", "3.50"))", R"(printRowFiscal("2", "1", "SCONTO", "-1.00"))",
+            R"(printRowFiscal("total", price="6.00"))"});
+    addJob("no attributes: empty texts", {{"receipe", {}}}, {R"(printRowFiscal("", "", "", ""))"});
+    addJob("the quantity is the attribute number, the price not the total",
+           {{"receipe", {{"quantity", "9"}, {"totalPrice", "9"}, {"total", "9"}}}},
+           {R"(printRowFiscal("", "", "", ""))"});
+    addJob("a dish whose name begins with = is sold", {{"receipe", {{"name", "=PIZZA"}}}},
+           {R"(printRowFiscal("", "", "=PIZZA", ""))"});
+    addJob("texts are passed on as they stand",
+           {{"receipe", {{"name", " L'È "}, {"number", "abc"}, {"department", " "}, {"price", "1.138,81"}}}},
+           {R"(printRowFiscal(" ", "abc", " L'È ", "1.138,81"))"});
+    addJob("the total is passed on with all its attributes in their order",
+           {{"total", {{"ticket", "5"}, {"cash", "20,00"}, {"other", "x"}, {"discountRate", ""}}}},
+           {R"(printRowFiscal("total", ticket="5", cash="20,00", other="x", discountRate=""))"});
+    addJob("a total without attributes", {{"total", {}}}, {R"(printRowFiscal("total"))"});
+    addJob("a dish type is not for this receipt", {{"receipe_type", {{"name", "PRIMI"}, {"price", "24.00"}}}},
+           {});
+}
+
+void TestFiscalDocuments::fullReceipt()
+{
+    QFETCH(Job, job);
+    QFETCH(QStringList, calls);
+    RecordingDriver driver;
+    QCOMPARE(callsOf(driver, "printFullOrderFiscal", job), calls);
+}
+
+void TestFiscalDocuments::summaryReceipt_data()
+{
+    addJobColumns();
+
+    addJob("a type is sold as one unit, whatever its number",
+           {{"receipe_type", {{"price", "24,00"}, {"name", "PRIMI"}, {"number", "5"}, {"department", "1"}}}},
+           {R"(printRowFiscal("1", "1", "PRIMI", "24,00"))"});
+    addJob("no attributes: empty texts and one unit", {{"receipe_type", {}}},
+           {R"(printRowFiscal("", "1", "", ""))"});
+    addJob("a name is never cut",
+           {{"receipe_type", {{"name", "PRIMI PIATTI, ASCIUTTI E IN BRODO, E RISOTTI"}}}},
+           {R"(printRowFiscal("", "1", "PRIMI PIATTI, ASCIUTTI E IN BRODO, E RISOTTI", ""))"});
+    addJob("the total is passed on with all its attributes in their order",
+           {{"total", {{"ticket", "5"}, {"cash", "20,00"}}}},
+           {R"(printRowFiscal("total", ticket="5", cash="20,00"))"});
+    addJob("a dish is not for this receipt", {{"receipe", {{"name", "PIZZA"}, {"price", "3.50"}}}}, {});
+}
+
+void TestFiscalDocuments::summaryReceipt()
+{
+    QFETCH(Job, job);
+    QFETCH(QStringList, calls);
+    useSettings(documentSettings("fiscaldoc", "descriptionWidth = 4;"));
+    RecordingDriver driver;
+    QCOMPARE(callsOf(driver, "printAbstractOrderFiscal", job), calls);
+}
+
+void TestFiscalDocuments::descriptionWidth_data()
+{
+    QTest::addColumn<QByteArray>("settings");
+    QTest::addColumn<QString>("description");
+
+    const QString name = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
+    const QString deviceWide = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123";
+    QTest::newRow("four") << QByteArray("descriptionWidth = 4;") << "ABCD";
+    QTest::newRow("one") << QByteArray("descriptionWidth = 1;") << "A";
+    QTest::newRow("blanks around the number") << QByteArray("descriptionWidth = \" 4 \";") << "ABCD";
+    QTest::newRow("one less than the name") << QByteArray("descriptionWidth = 35;") << name.left(35);
+    QTest::newRow("just as wide as the name") << QByteArray("descriptionWidth = 36;") << name;
+    QTest::newRow("wider: not padded") << QByteArray("descriptionWidth = 50;") << name;
+    QTest::newRow("absent: the device's width") << QByteArray() << deviceWide;
+    QTest::newRow("empty: the device's width") << QByteArray("descriptionWidth = ;") << deviceWide;
+    QTest::newRow("zero: the device's width") << QByteArray("descriptionWidth = 0;") << deviceWide;
+    QTest::newRow("a word: the device's width") << QByteArray("descriptionWidth = abc;") << deviceWide;
+    QTest::newRow("a number and a word: the device's width")
+        << QByteArray("descriptionWidth = 4 mm;") << deviceWide;
+    QTest::newRow("beyond 32 bits: the device's width")
+        << QByteArray("descriptionWidth = 2147483648;") << deviceWide;
+    QTest::newRow("the paper width plays no part") << QByteArray("paperWidth = 5;") << deviceWide;
+    QTest::newRow("negative: nothing is cut") << QByteArray("descriptionWidth = -3;") << name;
+    QTest::newRow("another document's setting plays no part")
+        << QByteArray("}; receiptdoc: { descriptionWidth = 4;") << deviceWide;
+}
+
+void TestFiscalDocuments::descriptionWidth()
+{
+    QFETCH(QByteArray, settings);
+    QFETCH(QString, description);
+    useSettings(documentSettings("fiscaldoc", settings));
+    RecordingDriver driver;
+
+    const Job job {{"receipe", {{"name", "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789"}}}};
+    QCOMPARE(callsOf(driver, "printFullOrderFiscal", job),
+             QStringList {QString(R"(printRowFiscal("", "", "%1", ""))").arg(description)});
+}
+
+void TestFiscalDocuments::hugeDescriptionWidth()
+{
+    useSettings(documentSettings("fiscaldoc", "descriptionWidth = 99999;"));
+    RecordingDriver driver;
+
+    const QByteArray name(10001, 'X');
+    QCOMPARE(callsOf(driver, "printFullOrderFiscal", {{"receipe", {{"name", name.constData()}}}}),
+             QStringList {QString(R"(printRowFiscal("", "", "%1", ""))").arg(QString(10000, 'X'))});
+}
+
+void TestFiscalDocuments::descriptionWidthIsTheDevicesOwn()
+{
+    NarrowDriver driver;
+
+    QCOMPARE(callsOf(driver, "printFullOrderFiscal", {{"receipe", {{"name", "ABCDEFGHIJ"}}}}),
+             QStringList {R"(printRowFiscal("", "", "ABCDEFG", ""))"});
+}
+
+void TestFiscalDocuments::descriptionWidthIsReadAfreshForEachElement()
+{
+    useSettings(documentSettings("fiscaldoc", "descriptionWidth = 4;"));
+    RecordingDriver driver;
+    const Job job {{"receipe", {{"name", "ABCDEFGHIJ"}}}};
+    QCOMPARE(callsOf(driver, "printFullOrderFiscal", job),
+             QStringList {R"(printRowFiscal("", "", "ABCD", ""))"});
+
+    useSettings(documentSettings("fiscaldoc", "descriptionWidth = 6;"));
+    deliver(driver, job);
+    QCOMPARE(driver.takeCalls(), QStringList {R"(printRowFiscal("", "", "ABCDEF", ""))"});
+}
+
+void TestFiscalDocuments::otherElementsDoNothing_data()
+{
+    QTest::addColumn<QString>("method");
+
+    QTest::newRow("full receipt") << "printFullOrderFiscal";
+    QTest::newRow("summary receipt") << "printAbstractOrderFiscal";
+}
+
+void TestFiscalDocuments::otherElementsDoNothing()
+{
+    QFETCH(QString, method);
+    RecordingDriver driver;
+
+    QCOMPARE(callsOf(driver, method, otherElements), QStringList());
+    QCOMPARE(driver.printerName, QString());
+    QCOMPARE(driver.credit, QString());
+}
+
+QTEST_GUILESS_MAIN(TestFiscalDocuments)
+#include "tst_fiscaldocuments.moc"

@@ -1,0 +1,159 @@
+#include "support/job.h"
+#include "support/markedtexts.h"
+
+#include <QtTest>
+
+/// The customer's bill, dish by dish and by dish type.
+class TestReceipts : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void fullReceipt_data();
+    void fullReceipt();
+    void summaryReceipt_data();
+    void summaryReceipt();
+    void noTitlesAfterOneTime();
+    void labelsOfTheFullReceiptAreTranslated();
+    void labelsOfTheSummaryReceiptAreTranslatedButOne();
+};
+
+void TestReceipts::init()
+{
+    useSettings(documentSettings("receiptdoc", "printCustomer = true; printTable = true;"));
+}
+
+void TestReceipts::fullReceipt_data()
+{
+    addJobColumns();
+
+    const QString titles = R"(println("Num Description     Price Amount"))";
+    const Element dish {"receipe",
+                        {{"name", "PIZZA"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}};
+    const QString row = R"(println("  2 x PIZZA..........3.50   7.00"))";
+    addJob("a dish, after the titles", {dish}, {"setBold()", titles, "setCharSize()", row});
+    addJob("titles come once", {dish, dish}, {"setBold()", titles, "setCharSize()", row, row});
+    addJob("a dish whose name begins with = is printed",
+           {{"receipe", {{"name", "=PIZZA"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}}},
+           {"setBold()", titles, "setCharSize()", R"(println("  2 x =PIZZA.........3.50   7.00"))"});
+    addJob("no attributes: dots alone", {{"receipe", {}}},
+           {"setBold()", titles, "setCharSize()", R"(println("    x ...................       "))"});
+    addJob("a name just as wide as its column is whole",
+           {{"receipe",
+             {{"name", "ABCDEFGHIJKLM"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}}},
+           {"setBold()", titles, "setCharSize()", R"(println("  2 x ABCDEFGHIJKLM..3.50   7.00"))"});
+    addJob("a name one wider loses its last character",
+           {{"receipe",
+             {{"name", "ABCDEFGHIJKLMN"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}}},
+           {"setBold()", titles, "setCharSize()", R"(println("  2 x ABCDEFGHIJKLM..3.50   7.00"))"});
+    addJob("amounts are printed as they stand",
+           {{"receipe", {{"name", "PIZZA"}, {"number", "2,5"}, {"price", "-1,5"}, {"totalPrice", "abc"}}}},
+           {"setBold()", titles, "setCharSize()", R"(println("2,5 x PIZZA..........-1,5    abc"))"});
+    addJob("the total, without bold or size", {{"total", {{"price", "12.50"}}}},
+           {R"(println(""))", R"(println("    TOTAL................  12.50"))"});
+    addJob("the total is the attribute price alone", {{"total", {{"total", "12.50"}}}},
+           {R"(println(""))", R"(println("    TOTAL................       "))"});
+    addJob("what is not paid, neither justified nor cut", {{"notPaid", {{"price", "5.00"}}}},
+           {R"(println(""))", R"(println("    Amount not paid: 5.00"))"});
+    addJob("what is not paid is the attribute price alone", {{"notPaid", {{"total", "5.00"}}}},
+           {R"(println(""))", R"(println("    Amount not paid: "))"});
+    addJob("what is not paid may be longer than the paper",
+           {{"notPaid", {{"price", "12345678901234567890"}}}},
+           {R"(println(""))", R"(println("    Amount not paid: 12345678901234567890"))"});
+    addJob("the customer block", {{"customer", {{"name", "Rossi"}}}},
+           {R"(println("CUSTOMER"))", R"(println(1, "Rossi"))", separator()});
+    addJob("the receipt's number is a section", {{"receipt", {{"serialnumber", "7"}}}},
+           {R"(println(1, "Serial Number: 7"))", separator()});
+    addJob("other elements are ignored",
+           elementsNamed({"variant", "otherreceipe", "receipe_type", "totals", "notpaid", "Total", "order"}),
+           {});
+}
+
+void TestReceipts::fullReceipt()
+{
+    checkJob("printFullOrderReceipt");
+}
+
+void TestReceipts::summaryReceipt_data()
+{
+    addJobColumns();
+
+    const QString titles = R"(println("Num Description            Price"))";
+    const Element type {"receipe_type", {{"price", "24.00"}, {"name", "PRIMI"}, {"number", "3"}}};
+    const QString row = R"(println("  3 x PRIMI..............  24.00"))";
+    addJob("a type, after the titles", {type}, {"setBold()", titles, "setCharSize()", row});
+    addJob("titles come once", {type, type}, {"setBold()", titles, "setCharSize()", row, row});
+    addJob("the amount is the attribute price alone",
+           {{"receipe_type", {{"totalPrice", "24.00"}, {"name", "PRIMI"}, {"number", "3"}}}},
+           {"setBold()", titles, "setCharSize()", R"(println("  3 x PRIMI..............       "))"});
+    addJob("no attributes: dots alone", {{"receipe_type", {}}},
+           {"setBold()", titles, "setCharSize()", R"(println("    x ...................       "))"});
+    addJob("a name one wider than its column loses its last character",
+           {{"receipe_type", {{"price", "24.00"}, {"name", "ABCDEFGHIJKLMN"}, {"number", "3"}}}},
+           {"setBold()", titles, "setCharSize()", R"(println("  3 x ABCDEFGHIJKLM......  24.00"))"});
+    addJob("the total, without bold or size", {{"total", {{"price", "12.50"}}}},
+           {R"(println(""))", R"(println("    TOTAL................  12.50"))"});
+    addJob("the total is the attribute price alone", {{"total", {{"total", "12.50"}}}},
+           {R"(println(""))", R"(println("    TOTAL................       "))"});
+    addJob("what is not paid", {{"notPaid", {{"price", "5.00"}}}},
+           {R"(println(""))", R"(println("   Corrispettivo non pagato: 5.00"))"});
+    addJob("what is not paid, without a price", {{"notPaid", {}}},
+           {R"(println(""))", R"(println("   Corrispettivo non pagato: "))"});
+    addJob("no customer block", {{"customer", {{"name", "Rossi"}}}}, {});
+    addJob("the order information", {{"orderinfo", {{"table", "12"}}}},
+           {"setCharSize()", R"(print(1, "Table:"))", R"(println(1, "12"))", separator()});
+    addJob("other elements are ignored",
+           elementsNamed({"variant", "receipe", "totals", "notpaid", "receipe_types", "order"}), {});
+}
+
+void TestReceipts::summaryReceipt()
+{
+    checkJob("printAbstractOrderReceipt");
+}
+
+void TestReceipts::noTitlesAfterOneTime()
+{
+    RecordingDriver full;
+    full.oneTime();
+    QCOMPARE(callsOf(full, "printFullOrderReceipt", {{"receipe", {{"name", "PIZZA"}, {"number", "2"}}}}),
+             QStringList {R"(println("  2 x PIZZA..............       "))"});
+
+    RecordingDriver summary;
+    summary.oneTime();
+    QCOMPARE(callsOf(summary, "printAbstractOrderReceipt",
+                     {{"receipe_type", {{"name", "PRIMI"}, {"number", "2"}}}}),
+             QStringList {R"(println("  2 x PRIMI..............       "))"});
+}
+
+void TestReceipts::labelsOfTheFullReceiptAreTranslated()
+{
+    const MarkedTexts marked;
+    RecordingDriver driver;
+
+    const Job job {
+        {"receipe", {{"name", "TOTAL"}, {"number", "2"}}}, {"total", {}}, {"notPaid", {{"price", "Num"}}}};
+    const QStringList expected {"setBold()",      R"(println("<Num> <Description>  <Price><Amount>"))",
+                                "setCharSize()",  R"(println("  2 x TOTAL..............       "))",
+                                R"(println(""))", R"(println("    <TOTAL>..............       "))",
+                                R"(println(""))", R"(println("<    Amount not paid: >Num"))"};
+    QCOMPARE(callsOf(driver, "printFullOrderReceipt", job), expected);
+}
+
+void TestReceipts::labelsOfTheSummaryReceiptAreTranslatedButOne()
+{
+    const MarkedTexts marked;
+    RecordingDriver driver;
+
+    const Job job {{"receipe_type", {{"name", "TOTAL"}, {"number", "2"}}},
+                   {"total", {}},
+                   {"notPaid", {{"price", "Num"}}}};
+    const QStringList expected {"setBold()",      R"(println("<Num> <Description>        <Price>"))",
+                                "setCharSize()",  R"(println("  2 x TOTAL..............       "))",
+                                R"(println(""))", R"(println("    <TOTAL>..............       "))",
+                                R"(println(""))", R"(println("   Corrispettivo non pagato: Num"))"};
+    QCOMPARE(callsOf(driver, "printAbstractOrderReceipt", job), expected);
+}
+
+QTEST_GUILESS_MAIN(TestReceipts)
+#include "tst_receipts.moc"

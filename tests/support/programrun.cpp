@@ -1,0 +1,108 @@
+#include "support/programrun.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+
+namespace {
+
+void writeWhole(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("%s can't be written.", qPrintable(path));
+}
+
+} // namespace
+
+ProgramRun::ProgramRun()
+    : workingFolder(folder.path())
+{
+    if (!folder.isValid() || !QDir(folder.path()).mkpath(QStringLiteral("home/.zelmora/conf")))
+        qFatal("The scratch folder can't be made.");
+    environment.insert(QStringLiteral("HOME"), path("home"));
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
+    // What the sanitizers are told, and where the test locales are, holds for the program too.
+    const QProcessEnvironment ours = QProcessEnvironment::systemEnvironment();
+    for (const char* name : {"ASAN_OPTIONS", "UBSAN_OPTIONS", "TSAN_OPTIONS", "LSAN_OPTIONS", "LOCPATH"}) {
+        const QString key = QString::fromLatin1(name);
+        if (ours.contains(key))
+            environment.insert(key, ours.value(key));
+    }
+}
+
+void ProgramRun::setSettings(const QByteArray& text)
+{
+    writeFile("home/.zelmora/conf/zelmora.conf", text);
+}
+
+void ProgramRun::setEnvironment(const char* name, const QString& value)
+{
+    environment.insert(QString::fromLatin1(name), value);
+}
+
+void ProgramRun::setWorkingFolder(const QString& path)
+{
+    workingFolder = path;
+}
+
+QString ProgramRun::path(const char* name) const
+{
+    return folder.filePath(QString::fromUtf8(name));
+}
+
+QString ProgramRun::writeFile(const char* name, const QByteArray& bytes) const
+{
+    writeWhole(path(name), bytes);
+    return path(name);
+}
+
+void ProgramRun::start(const QStringList& arguments)
+{
+    run(QStringLiteral(ZELMORA_PRINT_PROGRAM), arguments);
+}
+
+void ProgramRun::startShell(const QByteArray& commands)
+{
+    setEnvironment("program", QStringLiteral(ZELMORA_PRINT_PROGRAM));
+    run(QStringLiteral("/bin/sh"), {writeFile("commands.sh", commands)});
+}
+
+void ProgramRun::run(const QString& command, const QStringList& arguments)
+{
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.setWorkingDirectory(workingFolder);
+    process.start(command, arguments);
+    ended = process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit;
+    exitStatus = ended ? process.exitCode() : -1;
+    standardOutput = process.readAllStandardOutput();
+    standardError = process.readAllStandardError();
+}
+
+QByteArray ProgramRun::print(const QByteArray& job)
+{
+    start({writeFile("job.xml", job), path("script.txt")});
+    return fileContents(path("script.txt"));
+}
+
+QByteArray fileContents(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QByteArray difference(const QByteArray& expected, const QByteArray& actual)
+{
+    if (expected == actual)
+        return QByteArray();
+    const QTemporaryDir folder;
+    const QString expectedPath = folder.filePath(QStringLiteral("expected"));
+    const QString actualPath = folder.filePath(QStringLiteral("actual"));
+    writeWhole(expectedPath, expected);
+    writeWhole(actualPath, actual);
+    QProcess diff;
+    diff.start(QStringLiteral("diff"), {QStringLiteral("-u"), expectedPath, actualPath});
+    diff.waitForFinished();
+    return "The bytes differ:\n" + diff.readAllStandardOutput();
+}

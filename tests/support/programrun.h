@@ -1,0 +1,50 @@
+#ifndef ZELMORA_TESTS_SUPPORT_PROGRAMRUN_H
+#define ZELMORA_TESTS_SUPPORT_PROGRAMRUN_H
+
+#include <QByteArray>
+#include <QProcessEnvironment>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+/// Runs the real print program with a home directory, a locale and a working folder of its own.
+class ProgramRun {
+public:
+    /// A home without settings, in the C locale, working in its scratch folder.
+    ProgramRun();
+
+    void setSettings(const QByteArray& text); ///< the settings file in the run's home
+    void setEnvironment(const char* name, const QString& value);
+    void setWorkingFolder(const QString& path);
+
+    QString path(const char* name) const; ///< a file in the scratch folder
+    /// Writes @p bytes to a file in the scratch folder and returns its path.
+    QString writeFile(const char* name, const QByteArray& bytes) const;
+
+    /// Runs the program; a run of more than a minute counts as hung.
+    void start(const QStringList& arguments);
+    /// Runs shell commands in the scratch folder, in which "$program" is the program: for what only a shell can
+    /// do, such as closed streams, pipes and file names that are no text.
+    void startShell(const QByteArray& commands);
+    /// Prints @p job to the file "script.txt" in the scratch folder and returns what that holds.
+    QByteArray print(const QByteArray& job);
+
+    QByteArray standardOutput;
+    QByteArray standardError;
+    bool ended = false; ///< by itself, not by a signal or as hung
+    int exitStatus = -1;
+
+private:
+    void run(const QString& command, const QStringList& arguments);
+
+    QTemporaryDir folder;
+    QProcessEnvironment environment;
+    QString workingFolder;
+};
+
+QByteArray fileContents(const QString& path);
+
+/// Empty when both are the same; else what `diff -u` says of them.
+QByteArray difference(const QByteArray& expected, const QByteArray& actual);
+
+#endif

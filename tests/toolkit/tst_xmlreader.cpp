@@ -1,0 +1,620 @@
+#include "toolkit/xmlreader.h"
+
+#include <QTemporaryDir>
+#include <QTextCodec>
+#include <QXmlDefaultHandler>
+#include <QXmlInputSource>
+#include <QXmlSimpleReader>
+#include <QtTest>
+
+namespace {
+
+/// Keeps a line for each event, such as `start row [id=1] [text=Pizza]`, and answers false to one of them.
+class EventLog : public QXmlDefaultHandler {
+public:
+    explicit EventLog(const QString& refused = QString())
+        : refused(refused)
+    {
+    }
+
+    bool startDocument() override { return add("startDocument"); }
+    bool endDocument() override { return add("endDocument"); }
+
+    bool startElement(const QString&, const QString&, const QString& qName,
+                      const QXmlAttributes& atts) override
+    {
+        QString event = "start " + qName;
+        for (int i = 0; i < atts.count(); ++i)
+            event += " [" + atts.qName(i) + '=' + atts.value(i) + ']';
+        return add(event);
+    }
+
+    bool endElement(const QString&, const QString&, const QString& qName) override
+    {
+        return add("end " + qName);
+    }
+
+    bool characters(const QString& text) override { return add("text " + text); }
+    bool ignorableWhitespace(const QString& text) override { return add("white space " + text); }
+    bool processingInstruction(const QString& target, const QString&) override { return add("pi " + target); }
+    bool skippedEntity(const QString& name) override { return add("skipped entity " + name); }
+
+    QStringList events;
+
+private:
+    bool add(const QString& event)
+    {
+        events += event;
+        return event != refused;
+    }
+
+    QString refused;
+};
+
+struct Outcome {
+    bool result;
+    QStringList events;
+};
+
+Outcome read(QFile& file, const QString& refused = QString())
+{
+    EventLog log(refused);
+    const bool result = toolkit::readXml(file, log);
+    return {result, log.events};
+}
+
+Outcome read(const QByteArray& text, const QString& refused = QString())
+{
+    QTemporaryFile file;
+    if (!file.open() || file.write(text) != text.size() || !file.seek(0))
+        qFatal("The input of this test can't be written.");
+    return read(file, refused);
+}
+
+/// What the toolkit's reader says of @p text when it is left to itself, as far as readXml() passes it on.
+Outcome readBare(const QByteArray& text)
+{
+    EventLog log;
+    QXmlInputSource source;
+    source.setData(text);
+    QXmlSimpleReader reader;
+    reader.setContentHandler(&log);
+    const bool result = reader.parse(&source);
+    return {result, log.events.filter(QRegularExpression("^(start|end)"))};
+}
+
+/// A document with @p declarations in its document type declaration.
+QByteArray withDeclarations(const QByteArray& declarations, const QByteArray& root = "<a/>")
+{
+    return "<!DOCTYPE a [" + declarations + "]>" + root;
+}
+
+/// @p pairs "<a></a>" inside each other.
+QByteArray nested(int pairs)
+{
+    return QByteArray("<a>").repeated(pairs) + QByteArray("</a>").repeated(pairs);
+}
+
+} // namespace
+
+/// What a handler gets to see of a file, good or bad, and that no file hangs or kills the program.
+class TestXmlReader : public QObject {
+    Q_OBJECT
+
+private slots:
+    void events_data();
+    void events();
+    void manyElements();
+    void manyNameSpaces();
+    void openFileIsReadFromWhereItStands();
+
+    void fault_data();
+    void fault();
+    void fileThatCannotBeRead_data();
+    void fileThatCannotBeRead();
+    void refusal_data();
+    void refusal();
+
+    void encoding_data();
+    void encoding();
+
+    void nesting_data();
+    void nesting();
+    void elementsSideBySideAreNotNested();
+    void longAttribute();
+
+    void longDeclaration_data();
+    void longDeclaration();
+    void references_data();
+    void references();
+    void entitySize_data();
+    void entitySize();
+    void entityTrouble_data();
+    void entityTrouble();
+
+    void agreesWithTheToolkit_data();
+    void agreesWithTheToolkit();
+    void everyPrefixAgreesWithTheToolkit();
+};
+
+void TestXmlReader::events_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QStringList>("expected"); // between startDocument and endDocument
+
+    QTest::newRow("an empty element") << "<job/>" << QStringList {"start job", "end job"};
+    QTest::newRow("elements in the order of the file")
+        << "<job><row n='1'/><total><tax/></total><row n='2'/></job>"
+        << QStringList {"start job", "start row [n=1]", "end row",         "start total", "start tax",
+                        "end tax",   "end total",       "start row [n=2]", "end row",     "end job"};
+    QTest::newRow("attributes in the order of the file")
+        << "<job z='1' a='2' m='3' b='' Z='4'/>"
+        << QStringList {"start job [z=1] [a=2] [m=3] [b=] [Z=4]", "end job"};
+    QTest::newRow("text is not delivered") << "<job> a <row>b</row> <![CDATA[<c/>]]> &amp; \n</job>"
+                                           << QStringList {"start job", "start row", "end row", "end job"};
+    QTest::newRow("comments and instructions are not delivered")
+        << "<?xml version='1.0'?><!-- a --><?page 1?><job><!-- <b/> --><?page 2?></job><!-- c --><?d?>\n"
+        << QStringList {"start job", "end job"};
+    QTest::newRow("the five references of XML in an attribute")
+        << "<job a='&lt;&gt;&amp;&quot;&apos;'/>" << QStringList {"start job [a=<>&\"']", "end job"};
+    QTest::newRow("references by number in an attribute")
+        << "<job a='&#65;&#xe8;&#x20AC;'/>" << QStringList {"start job [a=Aè€]", "end job"};
+    QTest::newRow("line breaks and tabs in an attribute stay")
+        << "<job a='one\ntwo\n\nthree\tfour'/>"
+        << QStringList {"start job [a=one\ntwo\n\nthree\tfour]", "end job"};
+    QTest::newRow("blanks in an attribute stay")
+        << "<job a='  one  two  '/>" << QStringList {"start job [a=  one  two  ]", "end job"};
+    QTest::newRow("xmlns attributes are left out, the others keep their order")
+        << "<job xmlns='u' z='1' xmlns:p='v' p:a='2' m='3' xmlns:q='w'/>"
+        << QStringList {"start job [z=1] [p:a=2] [m=3]", "end job"};
+    QTest::newRow("nothing but xmlns attributes")
+        << "<job xmlns='u' xmlns:p='v'/>" << QStringList {"start job", "end job"};
+    QTest::newRow("names that only begin like xmlns stay")
+        << "<job xmlnsa='1' xmlns-b='2' xmlns.c='3' p:xmlns='4' xmln='5' XMLNS='6'/>"
+        << QStringList {"start job [xmlnsa=1] [xmlns-b=2] [xmlns.c=3] [p:xmlns=4] [xmln=5] [XMLNS=6]",
+                        "end job"};
+    QTest::newRow("names are delivered with their prefix")
+        << "<p:job xmlns:p='u'><p:row/></p:job>"
+        << QStringList {"start p:job", "start p:row", "end p:row", "end p:job"};
+    QTest::newRow("a prefix that nobody declared")
+        << "<p:job q:a='1'/>" << QStringList {"start p:job [q:a=1]", "end p:job"};
+    QTest::newRow("accents in names and values")
+        << "<menù piatto='caffè'/>" << QStringList {"start menù [piatto=caffè]", "end menù"};
+    QTest::newRow("an entity of the file's own in an attribute")
+        << "<!DOCTYPE job [<!ELEMENT job EMPTY><!ENTITY dish 'Tagliatelle'>]><job a='&dish; al ragù'/>"
+        << QStringList {"start job [a=Tagliatelle al ragù]", "end job"};
+    QTest::newRow("a declaration without a body")
+        << "<!DOCTYPE job><job/>" << QStringList {"start job", "end job"};
+}
+
+void TestXmlReader::events()
+{
+    QFETCH(QString, text);
+    QFETCH(QStringList, expected);
+
+    const Outcome outcome = read(text.toUtf8());
+    QVERIFY(outcome.result);
+    QCOMPARE(outcome.events, QStringList("startDocument") + expected + QStringList("endDocument"));
+}
+
+// The input arrives in chunks of 1,024 bytes, whose ends fall into names and into characters here.
+void TestXmlReader::manyElements()
+{
+    QByteArray text = "<job>";
+    QStringList expected {"startDocument", "start job"};
+    for (int i = 0; i < 20000; ++i) {
+        text += "<row id='" + QByteArray::number(i) + "' dish='caffè € 漢'/>\n";
+        expected << QString("start row [id=%1] [dish=caffè € 漢]").arg(i) << "end row";
+    }
+    const Outcome outcome = read(text + "</job>");
+    expected += QStringList {"end job", "endDocument"};
+
+    QVERIFY(outcome.result);
+    QCOMPARE(outcome.events, expected);
+}
+
+// The toolkit would search them all at each element.
+void TestXmlReader::manyNameSpaces()
+{
+    QByteArray declarations;
+    QByteArray rows;
+    for (int i = 0; i < 20000; ++i) {
+        const QByteArray prefix = 'p' + QByteArray::number(i);
+        declarations += " xmlns:" + prefix + "='u'";
+        rows += '<' + prefix + ":row/>";
+    }
+    const Outcome outcome = read("<job" + declarations + '>' + rows + "</job>");
+    QVERIFY(outcome.result);
+    QCOMPARE(outcome.events.size(), 40004);
+    QCOMPARE(outcome.events.at(1), QString("start job"));
+    QCOMPARE(outcome.events.at(40000), QString("start p19999:row"));
+}
+
+void TestXmlReader::openFileIsReadFromWhereItStands()
+{
+    QTemporaryFile file;
+    QVERIFY(file.open());
+    file.write("not XML<job/>");
+    QVERIFY(file.seek(7));
+
+    QCOMPARE(read(file).events, (QStringList {"startDocument", "start job", "end job", "endDocument"}));
+}
+
+void TestXmlReader::fault_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QStringList>("expected");
+
+    QTest::newRow("white space alone") << " \n\t" << QStringList {"startDocument"};
+    QTest::newRow("text alone") << "a receipt, please" << QStringList {"startDocument"};
+    QTest::newRow("a declaration alone") << "<?xml version='1.0'?>" << QStringList {"startDocument"};
+    QTest::newRow("an end tag that does not match")
+        << "<job><row a='1'></job>" << QStringList {"startDocument", "start job", "start row [a=1]"};
+    QTest::newRow("an end tag in other case")
+        << "<job><row/></Job>" << QStringList {"startDocument", "start job", "start row", "end row"};
+    QTest::newRow("an element left open")
+        << "<job><row/>" << QStringList {"startDocument", "start job", "start row", "end row"};
+    QTest::newRow("cut off in an attribute")
+        << "<job><row/><row a='12" << QStringList {"startDocument", "start job", "start row", "end row"};
+    QTest::newRow("cut off in an end tag")
+        << "<job><row></ro" << QStringList {"startDocument", "start job", "start row"};
+    QTest::newRow("an attribute without quotes")
+        << "<job><row a=1/></job>" << QStringList {"startDocument", "start job"};
+    QTest::newRow("'<' in an attribute")
+        << "<job><row a='<'/></job>" << QStringList {"startDocument", "start job"};
+    QTest::newRow("a lone '&' in an attribute")
+        << "<job><row a='Franco & Figli'/></job>" << QStringList {"startDocument", "start job"};
+    QTest::newRow("a second root element")
+        << "<job/><job/>" << QStringList {"startDocument", "start job", "end job"};
+    QTest::newRow("text after the root element")
+        << "<job/>more" << QStringList {"startDocument", "start job", "end job"};
+}
+
+void TestXmlReader::fault()
+{
+    QFETCH(QString, text);
+    QFETCH(QStringList, expected);
+
+    const Outcome outcome = read(text.toUtf8());
+    QVERIFY(!outcome.result);
+    QCOMPARE(outcome.events, expected);
+}
+
+void TestXmlReader::fileThatCannotBeRead_data()
+{
+    QTest::addColumn<QString>("name");
+
+    QTest::newRow("an empty file") << "empty.xml";
+    QTest::newRow("a missing file") << "missing.xml";
+    QTest::newRow("a folder") << ".";
+    QTest::newRow("a file in a missing folder") << "missing/job.xml";
+    QTest::newRow("no name") << QString();
+}
+
+void TestXmlReader::fileThatCannotBeRead()
+{
+    QFETCH(QString, name);
+
+    const QTemporaryDir folder;
+    QFile empty(folder.filePath("empty.xml"));
+    QVERIFY(empty.open(QIODevice::WriteOnly));
+    empty.close();
+
+    if (name.isEmpty())
+        QTest::ignoreMessage(QtWarningMsg, "QFSFileEngine::open: No file name specified");
+    QFile file(name.isEmpty() ? QString() : folder.filePath(name));
+    const Outcome outcome = read(file);
+    QVERIFY(!outcome.result);
+    QCOMPARE(outcome.events, QStringList("startDocument"));
+}
+
+void TestXmlReader::refusal_data()
+{
+    QTest::addColumn<QString>("refused");
+    QTest::addColumn<int>("delivered");
+
+    QTest::newRow("startDocument") << "startDocument" << 1;
+    QTest::newRow("the start of the root element") << "start job" << 2;
+    QTest::newRow("the start of an element") << "start row [xa=1]" << 3;
+    QTest::newRow("the start of an element with an xmlns attribute") << "start note [a=1]" << 5;
+    QTest::newRow("the end of an element") << "end row" << 4;
+    QTest::newRow("the end of the root element") << "end job" << 7;
+    QTest::newRow("endDocument") << "endDocument" << 8;
+}
+
+void TestXmlReader::refusal()
+{
+    QFETCH(QString, refused);
+    QFETCH(int, delivered);
+
+    const Outcome outcome = read("<job><row xa='1'/><note xmlns='u' a='1'/></job>", refused);
+    QVERIFY(!outcome.result);
+    QCOMPARE(outcome.events,
+             QStringList({"startDocument", "start job", "start row [xa=1]", "end row", "start note [a=1]",
+                          "end note", "end job", "endDocument"})
+                 .mid(0, delivered));
+}
+
+void TestXmlReader::encoding_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("value");
+
+    const QString text = "<job a='caffè € 漢'/>";
+    const QString declared = "<?xml version='1.0' encoding='UTF-16'?>" + text;
+    const auto utf16 = [](const char* codec, const QString& document) {
+        const QByteArray mark = codec == QByteArray("UTF-16LE") ? "\xFF\xFE" : "\xFE\xFF";
+        QTextEncoder encoder(QTextCodec::codecForName(codec), QTextCodec::IgnoreHeader);
+        return mark + encoder.fromUnicode(document);
+    };
+
+    QTest::newRow("UTF-8 without a declaration") << text.toUtf8() << "caffè € 漢";
+    QTest::newRow("UTF-8 with a byte-order mark") << "\xEF\xBB\xBF" + text.toUtf8() << "caffè € 漢";
+    QTest::newRow("UTF-8 declared") << "<?xml version='1.0' encoding='UTF-8'?>" + text.toUtf8()
+                                    << "caffè € 漢";
+    QTest::newRow("UTF-16, little-endian") << utf16("UTF-16LE", text) << "caffè € 漢";
+    QTest::newRow("UTF-16, big-endian") << utf16("UTF-16BE", text) << "caffè € 漢";
+    QTest::newRow("UTF-16 declared too") << utf16("UTF-16LE", declared) << "caffè € 漢";
+    QTest::newRow("ISO-8859-1 declared")
+        << QByteArray("<?xml version='1.0' encoding='ISO-8859-1'?><job a='caff\xE8 \xA4'/>") << "caffè ¤";
+    QTest::newRow("ISO-8859-15 declared")
+        << QByteArray("<?xml version='1.0' encoding='ISO-8859-15'?><job a='caff\xE8 \xA4'/>") << "caffè €";
+}
+
+void TestXmlReader::encoding()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, value);
+
+    const Outcome outcome = read(bytes);
+    QVERIFY(outcome.result);
+    QCOMPARE(outcome.events,
+             (QStringList {"startDocument", "start job [a=" + value + ']', "end job", "endDocument"}));
+}
+
+void TestXmlReader::nesting_data()
+{
+    QTest::addColumn<int>("depth");
+    QTest::addColumn<bool>("accepted");
+
+    QTest::newRow("1,000 elements inside each other") << 1000 << true;
+    QTest::newRow("1,001 elements inside each other") << 1001 << false;
+    QTest::newRow("100,000 elements inside each other") << 100000 << false;
+}
+
+void TestXmlReader::nesting()
+{
+    QFETCH(int, depth);
+    QFETCH(bool, accepted);
+
+    const Outcome outcome = read(nested(depth));
+    QCOMPARE(outcome.result, accepted);
+    QCOMPARE(outcome.events.count("start a"), 1000);
+    QCOMPARE(outcome.events.count("end a"), accepted ? 1000 : 0);
+    QCOMPARE(outcome.events.contains("endDocument"), accepted);
+}
+
+void TestXmlReader::elementsSideBySideAreNotNested()
+{
+    const Outcome outcome =
+        read("<job>" + nested(999) + QByteArray("<a/>").repeated(5000) + nested(999) + "</job>");
+    QVERIFY(outcome.result);
+    QCOMPARE(outcome.events.count("end a"), 6998);
+}
+
+void TestXmlReader::longAttribute()
+{
+    const QByteArray value = QByteArray("0123456789").repeated(1024 * 1024);
+    const Outcome outcome = read("<job><row a='" + value + "' b='1'/></job>");
+    QVERIFY(outcome.result);
+    QCOMPARE(outcome.events.size(), 6);
+    QVERIFY(outcome.events.at(2) == "start row [a=" + value + "] [b=1]");
+}
+
+void TestXmlReader::longDeclaration_data()
+{
+    QTest::addColumn<QByteArray>("declarations");
+    QTest::addColumn<bool>("accepted");
+
+    const auto entities = [](int count) {
+        QByteArray declarations;
+        for (int i = 0; i < count; ++i)
+            declarations += "<!ENTITY e" + QByteArray::number(i) + " 'x'>";
+        return declarations;
+    };
+    const auto parentheses = [](int count) {
+        return "<!ELEMENT a " + QByteArray("(").repeated(count) + "b" + QByteArray(")").repeated(count) + ">";
+    };
+
+    QTest::newRow("700 entities, 14,000 bytes") << entities(700) << true;
+    QTest::newRow("20,000 entities") << entities(20000) << false;
+    QTest::newRow("200 parentheses inside each other") << parentheses(200) << true;
+    QTest::newRow("200,000 parentheses inside each other") << parentheses(200000) << false;
+    QTest::newRow("200,000 parentheses without an end") << parentheses(200000).left(200000) << false;
+    const auto comment = [](int size) { return "<!--" + QByteArray(size, 'x') + "-->"; };
+    QTest::newRow("a comment of 15,000 bytes") << comment(15000) << true;
+    QTest::newRow("a comment of 20,000 bytes") << comment(20000) << false;
+    QTest::newRow("a comment of 10 MB") << comment(10000000) << false;
+}
+
+void TestXmlReader::longDeclaration()
+{
+    QFETCH(QByteArray, declarations);
+    QFETCH(bool, accepted);
+
+    const QStringList whole {"startDocument", "start a", "end a", "endDocument"};
+    const Outcome outcome = read(withDeclarations(declarations));
+    QCOMPARE(outcome.result, accepted);
+    QCOMPARE(outcome.events, accepted ? whole : QStringList {"startDocument"});
+}
+
+void TestXmlReader::references_data()
+{
+    QTest::addColumn<QByteArray>("start");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<bool>("accepted");
+
+    const QByteArray declaration = "<!DOCTYPE job [<!ENTITY e 'x'>]>";
+    QTest::newRow("9,000 after a declaration") << declaration << 9000 << true;
+    QTest::newRow("12,000 after a declaration") << declaration << 12000 << false;
+    QTest::newRow("200,000 after a declaration") << declaration << 200000 << false;
+    QTest::newRow("200,000 without a declaration") << QByteArray() << 200000 << true;
+    QTest::newRow("200,000 after a declaration without entities")
+        << QByteArray("<!DOCTYPE job [<!ELEMENT job ANY>]>") << 200000 << true;
+}
+
+// Some references more than the bound are let through, because they are counted chunk by chunk.
+void TestXmlReader::references()
+{
+    QFETCH(QByteArray, start);
+    QFETCH(int, count);
+    QFETCH(bool, accepted);
+
+    const Outcome outcome = read(start + "<job>" + QByteArray("<a b='&amp;'/>").repeated(count) + "</job>");
+    const int delivered = outcome.events.count("start a [b=&]");
+    QCOMPARE(outcome.result, accepted);
+    QCOMPARE(outcome.events.contains("endDocument"), accepted);
+    if (accepted)
+        QCOMPARE(delivered, count);
+    else
+        QVERIFY2(delivered > 9900 && delivered < 10100, qPrintable(QString::number(delivered)));
+}
+
+void TestXmlReader::entitySize_data()
+{
+    QTest::addColumn<QByteArray>("declarations");
+    QTest::addColumn<QByteArray>("value"); // of the entity e; empty when the declaration is refused
+
+    const auto entity = [](const char* name, const QByteArray& value) {
+        return QByteArray("<!ENTITY ") + name + " '" + value + "'>";
+    };
+    const QByteArray hundred(100, 'x');
+    const QByteArray refused;
+
+    QTest::newRow("1,000 characters") << entity("e", hundred.repeated(10)) << hundred.repeated(10);
+    QTest::newRow("1,001 characters") << entity("e", hundred.repeated(10) + 'x') << refused;
+    QTest::newRow("references to an earlier entity")
+        << entity("a", "x") + entity("e", "&a;-&a;") << QByteArray("x-x");
+    QTest::newRow("references that XML declares itself")
+        << entity("e", "&lt;&amp;&gt;&quot;&apos;") << QByteArray("<&>\"'");
+    QTest::newRow("a reference by number") << entity("e", "&#38;#38;") << QByteArray("&");
+    QTest::newRow("a percent sign") << entity("e", "10&#37; or 20&#37;;") << QByteArray("10% or 20%;");
+    QTest::newRow("a parameter entity") << entity("% p", "x") + entity("e", "-%p;-") << QByteArray("-x-");
+    // A reference counts with its own characters too: 3 + 96 + 901.
+    QTest::newRow("1,000 characters with a reference")
+        << entity("a", QByteArray(96, 'x')) + entity("e", "&a;" + QByteArray(901, 'y'))
+        << QByteArray(96, 'x') + QByteArray(901, 'y');
+    QTest::newRow("1,001 characters with a reference")
+        << entity("a", QByteArray(97, 'x')) + entity("e", "&a;" + QByteArray(901, 'y')) << refused;
+    QTest::newRow("too large by references alone")
+        << entity("a", hundred) + entity("e", QByteArray("&a;").repeated(10)) << refused;
+    QTest::newRow("a reference to a later entity") << entity("e", "&a;") + entity("a", "x") << refused;
+    QTest::newRow("a parameter entity of 1,001 characters")
+        << entity("% p", hundred.repeated(10) + 'x') + entity("e", "x") << refused;
+    QTest::newRow("a large entity that nobody refers to")
+        << entity("a", hundred.repeated(11)) + entity("e", "x") << refused;
+}
+
+void TestXmlReader::entitySize()
+{
+    QFETCH(QByteArray, declarations);
+    QFETCH(QByteArray, value);
+
+    const Outcome outcome = read(withDeclarations(declarations, "<a><row b='&e;'/></a>"));
+    QCOMPARE(outcome.result, !value.isEmpty());
+    if (value.isEmpty())
+        QCOMPARE(outcome.events, QStringList {"startDocument"});
+    else
+        QVERIFY(outcome.events.contains("start row [b=" + QString::fromUtf8(value) + "]"));
+}
+
+void TestXmlReader::entityTrouble_data()
+{
+    QTest::addColumn<QByteArray>("declarations");
+    QTest::addColumn<QByteArray>("row");
+
+    QByteArray bomb = "<!ENTITY e0 'lol'>";
+    for (int i = 1; i < 10; ++i) {
+        const QByteArray previous = "&e" + QByteArray::number(i - 1) + ';';
+        bomb += "<!ENTITY e" + QByteArray::number(i) + " '" + previous.repeated(10) + "'>";
+    }
+    const QByteArray loop = "<!ENTITY x '&y;'><!ENTITY y '&x;'>";
+
+    QTest::newRow("an entity bomb in an attribute") << bomb << QByteArray("<row b='&e9;'/>");
+    QTest::newRow("an entity bomb in the text") << bomb << QByteArray("<row>&e9;</row>");
+    QTest::newRow("entities that name each other, in an attribute") << loop << QByteArray("<row b='&x;'/>");
+    QTest::newRow("entities that name each other, in the text") << loop << QByteArray("<row>&x;</row>");
+    QTest::newRow("a file as entity, in an attribute")
+        << QByteArray("<!ENTITY x SYSTEM '/etc/hostname'>") << QByteArray("<row b='&x;'/>");
+    QTest::newRow("parameter entities that name each other")
+        << QByteArray("<!ENTITY % x '&#37;y;'><!ENTITY % y '&#37;x;'>%x;") << QByteArray("<row/>");
+}
+
+void TestXmlReader::entityTrouble()
+{
+    QFETCH(QByteArray, declarations);
+    QFETCH(QByteArray, row);
+
+    const Outcome outcome = read(withDeclarations(declarations, "<a>" + row + "</a>"));
+    QVERIFY(!outcome.result);
+    QVERIFY(!outcome.events.contains("end row"));
+    QVERIFY(!outcome.events.contains("endDocument"));
+    QVERIFY(outcome.events.join(QString()).size() < 100);
+}
+
+void TestXmlReader::agreesWithTheToolkit_data()
+{
+    QTest::addColumn<QByteArray>("text");
+
+    QTest::newRow("a carriage return in an attribute") << QByteArray("<job a='one\r\ntwo\rthree'/>");
+    QTest::newRow("line breaks by number") << QByteArray("<job a='one&#10;two&#13;three&#9;'/>");
+    QTest::newRow("an attribute given twice") << QByteArray("<job a='1' b='2' a='3'/>");
+    QTest::newRow("a name with two colons") << QByteArray("<p:q:job p:q:a='1'/>");
+    QTest::newRow("a name that begins with a colon") << QByteArray("<:job :a='1'/>");
+    QTest::newRow("a prefix declared anew")
+        << QByteArray("<p:a xmlns:p='u'><p:a xmlns:p='v' p:b='1'/></p:a>");
+    QTest::newRow("one attribute under two prefixes")
+        << QByteArray("<job xmlns:p='u' xmlns:q='u' p:a='1' q:a='2' a='3'/>");
+    QTest::newRow("a default value from the declaration")
+        << QByteArray("<!DOCTYPE a [<!ATTLIST a b CDATA 'x' xmlns CDATA 'u'>]><a/>");
+    QTest::newRow("an entity with elements in it")
+        << QByteArray("<!DOCTYPE a [<!ENTITY e '<b/>'>]><a>&e;</a>");
+    QTest::newRow("an unknown entity in an attribute") << QByteArray("<job><row a='1&euro;2'/></job>");
+    QTest::newRow("an unknown entity in the text") << QByteArray("<job><row>&euro;</row></job>");
+    QTest::newRow("a wrong UTF-8 sequence") << QByteArray("<job a='caff\xE8'/>");
+    QTest::newRow("a NUL") << QByteArray("<job a='1\0x'/>", 14);
+    QTest::newRow("an unknown encoding")
+        << QByteArray("<?xml version='1.0' encoding='none'?><job a='\xC3\xA8'/>");
+    QTest::newRow("XML 1.1") << QByteArray("<?xml version='1.1'?><job/>");
+}
+
+// What the toolkit's reader accepts and delivers is right by definition.
+void TestXmlReader::agreesWithTheToolkit()
+{
+    QFETCH(QByteArray, text);
+
+    const Outcome expected = readBare(text);
+    const Outcome outcome = read(text);
+    QCOMPARE(outcome.events, expected.events);
+    QCOMPARE(outcome.result, expected.result);
+}
+
+void TestXmlReader::everyPrefixAgreesWithTheToolkit()
+{
+    const QByteArray text = "<?xml version='1.0' encoding='UTF-8'?>\n"
+                            "<!DOCTYPE job [<!ENTITY dish 'Caffè'>]>\n"
+                            "<!-- table 4 -->\n"
+                            "<job xmlns='u' xmlns:p='v'>\n"
+                            "    <row id='1' p:dish='&dish; €' note='&lt;3'/> text <![CDATA[x]]>\n"
+                            "    <?page 2?><p:total>12</p:total>\n"
+                            "</job>\n";
+    for (int size = 0; size <= text.size(); ++size) {
+        const Outcome expected = readBare(text.left(size));
+        const Outcome outcome = read(text.left(size));
+        QCOMPARE(outcome.events, expected.events);
+        QCOMPARE(outcome.result, expected.result);
+    }
+}
+
+QTEST_GUILESS_MAIN(TestXmlReader)
+#include "tst_xmlreader.moc"
