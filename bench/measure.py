@@ -1,0 +1,231 @@
+#!/usr/bin/env python3
+"""Measures the print program against its contestants: measure.py --build folder --work folder
+
+The build folder holds the programs, the work folder the jobs receipt-<rows>.xml. The contestants of a row run
+in turn, round by round and in another order in each, so that whatever else the machine does meets them all
+alike. Times are wall times of the whole process. A ratio is the median of the rounds' ratios: a machine that
+changes its speed between rounds does not disturb it. The exit status is 1 when a target is missed.
+"""
+
+import argparse
+import os
+import random
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+from pathlib import Path
+
+BENCH = Path(__file__).resolve().parent
+MEGABYTE = 1_000_000
+
+SMALL, LARGE = 20, 100_000
+FEW, MANY = 1_000, 1_000_000
+SMALL_ROUNDS, LARGE_ROUNDS, MEMORY_ROUNDS = 400, 31, 3
+
+
+class Contestant:
+    def __init__(self, name, *command):
+        self.name = name
+        self.command = [str(argument) for argument in command]
+        self.milliseconds = []
+
+    def run(self):
+        """The time from the start of the process to its end, in nanoseconds."""
+        start = time.perf_counter_ns()
+        process = os.posix_spawn(self.command[0], self.command, os.environ)
+        _, status = os.waitpid(process, 0)
+        duration = time.perf_counter_ns() - start
+        if status != 0:
+            sys.exit(f"{self.command[0]} failed with exit status {os.waitstatus_to_exitcode(status)}")
+        return duration
+
+    @property
+    def median(self):
+        return statistics.median(self.milliseconds)
+
+    @property
+    def noise(self):
+        """The interquartile range in percent of the median."""
+        lower, _, upper = statistics.quantiles(self.milliseconds, n=4)
+        return 100 * (upper - lower) / self.median
+
+    def times(self, other):
+        """How many times as long as the other contestant of the same race."""
+        return statistics.median(mine / its for mine, its in zip(self.milliseconds, other.milliseconds))
+
+
+def contestants(build, job, scripts):
+    """The programs that print the job into the folder for scripts, and those that do less than that."""
+    return {
+        "program": Contestant("zelmora-print", build / "app/zelmora-print", job, scripts / "program.txt"),
+        "app": Contestant("empty application", build / "bench/bench-emptyapp"),
+        "handler": Contestant("reader, empty handler", build / "bench/bench-emptyhandler", job),
+        "xsltproc": Contestant(
+            "xsltproc", "/usr/bin/xsltproc", "-o", scripts / "xsltproc.txt", BENCH / "receipt.xsl", job
+        ),
+        "python3": Contestant("python3", sys.executable, BENCH / "receipt.py", job, scripts / "python3.txt"),
+    }
+
+
+def job_file(work, rows):
+    return work / f"receipt-{rows}.xml"
+
+
+def progress(text):
+    print(text, file=sys.stderr, flush=True)
+
+
+def race(participants, rounds):
+    order = list(participants)
+    shuffled = random.Random(rounds)
+    for contestant in order:
+        contestant.run()  # the first run fills the machine's caches and is not counted
+    for _ in range(rounds):
+        shuffled.shuffle(order)
+        for contestant in order:
+            contestant.milliseconds.append(contestant.run() / 1e6)
+
+
+def measure_times(build, work):
+    """The races of the small and of the large job.
+
+    The scripts go to memory: what a disk takes to empty the file of the round before is more than what a
+    receipt takes to print.
+    """
+    memory = "/dev/shm"
+    with tempfile.TemporaryDirectory(dir=memory if os.access(memory, os.W_OK) else work) as scripts:
+        progress(f"Measuring one receipt of {SMALL} rows, {SMALL_ROUNDS} rounds ...")
+        small = contestants(build, job_file(work, SMALL), Path(scripts))
+        small = {name: small[name] for name in ("program", "app", "xsltproc", "python3")}
+        race(small.values(), SMALL_ROUNDS)
+
+        progress(f"Measuring a job of {LARGE:,} rows, {LARGE_ROUNDS} rounds ...")
+        large = contestants(build, job_file(work, LARGE), Path(scripts))
+        large = {name: large[name] for name in ("program", "handler", "xsltproc")}
+        race(large.values(), LARGE_ROUNDS)
+    return small, large
+
+
+def peak_memory(contestant, work):
+    """The greatest peak of resident memory of a few runs, in bytes.
+
+    A new process starts with the peak of the process that started it, until it has needed more itself. So it
+    is not started from here but by time(1), which is smaller than any program measured.
+    """
+    report = work / "peak-memory.txt"
+    peaks = []
+    for _ in range(MEMORY_ROUNDS):
+        subprocess.run(["/usr/bin/time", "-f", "%M", "-o", report, *contestant.command], check=True)
+        peaks.append(1024 * int(report.read_text()))
+    return max(peaks)
+
+
+def measure_memory(build, work):
+    """The peaks of the empty application and of the print program with few and with many rows."""
+    progress(f"Measuring the peak memory for {FEW:,} and {MANY:,} rows ...")
+    idle = peak_memory(contestants(build, job_file(work, FEW), work)["app"], work)
+    few = peak_memory(contestants(build, job_file(work, FEW), work)["program"], work)
+    many = peak_memory(contestants(build, job_file(work, MANY), work)["program"], work)
+    if few < idle:
+        sys.exit("The print program shows less memory than an empty one: this figure cannot be its own.")
+    return idle, few, many
+
+
+class Targets:
+    """The rows of the table, in the words of its readers."""
+
+    def __init__(self):
+        self.rows = []
+        self.all_reached = True
+
+    def add(self, what, target, against, measured, reached):
+        self.rows.append((what, target, against, measured, "yes" if reached else "**no**"))
+        self.all_reached = self.all_reached and reached
+
+    def at_most(self, limit, what, against, ratio):
+        self.add(what, f"at most {limit} times", against, f"{ratio:.3f} times", ratio <= limit)
+
+    def faster(self, limit, what, against, ratio):
+        target = f"at least {limit} times faster than"
+        self.add(what, target, against, f"{ratio:.3f} times faster", ratio >= limit)
+
+
+def compare(small, large, few, many):
+    targets = Targets()
+    targets.at_most(
+        1.35,
+        f"one receipt of {SMALL} rows, whole process, full settings and headers",
+        "an empty `QCoreApplication` program that links the same libraries",
+        small["program"].times(small["app"]),
+    )
+    targets.at_most(
+        1.2,
+        "the same",
+        "`xsltproc` with a stylesheet that writes the same script",
+        small["program"].times(small["xsltproc"]),
+    )
+    targets.faster(
+        3,
+        "the same",
+        "a python3 script on expat that writes the same script",
+        small["python3"].times(small["program"]),
+    )
+    targets.at_most(
+        1.4,
+        f"a job of {LARGE:,} rows",
+        "the toolkit's reader on the same file with an empty handler",
+        large["program"].times(large["handler"]),
+    )
+    targets.faster(2, "the same", "the same stylesheet", large["xsltproc"].times(large["program"]))
+    targets.add(
+        f"peak memory, job of {MANY:,} rows",
+        f"at most 16 MB, and at most 1 MB more than for {FEW:,} rows",
+        "",
+        f"{megabytes(many)}, {megabytes(many - few)} more",
+        many <= 16 * MEGABYTE and many - few <= MEGABYTE,
+    )
+    return targets
+
+
+def megabytes(size):
+    return f"{size / MEGABYTE:.2f} MB"
+
+
+def print_table(titles, rows):
+    for row in (titles, ["---"] * len(titles), *rows):
+        print("|", " | ".join(row), "|")
+    print()
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--build", type=Path, required=True)
+    parser.add_argument("--work", type=Path, required=True)
+    arguments = parser.parse_args()
+    build, work = arguments.build.resolve(), arguments.work.resolve()
+
+    small, large = measure_times(build, work)
+    idle, few, many = measure_memory(build, work)
+
+    targets = compare(small, large, few, many)
+    print_table(("what", "must reach", "against", "measured", "reached"), targets.rows)
+    print(
+        f"Medians of {SMALL_ROUNDS} rounds for the receipt and of {LARGE_ROUNDS} for the large job; of the"
+        f" memory the greatest of {MEMORY_ROUNDS} runs (an empty application: {megabytes(idle)}; 1 MB is a"
+        " million bytes). The machine's noise is the interquartile range in percent of the median:\n"
+    )
+    print_table(
+        ("job", "contestant", "median", "noise"),
+        [
+            (f"{rows:,} rows", one.name, f"{one.median:.2f} ms", f"{one.noise:.1f} %")
+            for rows, race_of_job in ((SMALL, small), (LARGE, large))
+            for one in race_of_job.values()
+        ],
+    )
+    return 0 if targets.all_reached else 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())
