@@ -9,7 +9,6 @@
 #include "config/config.h"
 
 #include "toolkit/console.h"
-#include "toolkit/literals.h"
 #include "toolkit/localecodec.h"
 #include "toolkit/xmlreader.h"
 

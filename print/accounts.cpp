@@ -5,7 +5,7 @@
 #include "toolkit/eightbit.h"
 #include "toolkit/literals.h"
 
-#include <QCoreApplication>
+#include <QObject>
 
 using toolkit::operator""_L1;
 

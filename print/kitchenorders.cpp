@@ -5,7 +5,7 @@
 #include "toolkit/literals.h"
 #include "toolkit/numbertext.h"
 
-#include <QCoreApplication>
+#include <QObject>
 
 using toolkit::operator""_L1;
 

@@ -4,7 +4,7 @@
 
 #include "toolkit/literals.h"
 
-#include <QCoreApplication>
+#include <QObject>
 
 using toolkit::operator""_L1;
 
