@@ -167,6 +167,13 @@ void TestCommandLine::closedStandardStreams()
 
     QCOMPARE(run.standardOutput, QByteArray("status 0\n"));
     QCOMPARE(fileContents(run.path("script.txt")), script);
+
+    // A message after the script was opened: with nothing in its place, the script would be standard output.
+    run.writeFile("job.xml", "<job><method name='printInvoice'/></job>");
+    run.startShell("\"$program\" job.xml script.txt <&- >&-; echo \"status $?\"");
+    QCOMPARE(run.standardOutput, QByteArray("status 0\n"));
+    QVERIFY(QFile::exists(run.path("script.txt")));
+    QCOMPARE(fileContents(run.path("script.txt")), QByteArray());
 }
 
 void TestCommandLine::readerWentAway()
