@@ -4,20 +4,23 @@
 # reads its jobs with: that one warning is silenced where they are used, and nowhere else.
 add_library(zelmora_sax INTERFACE)
 add_library(Zelmora::sax ALIAS zelmora_sax)
+set_target_properties(zelmora_sax PROPERTIES EXPORT_NAME sax)
 target_link_libraries(zelmora_sax INTERFACE Qt5::Xml)
 target_compile_options(zelmora_sax INTERFACE -Wno-deprecated-declarations)
 
 # A bare "text" never turns into a QString unseen: Qt 5 would take its bytes as UTF-8.
 set(ZELMORA_DEFINITIONS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
 
-# zelmora_library(<name> SOURCES <file>... LINKS <target>... [PRIVATE_LINKS <target>...]): the static library
-# Zelmora::<name>. Private links are those that its headers do not show.
+# zelmora_library(<name> [HEADERS <file>...] SOURCES <file>... LINKS <target>... [PRIVATE_LINKS <target>...]): the
+# static library Zelmora::<name>. Headers are those that are installed for other programs; private links those that
+# the headers do not show.
 function(zelmora_library name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;PRIVATE_LINKS")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "HEADERS;SOURCES;LINKS;PRIVATE_LINKS")
     add_library(zelmora_${name} STATIC ${arg_SOURCES})
     add_library(Zelmora::${name} ALIAS zelmora_${name})
-    set_target_properties(zelmora_${name} PROPERTIES OUTPUT_NAME zelmora-${name})
-    target_include_directories(zelmora_${name} PUBLIC ${PROJECT_SOURCE_DIR})
+    set_target_properties(zelmora_${name} PROPERTIES OUTPUT_NAME zelmora-${name} EXPORT_NAME ${name})
+    target_sources(zelmora_${name} PUBLIC
+        FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${arg_HEADERS})
     target_link_libraries(zelmora_${name} PUBLIC ${arg_LINKS} PRIVATE ${arg_PRIVATE_LINKS})
     target_compile_definitions(zelmora_${name} PRIVATE ${ZELMORA_DEFINITIONS})
 endfunction()

@@ -1,0 +1,28 @@
+#include "log/hlogmanager.h"
+
+namespace {
+
+QString defaultName()
+{
+    return QStringLiteral("default");
+}
+
+} // namespace
+
+HLogManager::~HLogManager()
+{
+    qDeleteAll(loggers);
+}
+
+void HLogManager::set(const QString& loggerArgument, const QString& name)
+{
+    auto logger = std::make_unique<Logger>(loggerArgument);
+    Logger*& entry = loggers[name.isEmpty() ? defaultName() : name];
+    replaced.emplace_back(entry);
+    entry = logger.release();
+}
+
+Logger* HLogManager::getLog(const QString& name)
+{
+    return name.isEmpty() ? loggers[defaultName()] : loggers.value(name);
+}

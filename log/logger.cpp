@@ -1,0 +1,115 @@
+#include "log/logger.h"
+
+#include "config/zmconfiguration.h"
+#include "toolkit/console.h"
+#include "toolkit/literals.h"
+#include "toolkit/localecodec.h"
+#include "toolkit/writesignals.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QTextStream>
+
+using toolkit::operator""_L1;
+
+namespace {
+
+/// Of the levels, in their order.
+constexpr QLatin1String levelWords[] = {"DEBUG"_L1, "INFO"_L1, "WARNING"_L1, "ERROR"_L1, "FATAL"_L1};
+
+QLatin1String wordOf(Logger::Level level)
+{
+    return level >= Logger::DEBUG && level <= Logger::FATAL ? levelWords[level] : ""_L1;
+}
+
+QString lineOf(Logger::Level level, const QString& text)
+{
+    const QString now = QDateTime::currentDateTime().toString(QStringLiteral("MM-dd-yyyy hh:mm:ss:zzz"));
+    return "["_L1 + now + "] "_L1 + wordOf(level) + ": "_L1 + text + "\n"_L1;
+}
+
+/// Not open when @p word names no type.
+QIODevice::OpenMode openMode(const QString& word)
+{
+    const QString type = word.toUpper();
+    if (type == "APPEND"_L1)
+        return QIODevice::WriteOnly | QIODevice::Append;
+    if (type == "OVERWRITE"_L1)
+        return QIODevice::WriteOnly;
+    return QIODevice::NotOpen;
+}
+
+} // namespace
+
+Logger::Logger(const QString&)
+{
+    const ZMConfiguration* const settings = SyncSingleton<ZMConfiguration>::instance();
+    setLevel(settings->getStrValue(QStringLiteral("zelmora.logger.level")));
+    fileName = settings->getStrValue(QStringLiteral("zelmora.logger.basedir")) + "/"_L1
+        + settings->getStrValue(QStringLiteral("zelmora.logger.filename"));
+    file = std::make_unique<QFile>(fileName);
+    setType(settings->getStrValue(QStringLiteral("zelmora.logger.type")));
+    stream = std::make_unique<QTextStream>(file.get());
+    stream->setCodec("UTF-8");
+    write(DEBUG, QStringLiteral("Start Logger"));
+}
+
+Logger::~Logger()
+{
+    file->close();
+}
+
+void Logger::setLevel(const QString& word)
+{
+    const QString upper = word.toUpper();
+    level = DEBUG;
+    for (const Level known : {DEBUG, INFO, WARNING, ERROR, FATAL}) {
+        if (upper == levelWords[known])
+            level = known;
+    }
+}
+
+void Logger::setType(const QString& word)
+{
+    const QIODevice::OpenMode mode = openMode(word);
+    if (mode == QIODevice::NotOpen)
+        return;
+    // Without the toolkit's buffer, which would keep what a full disk refused, and grow.
+    if (file->isOpen() || !file->open(mode | QIODevice::Unbuffered))
+        toolkit::writeLine(toolkit::localeText("Error in the method Logger::setType("_L1 + word + ")"_L1));
+}
+
+void Logger::write(Level level, const QString& text)
+{
+    if (level < this->level || !file->isOpen())
+        return;
+    const toolkit::WriteSignalsBlocked writeSignalsBlocked;
+    stream->resetStatus(); // a stream that has failed once would drop every later line
+    *stream << lineOf(level, text);
+    stream->flush();
+}
+
+void Logger::debug(const QString& text)
+{
+    write(DEBUG, text);
+}
+
+void Logger::info(const QString& text)
+{
+    write(INFO, text);
+}
+
+void Logger::warning(const QString& text)
+{
+    write(WARNING, text);
+}
+
+void Logger::error(const QString& text)
+{
+    write(ERROR, text);
+}
+
+void Logger::fatal(const QString& text)
+{
+    write(FATAL, text);
+}

@@ -1,0 +1,64 @@
+#ifndef ZELMORA_LOG_LOGGER_H
+#define ZELMORA_LOG_LOGGER_H
+
+#include <QString>
+
+#include <memory>
+
+class QFile;
+class QTextStream;
+
+/// A log file with a threshold. Place, name, threshold and open mode come from the settings:
+///
+///     zelmora.logger.level      below this nothing is written: DEBUG, INFO, WARNING, ERROR or FATAL
+///     zelmora.logger.basedir    the folder, which must exist
+///     zelmora.logger.filename   the file's name in it
+///     zelmora.logger.type       APPEND adds to what the file holds, OVERWRITE empties it first
+///
+/// A line reads "[07-04-2026 13:05:09:042] ERROR: connection refused": month, day and year, the local time with
+/// milliseconds, the level's word, the text. The file is UTF-8, lines end in "\n". Each line is one write to the
+/// file, without a buffer: it is with the system when the operation returns, and lines of several programs that
+/// append to one file do not mix.
+///
+/// No operation reports that a line could not be written: it is lost, and the next one is tried anew. No operation
+/// takes a lock: one thread at a time may use a Logger.
+class Logger {
+public:
+    /// From the least severe to the most.
+    enum Level : int { DEBUG, INFO, WARNING, ERROR, FATAL };
+
+    /// Opens the log that the settings name, by setLevel() and setType() with the words found there, and writes
+    /// "Start Logger" at level DEBUG. @p name is not used: all loggers of a process have the same settings.
+    explicit Logger(const QString& name);
+    ~Logger();
+
+    Logger(const Logger&) = delete;
+    Logger& operator=(const Logger&) = delete;
+
+    /// Sets the threshold from one of the five words, in any case. Any other word, the empty one too, gives DEBUG:
+    /// a level that nobody set hides nothing.
+    void setLevel(const QString& word);
+
+    /// Opens the file: "APPEND" or "OVERWRITE", in any case. With any other word, the empty one too, nothing is
+    /// opened, and nothing will be written. A file that cannot be opened, or is open already, is reported in one
+    /// line on standard output and stays as it is.
+    void setType(const QString& word);
+
+    /// Writes one line, unless @p level is below the threshold or the file is closed. The text goes out as it is:
+    /// line breaks in it are kept, and nothing is cut. A level outside the enumeration has no word.
+    void write(Level level, const QString& text);
+
+    void debug(const QString& text);
+    void info(const QString& text);
+    void warning(const QString& text);
+    void error(const QString& text);
+    void fatal(const QString& text);
+
+private:
+    std::unique_ptr<QFile> file;
+    std::unique_ptr<QTextStream> stream; ///< on file, for all writing
+    Level level = DEBUG;
+    QString fileName;
+};
+
+#endif
