@@ -219,5 +219,13 @@
         <source>Fiscal Receipt</source>
         <translation>Scontrino fiscale</translation>
     </message>
+    <message>
+        <source>PaperWindow</source>
+        <translation>Carta</translation>
+    </message>
+    <message>
+        <source>Insert a new sheet</source>
+        <translation>Inserire un nuovo foglio</translation>
+    </message>
 </context>
 </TS>
