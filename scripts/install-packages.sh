@@ -1,9 +1,10 @@
 # To be sourced: what the scripts need of Debian 12, and its installation.
 
-# To build: compiler, build tools, the toolkit's core and XML, the translation compiler.
+# To build: compiler, build tools, the toolkit, the translation compiler.
 BUILD_PACKAGES=(g++ cmake ninja-build qtbase5-dev qttools5-dev-tools)
-# To test as well: the definitions of the 8-bit locale that the tests build for themselves.
-TEST_PACKAGES=("${BUILD_PACKAGES[@]}" locales)
+# To test as well: the definitions of the 8-bit locale that the tests build for themselves; a PostgreSQL server, its tools
+# and the toolkit's driver for it.
+TEST_PACKAGES=("${BUILD_PACKAGES[@]}" locales postgresql postgresql-client libqt5sql5-psql)
 # To measure as well: what the print program is measured against, and time(1) for the memory.
 BENCH_PACKAGES=("${BUILD_PACKAGES[@]}" xsltproc python3 time)
 

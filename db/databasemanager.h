@@ -1,0 +1,106 @@
+#ifndef ZELMORA_DB_DATABASEMANAGER_H
+#define ZELMORA_DB_DATABASEMANAGER_H
+
+#include "config/syncsingleton.h"
+
+#include <QSqlDatabase>
+#include <QStringList>
+
+class Logger;
+class QSqlQuery;
+class QSqlTableModel;
+
+/// SQL for the suite's programs, with every diagnostic in the log. The programs share one manager through
+/// SyncSingleton<DatabaseManager>::instance().
+///
+/// Statements are put together from the arguments as they are, without quoting: values come formatted, and from a
+/// trusted place. A null QSqlDatabase* means the toolkit's default connection.
+///
+/// No operation throws or stops the program. What failed is in the log, and the result is that of an empty one
+/// unless its comment says otherwise. Without a logger nothing is logged.
+///
+/// No operation takes a lock: a connection is for the thread that created it, as the toolkit has it. Threads with a
+/// connection of their own may use one manager side by side if it has no logger.
+class DatabaseManager {
+public:
+    /// Takes its logger, HLogManager::getLog("") of the shared manager, for good: the default logger is to be set
+    /// before.
+    DatabaseManager();
+
+    DatabaseManager(const DatabaseManager&) = delete;
+    DatabaseManager& operator=(const DatabaseManager&) = delete;
+
+    // Connections
+
+    /// Opens a connection with the toolkit's driver @p driver, "QPSQL7" for PostgreSQL, and registers it under
+    /// @p connectionName, or as the default connection when that is empty. One that had the name before is closed.
+    ///
+    /// Null when there is no such driver or the database cannot be opened; what was registered stays so, closed.
+    /// The value pointed to belongs to this library and stays until the process ends; once the name is created
+    /// again it is the new connection. The password goes to the server alone, never to the log.
+    QSqlDatabase* createConnection(const QString& driver, const QString& dbName, const QString& userName,
+                                   const QString& password, const QString& hostName, const QString& connectionName);
+
+    // Statements
+
+    /// The rows affected, -1 after a failure. For a select PostgreSQL's driver counts the rows selected.
+    int executeQuery(const QString& sql, QSqlDatabase* db);
+    /// The first column of the first row.
+    QString executeSelectQuery(const QString& sql, QSqlDatabase* db);
+    /// The first column of every row.
+    QStringList executeSelectQuery2(const QString& sql, QSqlDatabase* db);
+    /// The first @p columns columns of the first row.
+    QStringList executeSelectQuery3(const QString& sql, int columns, QSqlDatabase* db);
+
+    // Diagnostics: what @p method says of itself, then what the toolkit says.
+
+    /// Two DEBUG records of every query, then two ERROR records if it failed.
+    void showQueryError(const QString& method, QSqlQuery& query);
+    /// Two ERROR records if the cursor's last operation failed.
+    void showCursorError(const QString& method, QSqlTableModel& cursor);
+
+    // Records of a table whose key column is named ID
+
+    QString getField(const QString& field, const QString& table, const QString& id, QSqlDatabase* db);
+    /// The rows removed, -1 after a failure.
+    int removeRecord(const QString& table, const QString& id, QSqlDatabase* db);
+    bool existRecord(const QString& table, const QString& id, QSqlDatabase* db);
+    /// The rows that meet @p condition, which is never empty: "1=1" for all. -1 after a failure.
+    int numRecords(const QString& table, const QString& condition, QSqlDatabase* db);
+    /// The largest ID; empty for an empty table, "Error" after a failure.
+    QString getLastId(const QString& table, QSqlDatabase* db);
+    /// Adds a row of default values and returns getLastId(): another program's, if it adds one in between.
+    QString newRecord(const QString& table, QSqlDatabase* db);
+    /// As newRecord(), within a transaction. That is committed in any case, there is no way back.
+    QString safeNewRecord(const QString& table, QSqlDatabase* db);
+
+    // Sequences. Values are taken as 32-bit integers: another text counts as 0, and sums wrap around.
+
+    /// The last value, as text.
+    QString sequenceValue(const QString& sequence, QSqlDatabase* db);
+    void setSequence(const QString& sequence, int value, QSqlDatabase* db);
+    /// Adds @p step to the last value and returns the value before. Not atomic: another program's step in between
+    /// is lost.
+    QString incrementSequence(const QString& sequence, int step, QSqlDatabase* db);
+    QString decrementSequence(const QString& sequence, int step, QSqlDatabase* db);
+    /// Takes @p step off if the last value, read on the default connection, is not less than that. False, and
+    /// nothing changed, otherwise.
+    bool decrementSequenceIfPositive(const QString& sequence, int step, QSqlDatabase* db);
+
+    // Transactions. Failures show in the log of the default connection's alone.
+
+    void begin(QSqlDatabase* db);
+    void commit(QSqlDatabase* db);
+    void rollback(QSqlDatabase* db);
+
+private:
+    void logDebug(const QString& text);
+    void logError(const QString& text);
+    /// @p sql executed and shown. Its method text is that of all three select operations.
+    QSqlQuery selectQuery(const QString& sql, QSqlDatabase* db);
+    QSqlQuery shownQuery(const QString& method, const QString& sql, QSqlDatabase* db);
+
+    Logger* logger; ///< of the log manager, null if none was set
+};
+
+#endif
