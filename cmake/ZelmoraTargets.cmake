@@ -22,6 +22,7 @@ function(zelmora_library name)
     target_sources(zelmora_${name} PUBLIC
         FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${arg_HEADERS})
     target_link_libraries(zelmora_${name} PUBLIC ${arg_LINKS} PRIVATE ${arg_PRIVATE_LINKS})
+    target_compile_features(zelmora_${name} PUBLIC cxx_std_17) # of the headers: a program may have set less
     target_compile_definitions(zelmora_${name} PRIVATE ${ZELMORA_DEFINITIONS})
 endfunction()
 

@@ -1,27 +1,12 @@
 #include "db/databasemanager.h"
+
+#include "db/keptconnections.h"
 #include "toolkit/literals.h"
 #include "util/hlibrary.h"
 
-#include <QMutex>
 #include <QSqlError>
 
-#include <map>
-
 using toolkit::operator""_L1;
-
-namespace {
-
-/// The place where the connection of that name is kept. It stays the same for good. Threads may ask side by side, as
-/// they may of the toolkit's own registry.
-QSqlDatabase& keptConnection(const QString& name)
-{
-    static QMutex mutex;
-    static std::map<QString, QSqlDatabase> connections;
-    const QMutexLocker locker(&mutex);
-    return connections[name];
-}
-
-} // namespace
 
 QSqlDatabase* DatabaseManager::createConnection(const QString& driver, const QString& dbName, const QString& userName,
                                                 const QString& password, const QString& hostName,
@@ -29,8 +14,9 @@ QSqlDatabase* DatabaseManager::createConnection(const QString& driver, const QSt
 {
     const QString name =
         connectionName.isEmpty() ? QString(QLatin1String(QSqlDatabase::defaultConnection)) : connectionName;
-    QSqlDatabase& db = keptConnection(name);
-    // The toolkit would replace the old one too, with a remark on standard error.
+    QSqlDatabase& db = KeptConnections::instance()[name];
+    // The toolkit would replace the old one too, with a remark on standard error. It makes another one if the program
+    // still uses that.
     db = QSqlDatabase();
     QSqlDatabase::removeDatabase(name);
     db = QSqlDatabase::addDatabase(driver, name);
@@ -42,6 +28,7 @@ QSqlDatabase* DatabaseManager::createConnection(const QString& driver, const QSt
     db.setUserName(userName);
     db.setPassword(password);
     db.setHostName(hostName);
+    db.setNumericalPrecisionPolicy(QSql::HighPrecision); // amounts keep all their digits, zeros too
     if (!db.open()) {
         logError("Failed to open database: "_L1 + db.lastError().driverText());
         logError(db.lastError().databaseText());

@@ -1,5 +1,6 @@
 #include "db/databasemanager.h"
 
+#include "db/keptconnections.h"
 #include "log/hlogmanager.h"
 #include "toolkit/literals.h"
 
@@ -12,6 +13,7 @@ using toolkit::operator""_L1;
 DatabaseManager::DatabaseManager()
     : logger(SyncSingleton<HLogManager>::instance()->getLog(QString()))
 {
+    KeptConnections::instance(); // made before the manager, they outlive it
 }
 
 void DatabaseManager::showQueryError(const QString& method, QSqlQuery& query)

@@ -16,8 +16,14 @@ class QSqlTableModel;
 /// Statements are put together from the arguments as they are, without quoting: values come formatted, and from a
 /// trusted place. A null QSqlDatabase* means the toolkit's default connection.
 ///
-/// No operation throws or stops the program. What failed is in the log, and the result is that of an empty one
-/// unless its comment says otherwise. Without a logger nothing is logged.
+/// No operation throws or stops the program. What the server refused is in the log, and the result is that of an
+/// empty one unless its comment says otherwise; a statement on a connection that is not open fails in the same way,
+/// without an ERROR record. Without a logger nothing is logged. The toolkit and PostgreSQL's client have remarks of
+/// their own for standard error: the server's notices, a connection that is not open, one still used when its name is
+/// created again.
+///
+/// Values are given as text: NULL as an empty one, numeric ones with all their digits, floating-point numbers with up
+/// to 15.
 ///
 /// No operation takes a lock: a connection is for the thread that created it, as the toolkit has it. Threads with a
 /// connection of their own may use one manager side by side if it has no logger.
@@ -35,9 +41,10 @@ public:
     /// Opens a connection with the toolkit's driver @p driver, "QPSQL7" for PostgreSQL, and registers it under
     /// @p connectionName, or as the default connection when that is empty. One that had the name before is closed.
     ///
-    /// Null when there is no such driver or the database cannot be opened; what was registered stays so, closed.
+    /// Null when there is no such driver or the database cannot be opened; what was registered stays so, closed. The
+    /// program needs a QCoreApplication, without which the toolkit finds no driver.
     /// The value pointed to belongs to this library and stays until the process ends; once the name is created
-    /// again it is the new connection. The password goes to the server alone, never to the log.
+    /// again it is the new connection. All connections close with the QCoreApplication. The password goes to the server alone, never to the log.
     QSqlDatabase* createConnection(const QString& driver, const QString& dbName, const QString& userName,
                                    const QString& password, const QString& hostName, const QString& connectionName);
 
@@ -49,7 +56,7 @@ public:
     QString executeSelectQuery(const QString& sql, QSqlDatabase* db);
     /// The first column of every row.
     QStringList executeSelectQuery2(const QString& sql, QSqlDatabase* db);
-    /// The first @p columns columns of the first row.
+    /// The first @p columns columns of the first row; those that it has not are empty texts.
     QStringList executeSelectQuery3(const QString& sql, int columns, QSqlDatabase* db);
 
     // Diagnostics: what @p method says of itself, then what the toolkit says.
@@ -84,7 +91,8 @@ public:
     QString incrementSequence(const QString& sequence, int step, QSqlDatabase* db);
     QString decrementSequence(const QString& sequence, int step, QSqlDatabase* db);
     /// Takes @p step off if the last value, read on the default connection, is not less than that. False, and
-    /// nothing changed, otherwise.
+    /// nothing changed, otherwise. True says that the new value was sent: the server refuses 0 for a sequence
+    /// whose minimum is 1.
     bool decrementSequenceIfPositive(const QString& sequence, int step, QSqlDatabase* db);
 
     // Transactions. Failures show in the log of the default connection's alone.
@@ -98,6 +106,8 @@ private:
     void logError(const QString& text);
     /// @p sql executed and shown. Its method text is that of all three select operations.
     QSqlQuery selectQuery(const QString& sql, QSqlDatabase* db);
+    /// The text of a value of the current row; NULL is empty, a floating-point number has up to 15 digits.
+    static QString textOf(const QSqlQuery& query, int column);
     QSqlQuery shownQuery(const QString& method, const QString& sql, QSqlDatabase* db);
 
     Logger* logger; ///< of the log manager, null if none was set

@@ -11,7 +11,7 @@ QString DatabaseManager::getField(const QString& field, const QString& table, co
 {
     QSqlQuery query = shownQuery(QStringLiteral("DatabaseManager::getField(...)"),
                                  "select "_L1 + field + " from "_L1 + table + " where id = "_L1 + id, db);
-    return query.next() ? query.value(0).toString() : QString();
+    return query.next() ? textOf(query, 0) : QString();
 }
 
 int DatabaseManager::removeRecord(const QString& table, const QString& id, QSqlDatabase* db)
@@ -39,7 +39,7 @@ QString DatabaseManager::getLastId(const QString& table, QSqlDatabase* db)
 {
     QSqlQuery query = shownQuery(QStringLiteral("getLastId"), "select max(ID) from "_L1 + table, db);
     if (query.next())
-        return query.value(0).toString();
+        return textOf(query, 0);
     logError("getLastId( "_L1 + table + " ): "_L1 + query.lastQuery() + " return empty result"_L1);
     return QStringLiteral("Error");
 }

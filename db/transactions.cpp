@@ -4,7 +4,7 @@
 
 using toolkit::operator""_L1;
 
-// Each record ends in an empty line of its own, which sets transactions apart in the log.
+// Two empty lines after each record set transactions apart in the log.
 
 void DatabaseManager::begin(QSqlDatabase* db)
 {

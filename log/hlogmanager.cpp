@@ -18,7 +18,8 @@ void HLogManager::set(const QString& loggerArgument, const QString& name)
 {
     auto logger = std::make_unique<Logger>(loggerArgument);
     Logger*& entry = loggers[name.isEmpty() ? defaultName() : name];
-    replaced.emplace_back(entry);
+    if (entry)
+        replaced.emplace_back(entry);
     entry = logger.release();
 }
 

@@ -6,6 +6,7 @@
 
 #include <QMap>
 
+#include <memory>
 #include <vector>
 
 /// The loggers of a program by name, and their owner. The programs share one through
@@ -20,7 +21,8 @@ public:
     HLogManager& operator=(const HLogManager&) = delete;
 
     /// Opens a logger from the settings and keeps it under @p name, or under "default" when that is empty. One that
-    /// had the name before stays usable for those who hold it.
+    /// had the name before stays usable for those who hold it. @p loggerArgument is the argument of Logger's
+    /// constructor, which does not use it.
     void set(const QString& loggerArgument, const QString& name);
 
     /// The logger of that name, null when none was set. Owned by the manager. The empty name stands for "default",
@@ -28,7 +30,8 @@ public:
     Logger* getLog(const QString& name);
 
 protected:
-    QMap<QString, Logger*> loggers; ///< owned; a value may be null
+    /// Owned; a value may be null. Derived classes see what getLog() enters.
+    QMap<QString, Logger*> loggers;
 
 private:
     std::vector<std::unique_ptr<Logger>> replaced; ///< held by others perhaps, so they go last

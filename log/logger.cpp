@@ -8,6 +8,7 @@
 
 #include <QDateTime>
 #include <QFile>
+#include <QFileInfo>
 #include <QTextStream>
 
 using toolkit::operator""_L1;
@@ -17,9 +18,10 @@ namespace {
 /// Of the levels, in their order.
 constexpr QLatin1String levelWords[] = {"DEBUG"_L1, "INFO"_L1, "WARNING"_L1, "ERROR"_L1, "FATAL"_L1};
 
+/// Of a level that is not below the threshold, and so not below DEBUG.
 QLatin1String wordOf(Logger::Level level)
 {
-    return level >= Logger::DEBUG && level <= Logger::FATAL ? levelWords[level] : ""_L1;
+    return level <= Logger::FATAL ? levelWords[level] : ""_L1;
 }
 
 QString lineOf(Logger::Level level, const QString& text)
@@ -28,12 +30,21 @@ QString lineOf(Logger::Level level, const QString& text)
     return "["_L1 + now + "] "_L1 + wordOf(level) + ": "_L1 + text + "\n"_L1;
 }
 
+/// A pipe and a device have none; the toolkit would look for it there, and say so on standard error.
+bool hasEnd(const QString& path)
+{
+    const QFileInfo file(path);
+    return file.isFile() || !file.exists();
+}
+
 /// Not open when @p word names no type.
-QIODevice::OpenMode openMode(const QString& word)
+QIODevice::OpenMode openMode(const QString& word, const QString& path)
 {
     const QString type = word.toUpper();
-    if (type == "APPEND"_L1)
+    if (type == "APPEND"_L1 && hasEnd(path))
         return QIODevice::WriteOnly | QIODevice::Append;
+    if (type == "APPEND"_L1)
+        return QIODevice::WriteOnly;
     if (type == "OVERWRITE"_L1)
         return QIODevice::WriteOnly;
     return QIODevice::NotOpen;
@@ -71,7 +82,7 @@ void Logger::setLevel(const QString& word)
 
 void Logger::setType(const QString& word)
 {
-    const QIODevice::OpenMode mode = openMode(word);
+    const QIODevice::OpenMode mode = openMode(word, fileName);
     if (mode == QIODevice::NotOpen)
         return;
     // Without the toolkit's buffer, which would keep what a full disk refused, and grow.

@@ -9,6 +9,12 @@
 
 namespace {
 
+/// An empty path is no file; the toolkit would say so on standard error.
+bool openFile(QFile& file, QIODevice::OpenMode mode)
+{
+    return !file.fileName().isEmpty() && file.open(mode);
+}
+
 /// A copy under way, a piece at a time.
 class PieceCopier {
 public:
@@ -22,19 +28,19 @@ public:
     bool open()
     {
         // Unbuffered: each piece goes out at once, and none that was refused is kept.
-        return source.open(QIODevice::ReadOnly)
-            && destination.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+        return openFile(source, QIODevice::ReadOnly)
+            && openFile(destination, QIODevice::WriteOnly | QIODevice::Unbuffered);
     }
 
-    bool atEnd() { return source.atEnd(); }
-
-    /// False when there is none, for a file can promise more than it gives: one that is cut meanwhile, one of the
-    /// system's own.
-    bool readPiece()
+    /// Whether there is nothing more to read. A look at the size would not do: one of the system's own files promises
+    /// more than it gives.
+    bool atEnd()
     {
-        size = source.readLine(piece, sizeof piece);
-        return size > 0;
+        char next = 0;
+        return source.peek(&next, 1) != 1;
     }
+
+    void readPiece() { size = source.readLine(piece, sizeof piece); }
 
     void writePiece()
     {
@@ -65,7 +71,8 @@ QString HLibrary::getCoreFile()
 
 void HLibrary::touch(const QString& path)
 {
-    QFile(path).open(QIODevice::WriteOnly);
+    QFile file(path);
+    openFile(file, QIODevice::WriteOnly);
 }
 
 bool HLibrary::copy(const QString& source, const QString& destination, unsigned int linesPerSheet, unsigned int pause)
@@ -73,14 +80,16 @@ bool HLibrary::copy(const QString& source, const QString& destination, unsigned 
     PieceCopier copier(source, destination, pause);
     if (!copier.open())
         return false;
-    // The check stands between a piece and its count: the first sheet takes one more than the others.
-    for (unsigned int pieces = 0; !copier.atEnd() && copier.readPiece(); ++pieces) {
+    unsigned int pieces = 0;
+    while (!copier.atEnd()) {
+        copier.readPiece();
         copier.writePiece();
         if (linesPerSheet != 0 && pieces >= linesPerSheet) {
             paperprompt::askForSheet();
             pieces = 0;
         }
         copier.rest();
+        ++pieces; // after the check: the first sheet takes one piece more than the others
     }
     return true;
 }
@@ -99,11 +108,13 @@ bool HLibrary::copy(const QString& source, const QString& destination, unsigned 
     if (!copier.open())
         return false;
     for (quint64 toSkip = quint64(linesPerPage) * page; toSkip > 0; --toSkip) {
-        if (!copier.readPiece() || copier.atEnd())
+        copier.readPiece();
+        if (copier.atEnd())
             return false;
     }
     const unsigned int last = linesPerPage - 1; // of 0 the largest there is: the whole file
-    for (unsigned int piece = 0; !copier.atEnd() && copier.readPiece(); ++piece) {
+    for (unsigned int piece = 0; !copier.atEnd(); ++piece) {
+        copier.readPiece();
         copier.writePiece();
         if (piece >= last)
             break;

@@ -6,8 +6,8 @@
 class QComboBox;
 class QSqlDatabase;
 
-/// The suite's static helpers. No instances, no state. Nothing takes a lock: what reads the settings needs the store
-/// that SyncSingleton<ZMConfiguration> makes at first use, and may be called from any thread.
+/// The suite's static helpers. No instances, no state. What reads the settings creates the shared store at first use;
+/// any thread may call it.
 class HLibrary {
 public:
     HLibrary() = delete;
@@ -59,8 +59,9 @@ public:
     /// a new sheet; never when @p linesPerSheet is 0.
     ///
     /// The request is "Insert a new sheet". In a program with a QApplication that links Zelmora::utilwidgets it
-    /// is a message box, for which the caller must be the GUI thread. In any other it is the line "PaperWindow:
-    /// Insert a new sheet" on standard output, and a line, or the end, of standard input answers it.
+    /// is a message box, for which the caller must be the GUI thread. In any other, one with windows that does not
+    /// link it too, it is the line "PaperWindow: Insert a new sheet" on standard output, and a line, or the end, of
+    /// standard input answers it.
     ///
     /// False when a file cannot be opened: first @p source is, then @p destination, which that empties or makes.
     /// True otherwise: whether a piece could be written is not checked, and a destination that goes away, a pipe
@@ -73,7 +74,8 @@ public:
                      const QString& pause);
 
     /// Copies the page number @p page, from 0, of @p linesPerPage pieces; pieces and pause as above, but no pause
-    /// follows the page's last piece. With 0 @p linesPerPage all of the file is one page, and every page is that one.
+    /// follows the last of @p linesPerPage pieces. With 0 @p linesPerPage all of the file is one page, and every page
+    /// is that one.
     ///
     /// False when a file cannot be opened (as above), and when the source ends before the page begins: then the
     /// destination is empty. Page 0 of an empty file is an empty page: true.
@@ -96,7 +98,8 @@ public:
 
     // Time.
 
-    /// Blocks the thread for whole seconds. For milliseconds see SleepThread.
+    /// Blocks the thread for whole seconds, and by less than one more when a signal is handled meanwhile. For
+    /// milliseconds see SleepThread.
     static void hsleep(unsigned int seconds);
 
     // With widgets, and for the GUI thread alone: link Zelmora::utilwidgets.

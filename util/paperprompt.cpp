@@ -6,6 +6,7 @@
 
 #include <QObject>
 
+#include <cerrno>
 #include <cstdio>
 
 using toolkit::operator""_L1;
@@ -14,12 +15,24 @@ namespace {
 
 paperprompt::MessageBox messageBox = nullptr;
 
+/// Of standard input; a signal that interrupts the wait is no answer.
+int nextCharacter()
+{
+    for (;;) {
+        errno = 0;
+        const int character = std::getchar();
+        if (character != EOF || errno != EINTR)
+            return character;
+        std::clearerr(stdin);
+    }
+}
+
 void askOnConsole(const QString& caption, const QString& text)
 {
     toolkit::writeLine(toolkit::localeText(caption + ": "_L1 + text));
     int character = 0;
     do
-        character = std::getchar();
+        character = nextCharacter();
     while (character != '\n' && character != EOF);
 }
 

@@ -36,9 +36,14 @@ QLatin1String groupOf(const QString& type)
     return prefiscalGroup;
 }
 
+const ZMConfiguration& settings()
+{
+    return *SyncSingleton<ZMConfiguration>::instance();
+}
+
 QString setting(const QString& key)
 {
-    return SyncSingleton<ZMConfiguration>::instance()->getStrValue(key);
+    return settings().getStrValue(key);
 }
 
 } // namespace
@@ -50,7 +55,8 @@ QString HLibrary::pathWithBinaryFile(const QString& name)
 
 QString HLibrary::copyNumber(const QString& documentType)
 {
-    return setting("zelmora."_L1 + groupOf(documentType.toLower()) + ".copyNumber"_L1);
+    const ZMConfiguration& store = settings(); // first: what it says of a missing file comes before an unknown type
+    return store.getStrValue("zelmora."_L1 + groupOf(documentType.toLower()) + ".copyNumber"_L1);
 }
 
 QString HLibrary::dbname()

@@ -5,7 +5,7 @@
 
 /// A blocking pause: the constructor starts a thread that sleeps, the destructor waits for it, so
 ///
-///     SleepThread(250);
+///     SleepThread {250};
 ///
 /// holds the caller for 250 milliseconds.
 class SleepThread : public QThread {
