@@ -1,5 +1,7 @@
 #include "config/syncsingleton.h"
 
+#include "support/threads.h"
+
 #include <QProcess>
 #include <QtTest>
 
@@ -10,16 +12,6 @@
 #include <thread>
 #include <utility>
 #include <vector>
-
-#ifdef __SANITIZE_THREAD__
-/// Asked by the thread sanitizer. The test library has a watchdog thread, and the toolkit is not built for the
-/// sanitizer, which therefore reports its locks now and then. Our own accesses stay in its sight.
-extern "C" const char* __tsan_default_suppressions()
-{
-    return "called_from_lib:libQt5Core.so.5\n"
-           "called_from_lib:libQt5Test.so.5\n";
-}
-#endif
 
 namespace {
 
@@ -53,30 +45,13 @@ template <int number> struct FailingOnce {
     int value = -1;
 };
 
-/// Runs @p task in every thread at the same moment.
-template <typename Task> void runTogether(const Task& task)
-{
-    std::atomic<int> ready {0};
-    std::vector<std::thread> threads;
-    for (int i = 0; i < threadCount; ++i) {
-        threads.emplace_back([&ready, &task, i] {
-            ++ready;
-            while (ready < threadCount)
-                std::this_thread::yield();
-            task(i);
-        });
-    }
-    for (std::thread& thread : threads)
-        thread.join();
-}
-
 /// Whether the threads got one good instance, made once.
 template <int number> bool oneInstanceForAll()
 {
     using Singleton = SyncSingleton<Counted<number>>;
     std::vector<Counted<number>*> instances(threadCount);
     std::vector<int> values(threadCount);
-    runTogether([&instances, &values](int i) {
+    runTogether(threadCount, [&instances, &values](int i) {
         const auto at = static_cast<std::size_t>(i);
         if (i % 4 == 2)
             std::this_thread::sleep_for(std::chrono::milliseconds(5)); // comes when the instance is there
@@ -96,7 +71,7 @@ template <int number> bool oneFailureThenOneInstance()
     using Singleton = SyncSingleton<FailingOnce<number>>;
     std::atomic<int> exceptions {0};
     std::atomic<int> goodOnes {0};
-    runTogether([&exceptions, &goodOnes](int) {
+    runTogether(threadCount, [&exceptions, &goodOnes](int) {
         try {
             if (Singleton::instance()->value == number)
                 ++goodOnes;
@@ -170,7 +145,7 @@ bool takeInstances(const QByteArray& task)
         SyncSingleton<Log>::instance();
         SyncSingleton<Settings>::instance();
     } else if (task == "--from-threads") {
-        runTogether([](int) { SyncSingleton<Log>::instance(); });
+        runTogether(threadCount, [](int) { SyncSingleton<Log>::instance(); });
     } else if (task == "--nothing") {
         static_cast<void>(&SyncSingleton<Unused>::instance);
     } else {

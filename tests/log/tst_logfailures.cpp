@@ -1,0 +1,301 @@
+#include "log/logger.h"
+
+#include "logfile.h"
+#include "support/capture.h"
+#include "support/pinnedclock.h"
+#include "support/processstate.h"
+#include "support/toolkitmessages.h"
+
+#include <QProcess>
+#include <QtTest>
+
+#include <csignal>
+#include <fcntl.h>
+#include <memory>
+#include <optional>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+/// The reading end of a named pipe.
+class PipeReader {
+public:
+    explicit PipeReader(const QString& path)
+        : descriptor(open(QFile::encodeName(path), O_RDONLY | O_NONBLOCK))
+    {
+        if (descriptor < 0)
+            qFatal("The pipe can't be opened.");
+    }
+
+    ~PipeReader() { close(descriptor); }
+
+    PipeReader(const PipeReader&) = delete;
+    PipeReader& operator=(const PipeReader&) = delete;
+
+    /// What has arrived since the last call.
+    QByteArray newBytes() const
+    {
+        char bytes[4096];
+        const ssize_t size = read(descriptor, bytes, sizeof bytes);
+        return QByteArray(bytes, size > 0 ? int(size) : 0);
+    }
+
+private:
+    const int descriptor;
+};
+
+/// With time and level of the lines in this test.
+QByteArray lineOf(const QByteArray& text)
+{
+    return "[07-04-2026 13:05:09:042] ERROR: " + text + '\n';
+}
+
+} // namespace
+
+/// A log that cannot take its lines: they are lost in silence, the program goes on, and the log does as soon as it
+/// can. And a log that several programs write.
+class TestLogFailures : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void fullDisk_data();
+    void fullDisk();
+    void lostLinesTakeNoMemory();
+    void roomAgain();
+    void roomEndsWithinALine();
+    void pipeWithoutReader_data();
+    void pipeWithoutReader();
+    void fileRemoved();
+    void folderRemoved();
+    void fileRenamed();
+    void processOfItsOwn_data();
+    void processOfItsOwn();
+    void severalProgramsAppend();
+
+private:
+    std::optional<QTemporaryDir> folder;
+    std::optional<ToolkitMessages> messages;
+    std::optional<PinnedClock> clock;
+    QString path;
+};
+
+void TestLogFailures::init()
+{
+    folder.emplace();
+    path = folder->filePath("suite.log");
+    messages.emplace();
+    clock.emplace(utc("2026-07-04T13:05:09.042"));
+    std::signal(SIGPIPE, SIG_DFL);
+    std::signal(SIGXFSZ, SIG_DFL);
+}
+
+void TestLogFailures::cleanup()
+{
+    clock.reset();
+    messages.reset();
+    QCOMPARE(ToolkitMessages::all().join(" / "), QString());
+}
+
+void TestLogFailures::fullDisk_data()
+{
+    QTest::addColumn<QString>("type");
+
+    QTest::newRow("append") << "APPEND";
+    QTest::newRow("overwrite") << "OVERWRITE";
+}
+
+void TestLogFailures::fullDisk()
+{
+    QFETCH(QString, type);
+    useLog("/dev/full", type);
+
+    const QByteArray output = captured(stdout, [] {
+        Logger logger("suite");
+        for (int i = 0; i < 100; ++i)
+            logger.error(QString(i * 1000, 'x'));
+    });
+    QCOMPARE(output, QByteArray());
+}
+
+void TestLogFailures::lostLinesTakeNoMemory()
+{
+    const int length = 10000;
+    useLog("/dev/full", "APPEND", "ERROR");
+    Logger logger("suite");
+    const QString text(length, 'x');
+    logger.error(text);
+
+    const std::size_t before = allocatedBytes();
+    for (int i = 0; i < 2000; ++i)
+        logger.error(text);
+    QVERIFY(allocatedBytes() < before + length);
+}
+
+void TestLogFailures::roomAgain()
+{
+    useLog(path, "APPEND", "ERROR");
+    Logger logger("suite");
+    logger.error("first");
+    {
+        const FileSizeLimit diskIsFull(rlim_t(lineOf("first").size()));
+        for (int i = 0; i < 100; ++i)
+            logger.error("lost");
+    }
+    QCOMPARE(fileContents(path), lineOf("first"));
+    logger.error("second");
+    logger.error("third");
+    QCOMPARE(fileContents(path), lineOf("first") + lineOf("second") + lineOf("third"));
+}
+
+void TestLogFailures::roomEndsWithinALine()
+{
+    const int room = 20;
+    useLog(path, "APPEND", "ERROR");
+    Logger logger("suite");
+    logger.error("first");
+    {
+        const FileSizeLimit diskIsAlmostFull(rlim_t(lineOf("first").size() + room));
+        logger.error("cut");
+        logger.error("lost");
+    }
+    logger.error("second");
+    QCOMPARE(fileContents(path), lineOf("first") + lineOf("cut").left(room) + lineOf("second"));
+}
+
+void TestLogFailures::pipeWithoutReader_data()
+{
+    fullDisk_data();
+}
+
+void TestLogFailures::pipeWithoutReader()
+{
+    QFETCH(QString, type);
+    QCOMPARE(mkfifo(QFile::encodeName(path), 0600), 0);
+    auto reader = std::make_unique<PipeReader>(path);
+    useLog(path, type, "ERROR");
+    Logger logger("suite");
+    logger.error("first");
+    QCOMPARE(reader->newBytes(), lineOf("first"));
+
+    reader.reset();
+    logger.error("lost");
+    logger.error(QString(100000, 'x'));
+
+    reader = std::make_unique<PipeReader>(path);
+    logger.error("second");
+    QCOMPARE(reader->newBytes(), lineOf("second"));
+}
+
+void TestLogFailures::fileRemoved()
+{
+    useLog(path, "APPEND", "ERROR");
+    Logger logger("suite");
+    logger.error("first");
+    QVERIFY(QFile::remove(path));
+    logger.error("lost");
+    QVERIFY(!QFile::exists(path));
+}
+
+void TestLogFailures::folderRemoved()
+{
+    QVERIFY(QDir(folder->path()).mkdir("logs"));
+    useLog(folder->filePath("logs/suite.log"), "APPEND", "ERROR");
+    Logger logger("suite");
+    logger.error("first");
+    QVERIFY(QDir(folder->filePath("logs")).removeRecursively());
+    logger.error("lost");
+    QVERIFY(!QFile::exists(folder->filePath("logs")));
+}
+
+// As a rotation of logs does: the file stays open, whatever its name.
+void TestLogFailures::fileRenamed()
+{
+    const QString renamed = folder->filePath("suite.log.1");
+    useLog(path, "APPEND", "ERROR");
+    Logger logger("suite");
+    logger.error("first");
+    QVERIFY(QFile::rename(path, renamed));
+    logger.error("second");
+    QCOMPARE(fileContents(renamed), lineOf("first") + lineOf("second"));
+    QVERIFY(!QFile::exists(path));
+}
+
+void TestLogFailures::processOfItsOwn_data()
+{
+    QTest::addColumn<QString>("log"); // in the run's folder, or absolute
+    QTest::addColumn<QByteArray>("commands");
+    QTest::addColumn<QByteArray>("output");
+
+    const QByteArray writesALot = "\"$writer\" a 100 5000 </dev/null";
+    QTest::newRow("a full disk") << "/dev/full" << writesALot << QByteArray();
+    QTest::newRow("a file size limit") << "log" << "ulimit -f 8; " + writesALot << QByteArray();
+    QTest::newRow("a missing folder") << "missing/log" << writesALot
+                                      << QByteArray("Error in the method Logger::setType(APPEND)\n");
+    // The reader leaves after the start line, and only then the writer goes on.
+    QTest::newRow("a pipe whose reader has left")
+        << "log"
+        << QByteArray("mkfifo log gate; head -n 1 log >first & reader=$!; "
+                      "\"$writer\" a 3 5000 <gate & writer_id=$!; "
+                      "exec 3>gate; wait $reader; exec 3>&-; wait $writer_id")
+        << QByteArray();
+}
+
+void TestLogFailures::processOfItsOwn()
+{
+    QFETCH(QString, log);
+    QFETCH(QByteArray, commands);
+    QFETCH(QByteArray, output);
+    ProgramRun run;
+    run.setSettings(logSettings(QDir(run.path("")).filePath(log)));
+    run.setEnvironment("writer", ZELMORA_LOGWRITER);
+
+    run.startShell(commands);
+    QVERIFY(run.ended);
+    QCOMPARE(run.standardOutput, output);
+    QCOMPARE(run.standardError, QByteArray());
+    QCOMPARE(run.exitStatus, 0);
+}
+
+void TestLogFailures::severalProgramsAppend()
+{
+    // Short lines, and such as are longer than any buffer on their way.
+    const QStringList lengths {"0", "3000", "17000", "70000"};
+    const int lineCount = 50;
+    ProgramRun surroundings;
+    surroundings.setSettings(logSettings(path, "APPEND", "INFO"));
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("HOME", surroundings.path("home"));
+
+    std::vector<std::unique_ptr<QProcess>> writers;
+    for (const QString& length : lengths) {
+        writers.push_back(std::make_unique<QProcess>());
+        writers.back()->setProcessEnvironment(environment);
+        writers.back()->start(ZELMORA_LOGWRITER, {"writer-" + length, QString::number(lineCount), length});
+    }
+    for (const auto& writer : writers)
+        QVERIFY(writer->waitForStarted());
+    for (const auto& writer : writers)
+        writer->closeWriteChannel(); // they go
+    for (const auto& writer : writers)
+        QVERIFY(writer->waitForFinished());
+
+    const QByteArrayList lines = records(path);
+    QCOMPARE(lines.size(), lengths.size() * lineCount);
+    for (const QString& length : lengths) {
+        const QByteArray start = "INFO: writer-" + length.toUtf8() + ' ';
+        int number = 0;
+        for (const QByteArray& line : lines) {
+            if (line.startsWith(start))
+                QVERIFY(line == start + QByteArray::number(number++) + ' ' + QByteArray(length.toInt(), 'x'));
+        }
+        QCOMPARE(number, lineCount);
+    }
+}
+
+QTEST_GUILESS_MAIN(TestLogFailures)
+#include "tst_logfailures.moc"
