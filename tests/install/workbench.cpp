@@ -1,0 +1,89 @@
+#include "workbench.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+
+namespace {
+
+void writeFile(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("%s can't be written.", qPrintable(path));
+}
+
+} // namespace
+
+Workbench::Workbench()
+    : folder(QDir::tempPath() + "/installed tree XXXXXX")
+{
+    for (const char* name : {"PATH", "LSAN_OPTIONS"})
+        setEnvironment(name, qEnvironmentVariable(name));
+    setEnvironment("HOME", folder.path());
+    setEnvironment("LC_ALL", "C.UTF-8");
+
+    const Outcome installation = run(ZELMORA_CMAKE, {"--install", ZELMORA_BUILD, "--prefix", path("first place")});
+    if (!installation.succeeded || !QFile::rename(path("first place"), installed()))
+        qFatal("The build can't be installed: %s", installation.said.constData());
+}
+
+QString Workbench::installed(const QString& path) const
+{
+    return folder.filePath("installed/" + path);
+}
+
+QString Workbench::path(const QString& name) const
+{
+    return folder.filePath(name);
+}
+
+QString Workbench::built(const QString& project, const QString& name) const
+{
+    return path(project + "/build/" + name);
+}
+
+void Workbench::makeProject(const QString& project, const QByteArray& cmake, const QByteArray& source)
+{
+    if (!QDir(folder.path()).mkpath(project))
+        qFatal("The folder %s can't be made.", qPrintable(project));
+    writeFile(path(project + "/CMakeLists.txt"), cmake);
+    writeFile(path(project + "/main.cpp"), source);
+}
+
+Outcome Workbench::configure(const QString& project, const QStringList& options)
+{
+    const QStringList ours {"-DCMAKE_PREFIX_PATH=" + installed(), "-DCMAKE_CXX_COMPILER=" ZELMORA_COMPILER,
+                            "-DCMAKE_CXX_FLAGS=" ZELMORA_COMPILER_FLAGS, "-DCMAKE_BUILD_TYPE=" ZELMORA_BUILD_TYPE,
+                            "-DCMAKE_MAKE_PROGRAM=" ZELMORA_NINJA};
+    const QStringList places {"-G", "Ninja", "-S", path(project), "-B", built(project)};
+    return run(ZELMORA_CMAKE, places + ours + options);
+}
+
+Outcome Workbench::configureAndBuild(const QString& project, const QStringList& options)
+{
+    const Outcome configured = configure(project, options);
+    return configured.succeeded ? run(ZELMORA_CMAKE, {"--build", built(project), "--parallel", "2"}) : configured;
+}
+
+QByteArray Workbench::filesRead(const QString& project)
+{
+    return run(ZELMORA_NINJA, {"-C", built(project), "-t", "deps"}).said;
+}
+
+Outcome Workbench::run(const QString& command, const QStringList& arguments)
+{
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.setStandardInputFile(QProcess::nullDevice());
+    process.setWorkingDirectory(folder.path());
+    process.start(command, arguments);
+    const bool ended = process.waitForFinished(120000) && process.exitStatus() == QProcess::NormalExit;
+    return {ended && process.exitCode() == 0, process.readAll()};
+}
+
+void Workbench::setEnvironment(const char* name, const QString& value)
+{
+    environment.insert(name, value);
+}
