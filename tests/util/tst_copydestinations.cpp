@@ -256,7 +256,7 @@ void TestCopyDestinations::noThreadIsLeft()
     const int before = threadCount();
     for (const QString& destination : {files.destination, QString("/dev/full")}) {
         QVERIFY(copy(files.source, destination, 1));
-        QTRY_COMPARE(threadCount(), before); // the last one is about to end
+        QTRY_VERIFY(threadCount() <= before); // the last one is about to end, as one of before may have been
     }
 }
 
