@@ -1,5 +1,6 @@
 #include "app/compile.h"
 
+#include "config/translation.h"
 #include "config/zmconfiguration.h"
 #include "driver/companyprinterdriver.h"
 #include "toolkit/console.h"
@@ -9,12 +10,10 @@
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QLocale>
 #include <QTextCodec>
 #include <QTranslator>
 
 #include <algorithm>
-#include <climits>
 #include <initializer_list>
 
 using toolkit::operator""_L1;
@@ -43,20 +42,6 @@ QString filePath(const char* argument)
 {
     const QString path = QFile::decodeName(argument);
     return path.startsWith(QLatin1Char(':')) ? "./"_L1 + path : path;
-}
-
-/// Loads the catalogue that the settings name; without one, texts stay as they are.
-void loadTranslation(QTranslator& translator, const ZMConfiguration& settings)
-{
-    const QString directory = settings.getStrValue(QStringLiteral("zelmora.language.basedir"));
-    const QString file = settings.getStrValue(QStringLiteral("zelmora.language.file"));
-    // No file has a longer name, and the toolkit tries one shorter name after the other.
-    if (directory.size() + file.size() > PATH_MAX)
-        return;
-    if (file == "/"_L1)
-        translator.load(directory + "/zelmora_"_L1 + QLocale::system().name(), QStringLiteral("."));
-    else
-        translator.load(directory + file);
 }
 
 } // namespace

@@ -2,9 +2,25 @@
 
 #include "toolkit/literals.h"
 
+#include <algorithm>
+
 using toolkit::operator""_L1;
 
 namespace libconfig {
+
+namespace {
+
+/// What two QDomNodes share when they are the same node; it lives as long as the document.
+struct NodeIdentity : QDomNode {
+    explicit NodeIdentity(const QDomNode& node)
+        : QDomNode(node)
+    {
+    }
+
+    const void* value() const { return impl; }
+};
+
+} // namespace
 
 Config::Config(const QString& file, const QString& format)
 {
@@ -22,24 +38,71 @@ void Config::constructor(const QString& file, const QString& format)
 {
     fileName = file;
     this->format = format;
-    document = std::make_unique<QDomDocument>();
+    newDocument();
     if (format == "cfg"_L1)
         loadFile();
     else if (format == "xml"_L1)
         loadXmlFile();
 }
 
-/// An element of the tree. createElement() refuses the empty name, which the brace format allows.
-QDomElement Config::newElement(const QString& name)
+void Config::newDocument()
 {
-    QDomElement element = document->createElement(QStringLiteral("group"));
+    orderedSettings.clear();
+    document = std::make_unique<QDomDocument>(QString()); // made without a name it would be a null node
+}
+
+/// An element for the tree @p owner. createElement() refuses the empty name, which the brace format allows.
+QDomElement Config::newElement(QDomDocument& owner, const QString& name)
+{
+    QDomElement element = owner.createElement(QStringLiteral("group"));
     element.setTagName(name);
     return element;
 }
 
+void Config::setSetting(QDomElement group, const QString& name, const QString& value)
+{
+    ++settingCount;
+    if (!group.hasAttribute(name)) {
+        OrderedSettings& settings = orderedSettings[NodeIdentity(group).value()];
+        settings.element = group;
+        settings.names += name;
+    } else if (dropped) {
+        *dropped += name + " = "_L1 + group.attribute(name);
+    }
+    group.setAttribute(name, value);
+}
+
+/// Takes over the names of the attributes of all elements below @p parent, in the order of the file.
+void Config::setOrderBelow(const QDomNode& parent, const QVector<QStringList>& names, int& next)
+{
+    for (QDomElement child = parent.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
+        orderedSettings.insert(NodeIdentity(child).value(), {child, names.value(next++)});
+        setOrderBelow(child, names, next);
+    }
+}
+
+QStringList Config::settingNames(const QDomElement& group) const
+{
+    QStringList names = orderedSettings.value(NodeIdentity(group).value()).names;
+    const QDomNamedNodeMap attributes = group.attributes();
+    if (names.size() == attributes.size())
+        return names;
+
+    names.clear();
+    for (int i = 0; i < attributes.size(); ++i)
+        names += attributes.item(i).nodeName();
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+QDomElement Config::rootElement() const
+{
+    return document ? document->documentElement() : QDomElement();
+}
+
 QString Config::lookup(const QString& key) const
 {
-    return document ? lookup(document->documentElement().firstChild(), key) : QString();
+    return lookup(rootElement().firstChild(), key);
 }
 
 QString Config::lookup(QDomNode node, const QString& key) const

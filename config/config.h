@@ -2,21 +2,33 @@
 #define ZELMORA_CONFIG_CONFIG_H
 
 #include <QDomDocument>
+#include <QHash>
 #include <QString>
+#include <QStringList>
+#include <QVector>
 
 #include <cstdio>
 #include <memory>
+#include <string>
+
+class QFileDevice;
+class QTextStream;
+class QTreeWidget;
+class QTreeWidgetItem;
 
 namespace libconfig {
 
-/// A settings file as a tree, and the look-up of dotted keys in it.
+/// A settings file as a tree: read, looked up by dotted keys, written back, shown for editing.
 ///
 /// The tree: its root element is named after the file's path; a group is an element named after the group, its
 /// sub-groups are child elements in the order of the file, and a setting is an attribute of its group's element.
-/// All values are text. After loading the tree never changes. No operation takes a lock.
+/// Settings come in the order of the file as well; one that is repeated has its first place and its last value.
+/// All values are text. Only loadListView() changes a loaded tree. No operation takes a lock.
 ///
-/// Two formats are read: the brace format, named "cfg" (docs/settings-file.md has its grammar), and XML, named
+/// There are two formats: the brace format, named "cfg" (docs/settings-file.md has its grammar), and XML, named
 /// "xml". No file is ever rejected: a missing or malformed one gives what could be read of it, or an empty tree.
+///
+/// The print program needs no widgets: the operations of the tree view are defined in Zelmora::configwidgets.
 class Config {
 public:
     /// No file, no tree: every look-up gives an empty string until readFile().
@@ -39,6 +51,52 @@ public:
     /// groups of the same name the first that gives a value that is not empty answers.
     QString lookup(const QString& key) const;
 
+    /// Writes the tree to the file @p path, or to the one it was read from when that is empty: the settings of the
+    /// root element and its first group, in UTF-8. Further top-level groups, which no look-up reaches, are left out.
+    ///
+    /// The old file stays whole until the new one is complete, and also, without a word, when the new one cannot be
+    /// written. An existing file keeps its permissions and, as far as the user may, its owner; of a link the file it
+    /// points to is written. A device or a pipe is written directly.
+    ///
+    /// The name of the file is written in the toolkit's encoding for file names, also where the reader found a file by
+    /// the 8-bit form of its name alone.
+    ///
+    /// Values go out as they are, without escaping: in the brace format one with '"' or ';' reads back changed. A
+    /// group that holds no setting, however deep, is left out, as the reader would drop it.
+    void buildConfigFile(QString path) const;
+    /// As above in XML, but for the settings of the root element, which are lines of the brace format here too. An
+    /// XML file read with this class has none. A value with '<', '&' or '"' does not read back, nor does a name that
+    /// XML does not allow.
+    void buildConfigXmlFile(QString path) const;
+    /// The same for one group, at the indentation of a top-level one.
+    void buildConfigFile(QDomNode node, QTextStream& out) const;
+    void buildConfigXmlFile(QDomNode node, QTextStream& out) const;
+
+    /// Writes the whole tree to standard output, in the locale's encoding: a line for each group with its name, a
+    /// line "name = value" for each setting.
+    void printConfigTree() const;
+    void printConfigTree(QDomNode node) const;
+
+    // The tree view: link Zelmora::configwidgets.
+
+    /// A new list of the tree with the one column "ConfigurationFile", owned by the caller. The item of a group has
+    /// below it an item for each setting, labelled with the name, and below that one with the value; then its
+    /// groups. The values alone can be edited.
+    QTreeWidget* newConfigListView() const;
+    QTreeWidget* buildConfigListView() const;
+    /// The same for one group, added to @p list or below @p parent.
+    void buildConfigListView(QDomNode node, QTreeWidget* list) const;
+    void buildConfigListView(QDomNode node, QTreeWidgetItem* parent) const;
+
+    /// Replaces the tree by the one that @p list shows, and writes it to the file that was read, in its format; by a
+    /// failure to write nothing changes but the tree. Nothing happens when @p list is null. An item
+    /// that newConfigListView() made for a group is a group; of the others a child whose first child has no children
+    /// is a setting, any other a group. A group without children is dropped, as the reader drops an empty one: when
+    /// it was the first, the second one takes its place, and is written and found.
+    void loadListView(QTreeWidget* list);
+    void loadListView(QTreeWidgetItem* item, QDomDocument* doc);
+    void loadListView(QTreeWidgetItem* item, QDomNode parent);
+
 protected:
     /// One step of the look-up: the value of @p key, whose first part must name @p node.
     QString lookup(QDomNode node, const QString& key) const;
@@ -56,6 +114,21 @@ protected:
     void loadFile(const QString& name, QDomNode parent);
     void loadXmlFile();
 
+    /// Null when nothing was read.
+    QDomElement rootElement() const;
+    /// The names of a group's settings in their order; in that of their names when the group came from elsewhere.
+    QStringList settingNames(const QDomElement& group) const;
+    /// Writes the tree in the format @p fileFormat, as buildConfigFile() does. Empty when that succeeded, else the
+    /// system's reason. An unknown format writes nothing.
+    QString writeFile(const QString& path, const QString& fileFormat) const;
+    /// The tree that @p list shows, in place of the old one; nothing is written.
+    void rebuildTree(const QTreeWidget& list);
+
+    /// When set, readFile() adds the texts that it drops, and that a file written from the tree would lack: remarks,
+    /// stray words, groups without settings, values with lost quotes, earlier values of a repeated setting, all that
+    /// follows the end of the top level; of XML comments, instructions and texts, and a whole file with an error.
+    QStringList* dropped = nullptr;
+
 private:
     enum class LevelEnd { Brace, EndOfInput };
 
@@ -63,9 +136,27 @@ private:
         void operator()(std::FILE* file) const { std::fclose(file); }
     };
 
-    QDomElement newElement(const QString& name);
+    /// The settings of an element in the order of the file: the toolkit keeps them in the order of a hash that is
+    /// another in every process.
+    struct OrderedSettings {
+        QDomElement element; ///< kept, so that no other element gets the same identity
+        QStringList names;
+    };
+
+    static QDomElement newElement(QDomDocument& owner, const QString& name);
+    void setSetting(QDomElement group, const QString& name, const QString& value);
+    void setOrderBelow(const QDomNode& parent, const QVector<QStringList>& names, int& next);
+    void newDocument();
+    bool writeTree(QFileDevice& file, const QString& fileFormat) const;
+    void writeTree(QTextStream& out, const QString& fileFormat) const;
+    void writeGroup(const QDomElement& group, QTextStream& out, const QString& indentation, QString& heads) const;
+    void writeElement(const QDomElement& element, QTextStream& out, const QString& indentation) const;
+    void writeSettings(const QDomElement& group, QTextStream& out, const QString& indentation) const;
     LevelEnd readLevel(QDomElement element, QDomNode parent);
     QString readValue();
+    void noteDropped(const std::string& bytes);
+    bool noteDroppedNodes(const QDomNode& parent);
+    std::string restOfInput();
     /// The next byte of the stream, or EOF: at its end, after an error, and when it is closed.
     int nextCharacter();
 
@@ -73,7 +164,9 @@ private:
     QString format;
     std::unique_ptr<std::FILE, FileCloser> stream; ///< of the brace reader; null when closed
     std::unique_ptr<QDomDocument> document;
+    QHash<const void*, OrderedSettings> orderedSettings; ///< by the element's identity
     int groupDepth = 0;
+    int settingCount = 0; ///< of all settings read so far, repeated ones too
 };
 
 } // namespace libconfig

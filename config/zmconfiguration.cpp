@@ -4,9 +4,14 @@
 
 #include <QDir>
 
+QString ZMConfiguration::path()
+{
+    return QDir::homePath() + QStringLiteral("/.zelmora/conf/zelmora.conf");
+}
+
 ZMConfiguration::ZMConfiguration()
 {
-    readFile(QDir::homePath() + QStringLiteral("/.zelmora/conf/zelmora.conf"), QStringLiteral("cfg"));
+    readFile(path(), QStringLiteral("cfg"));
 }
 
 QString ZMConfiguration::getStrValue(const QString& key) const

@@ -9,12 +9,18 @@
 /// the file is read when that is first asked for, and never again.
 class ZMConfiguration : public libconfig::Config {
 public:
+    /// The path of the user's own settings file.
+    static QString path();
+
     /// Reads the file. A missing one is reported on standard output and leaves every setting empty.
     ZMConfiguration();
 
     /// The text stored under a dotted key such as "zelmora.receiptdoc.paperWidth", an empty string when there is
     /// none. Key and value pass through the 8-bit form (Latin-1): a character above U+00FF becomes '?'.
     QString getStrValue(const QString& key) const;
+
+    /// The settings as a list to edit, owned by the caller: Config::newConfigListView(). Link Zelmora::configwidgets.
+    QTreeWidget* newConfigListView() const;
 };
 
 #endif

@@ -29,12 +29,14 @@ struct ParseState {
     bool entityDeclared = false;
 };
 
-/// Stands between reader and handler: watches nesting and entities, drops xmlns attributes, passes the rest on.
+/// Stands between reader and handler: watches nesting and entities, drops xmlns attributes if asked to, passes the
+/// rest on.
 class Guard : public QXmlDefaultHandler {
 public:
-    Guard(QXmlDefaultHandler& handler, ParseState& state)
+    Guard(QXmlDefaultHandler& handler, ParseState& state, NamespaceDeclarations declarations)
         : handler(handler)
         , state(state)
+        , dropsNamespaces(declarations == NamespaceDeclarations::Drop)
     {
     }
 
@@ -45,7 +47,7 @@ public:
     {
         if (++nesting > greatestNesting)
             return false;
-        for (int i = 0; i < atts.count(); ++i) {
+        for (int i = 0; dropsNamespaces && i < atts.count(); ++i) {
             if (isNamespaceDeclaration(atts.qName(i)))
                 return handler.startElement(QString(), QString(), qName, withoutNamespaces(atts));
         }
@@ -114,6 +116,7 @@ private:
 
     QXmlDefaultHandler& handler;
     ParseState& state;
+    const bool dropsNamespaces;
     int nesting = 0;
     /// Characters that a reference such as "&name" or "%name" stands for in the end. Those that XML declares
     /// itself stand for one.
@@ -156,10 +159,10 @@ private:
 
 } // namespace
 
-bool readXml(QFile& file, QXmlDefaultHandler& handler)
+bool readXml(QFile& file, QXmlDefaultHandler& handler, NamespaceDeclarations declarations)
 {
     ParseState state;
-    Guard guard(handler, state);
+    Guard guard(handler, state, declarations);
     QXmlSimpleReader reader;
     // The reader's name space tables cost a search for each element and prefix (measured: 2,000 of each take
     // 22 s). Nobody here asks for name spaces, and the guard drops their declarations just as the tables would.

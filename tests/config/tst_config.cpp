@@ -45,6 +45,10 @@ private slots:
     void xmlFault_data();
     void xmlFault();
 
+    void dropped_data();
+    void dropped();
+    void droppedIsAddedTo();
+
     void nothingLoaded();
     void readingAgainReplaces_data();
     void readingAgainReplaces();
@@ -67,6 +71,7 @@ namespace {
 class OpenConfig : public Config {
 public:
     using Config::closeFile;
+    using Config::dropped;
     using Config::jump;
     using Config::lookup;
     using Config::openFile;
@@ -497,6 +502,22 @@ void TestConfig::encoding_data()
     add("Ctrl-Z is no end of the file", "zelmora: { a = \x1A; b = 2; };", "zelmora.b", "2");
     add("Ctrl-Z is a character like others", "zelmora: { a = \x1A; };", "zelmora.a", "\x1A");
     add("a byte-order mark", "\xEF\xBB\xBFzelmora: { a = 1; };", "zelmora.a", "1");
+    const QByteArray mark = "\xEF\xBB\xBF";
+    const QString character(QChar::ByteOrderMark);
+    add("several byte-order marks", mark + mark + " \n" + mark + "zelmora: { a = 1; };", "zelmora.a", "1");
+    add("byte-order marks before a name", "zelmora: { " + mark + mark + "a = 1; };", "zelmora.a", "1");
+    add("byte-order marks before a group's name", "zelmora: { " + mark + ' ' + mark + " doc: { a = 1; }; };",
+        "zelmora.doc.a", "1");
+    add("byte-order marks before a value", "zelmora: { a = " + mark + mark + " 1; };", "zelmora.a", "1");
+    add("byte-order marks before the quotes of a value", "zelmora: { a =" + mark + "\" 1\"; };", "zelmora.a", " 1");
+    add("a name of nothing but byte-order marks", "zelmora: { " + mark + mark + " = 1; };", "zelmora.", "1");
+    add("a value of nothing but byte-order marks", "zelmora: { a = " + mark + mark + "; };", "zelmora.a", "");
+    add("a byte-order mark inside quotes stays", "zelmora: { a = \"" + mark + "1\"; };", "zelmora.a", character + '1');
+    add("a byte-order mark in a value stays", "zelmora: { a = 1" + mark + "2" + mark + "; };", "zelmora.a",
+        '1' + character + '2' + character);
+    add("a byte-order mark in a name stays", "zelmora: { a" + mark + " = 1; };", "zelmora.a" + character, "1");
+    add("a byte-order mark beside ISO-8859-1 is three characters", "zelmora: { a = " + mark + "\xE8; };", "zelmora.a",
+        "ï»¿è");
 
     const QByteArray nul(1, '\0');
     add("a NUL in a value", "zelmora: { a = 1" + nul + "2; b = 2; };", "zelmora.a",
@@ -654,6 +675,14 @@ void TestConfig::xml_data()
     row("a declaration first hides the root element", "<?xml version='1.0'?><zelmora a='1'/>", "zelmora.a",
         "");
     row("a comment first hides the root element", "<!-- till 1 --><zelmora a='1'/>", "zelmora.a", "");
+    row("an instruction first hides the root element", "<?till 1?><zelmora a='1'/>", "zelmora.a", "");
+    row("a declaration and a comment first hide the root element",
+        "<?xml version='1.0'?>\n<!-- till 1 -->\n<zelmora a='1'/>", "zelmora.a", "");
+    row("what comes first is no group itself", "<?zelmora a='1'?><zelmora a='1'/>", "zelmora.a", "");
+    row("a comment first does not make way for the next element", "<!-- till 1 --><other><zelmora a='1'/></other>",
+        "zelmora.a", "");
+    row("a comment first does not make way for an element's child", "<!-- till 1 --><other><zelmora a='1'/></other>",
+        "other.zelmora.a", "");
     row("a comment first hides an element inside", "<!-- till 1 --><zelmora><doc a='1'/></zelmora>",
         "zelmora.doc.a", "");
 }
@@ -706,6 +735,102 @@ void TestConfig::xmlFault()
     QCOMPARE(output, QByteArray());
     QCOMPARE(config.lookup("zelmora.a"), QString());
     QCOMPARE(config.lookup("a.a"), QString());
+}
+
+void TestConfig::dropped_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QStringList>("expected");
+    const auto row = [](const char* name, const QByteArray& text, const QStringList& expected) {
+        QTest::newRow(name) << text << "cfg" << expected;
+    };
+    const auto xml = [](const char* name, const QByteArray& text, const QStringList& expected) {
+        QTest::newRow(name) << text << "xml" << expected;
+    };
+
+    row("nothing of a good file",
+        "a = 1; zelmora: { a = \"1\"; b = 2; doc: { c = \" 3 \"; }; }; other: { d = ; };", {});
+    row("nothing of an empty file", " \n", {});
+    row("no marks and no white space", "\xEF\xBB\xBF zelmora \n: \n{ a = 1;\n}\n;\n\n", {});
+    row("text between ':' and '{'", "zelmora: of our a = 1; till { a = 1; };", {"of our a = 1; till"});
+    row("text between '}' and ';'", "zelmora: { doc: { a = 1; } end = 2 ; }\n # x\n;", {"end = 2", "# x"});
+    row("text before '}'", "zelmora: { a = 1; # the end\n};", {"# the end"});
+    row("text at the end of the file", "zelmora: { a = 1; };\n# caff\xE8", {"# caffè"});
+    row("text at the end, in a group", "zelmora: { a = 1; nam", {"nam"});
+    row("a remark that becomes part of a name is not dropped", "zelmora: { # x\n a = 1; };", {});
+    row("text after a '}' too many", "zelmora: { a = 1; }; } b = 2; c: { d = 3; };", {"b = 2", "c: { d = 3; };"});
+    row("text before and after a '}' too many", "x } ; y", {"x", "y"});
+    row("white space after a '}' too many", "zelmora: { a = 1; }; };\n \n", {});
+    row("a ':' without a '{'", "zelmora: { a = 1; doc: b = 2; };", {"b = 2; };", "doc"});
+    row("an empty group", "zelmora: { a = 1; none: { }; };", {"none"});
+    row("an empty top-level group", "none: { }; zelmora: { a = 1; };", {"none"});
+    row("an empty group without a name", "zelmora: { a = 1; : { }; };", {});
+    row("groups that hold empty groups alone", "zelmora: { a = 1; x: { y: { z: { }; }; }; };", {"z", "y", "x"});
+    row("an empty group beside a setting", "zelmora: { x: { y: { }; a = 1; }; };", {"y"});
+    row("a group that begins at the end of the file", "zelmora: { a = 1; doc: {", {"doc"});
+    row("the earlier values of a setting", "zelmora: { a = 1; b = 2; a = 3; a = 4; }; b = 5; b = 5;",
+        {"a = 1", "a = 3", "b = 5"});
+    row("the same name in other groups", "a = 1; zelmora: { a = 1; doc: { a = 1; }; doc: { a = 1; }; };", {});
+    row("quotes in the middle", "zelmora: { a = 7\" paper; };", {"7\" paper"});
+    row("two quotes in the middle", "zelmora: { a = 7\" x 5\" paper; };", {"7\" x 5\" paper"});
+    row("quotes inside quotes", "zelmora: { a = \"7\" x 5\"\"; };", {"\"7\" x 5\"\""});
+    row("a quote at one end", "zelmora: { a = \"7; b = 5\"; c = \"; };", {"\"7", "5\"", "\""});
+    row("quotes around nothing", "zelmora: { a = \"\"; b = \" \"; };", {});
+    row("a semicolon in quotes, which leaves a quote on each side", "zelmora: { a = \"1;2\"; b = 3; };", {"\"1"});
+    row("groups nested too deep",
+        QByteArray("g: { a = 1; ").repeated(1000) + "deep: { b = 2; }; " + QByteArray("}; ").repeated(1000),
+        {QString("b = 2; };") + QString(" };").repeated(1000), "deep"});
+
+    xml("nothing of a good XML file", "<zelmora a='7&quot;' b=''>\n <doc xmlns='u' c=' 3 '/>\n</zelmora>\n", {});
+    xml("text and comments of XML", "<zelmora a='1'>one<!-- two --><doc b='2'>\n three\n</doc></zelmora><!--four-->",
+        {"one", "two", "three", "four"});
+    xml("instructions and character data", "<zelmora a='1'><?one two?><![CDATA[ three ]]></zelmora>",
+        {"two", "three"});
+    xml("all after a declaration", "<?xml version='1.0'?><zelmora a='1'/>", {"version='1.0'", "zelmora"});
+    xml("all after a comment", "<!-- one --><zelmora a='1'><doc b='2'/></zelmora><!-- two -->",
+        {"one", "zelmora", "two"});
+    xml("groups without settings in XML", "<zelmora a='1'><x><y/></x><doc><row b='2'/><z/></doc></zelmora>",
+        {"y", "x", "z"});
+    xml("a document type declaration", "<!DOCTYPE zelmora><zelmora a='1'/>", {"DOCTYPE zelmora"});
+    xml("the earlier values of an attribute", "<zelmora a='1' b='2' a='3'><doc a='4' a='4'/></zelmora>",
+        {"a = 1", "a = 4"});
+    xml("a whole file with an error", "\n<zelmora a='1'>\n", {"<zelmora a='1'>"});
+    xml("a whole file in another format", "zelmora: { a = 1; };", {"zelmora: { a = 1; };"});
+    xml("nothing of an empty XML file", "", {});
+}
+
+void TestConfig::dropped()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QString, format);
+    QFETCH(QStringList, expected);
+
+    OpenConfig config;
+    QStringList texts;
+    config.dropped = &texts;
+    read(config, text, qPrintable(format));
+    QCOMPARE(texts, expected);
+}
+
+void TestConfig::droppedIsAddedTo()
+{
+    OpenConfig config;
+    QStringList texts {"before"};
+    config.dropped = &texts;
+    read(config, "zelmora: { a = 1; # one\n };");
+    read(config, "<zelmora a='1'>two</zelmora>", "xml");
+    QCOMPARE(texts, (QStringList {"before", "# one", "two"}));
+    QCOMPARE(captured(stdout, [&] { config.readFile("/nowhere/zelmora.xml", "xml"); }), QByteArray());
+    QCOMPARE(texts.size(), 3);
+    const QTemporaryDir folder;
+    config.readFile(folder.path(), "xml");
+    QCOMPARE(texts.size(), 3);
+
+    config.dropped = nullptr;
+    read(config, "zelmora: { a = 1; # three\n };");
+    QCOMPARE(texts.size(), 3);
+    QCOMPARE(config.lookup("zelmora.a"), QString("1"));
 }
 
 void TestConfig::nothingLoaded()

@@ -7,6 +7,8 @@
 #include <QXmlSimpleReader>
 #include <QtTest>
 
+using toolkit::NamespaceDeclarations;
+
 namespace {
 
 /// Keeps a line for each event, such as `start row [id=1] [text=Pizza]`, and answers false to one of them.
@@ -56,19 +58,21 @@ struct Outcome {
     QStringList events;
 };
 
-Outcome read(QFile& file, const QString& refused = QString())
+Outcome read(QFile& file, const QString& refused = QString(),
+             NamespaceDeclarations declarations = NamespaceDeclarations::Drop)
 {
     EventLog log(refused);
-    const bool result = toolkit::readXml(file, log);
+    const bool result = toolkit::readXml(file, log, declarations);
     return {result, log.events};
 }
 
-Outcome read(const QByteArray& text, const QString& refused = QString())
+Outcome read(const QByteArray& text, const QString& refused = QString(),
+             NamespaceDeclarations declarations = NamespaceDeclarations::Drop)
 {
     QTemporaryFile file;
     if (!file.open() || file.write(text) != text.size() || !file.seek(0))
         qFatal("The input of this test can't be written.");
-    return read(file, refused);
+    return read(file, refused, declarations);
 }
 
 /// What the toolkit's reader says of @p text when it is left to itself, as far as readXml() passes it on.
@@ -106,6 +110,9 @@ private slots:
     void events();
     void manyElements();
     void manyNameSpaces();
+    void namespaceDeclarations_data();
+    void namespaceDeclarations();
+    void keptDeclarationsKeepTheBounds();
     void openFileIsReadFromWhereItStands();
 
     void fault_data();
@@ -228,6 +235,62 @@ void TestXmlReader::manyNameSpaces()
     QCOMPARE(outcome.events.size(), 40004);
     QCOMPARE(outcome.events.at(1), QString("start job"));
     QCOMPARE(outcome.events.at(40000), QString("start p19999:row"));
+}
+
+void TestXmlReader::namespaceDeclarations_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("kept"); // the root element's event
+    QTest::addColumn<QString>("dropped");
+    const auto row = [](const char* name, const char* text, const char* kept, const char* dropped) {
+        QTest::newRow(name) << QByteArray(text) << kept << dropped;
+    };
+
+    row("none", "<job b='1' a='2'/>", "start job [b=1] [a=2]", "start job [b=1] [a=2]");
+    row("between other attributes", "<job z='1' xmlns='u' m='2' xmlns:p='v' a='3'/>",
+        "start job [z=1] [xmlns=u] [m=2] [xmlns:p=v] [a=3]", "start job [z=1] [m=2] [a=3]");
+    row("nothing else", "<p:job xmlns:p='u'/>", "start p:job [xmlns:p=u]", "start p:job");
+    row("empty, and one given twice", "<job xmlns='' xmlns:p='1' xmlns:p='2'/>",
+        "start job [xmlns=] [xmlns:p=1] [xmlns:p=2]", "start job");
+    row("with an entity in it", "<!DOCTYPE job [<!ENTITY e 'u'>]><job xmlns:p='&e;' a='&e;'/>",
+        "start job [xmlns:p=u] [a=u]", "start job [a=u]");
+}
+
+void TestXmlReader::namespaceDeclarations()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QString, kept);
+    QFETCH(QString, dropped);
+
+    const Outcome keeping = read(text, QString(), NamespaceDeclarations::Keep);
+    QVERIFY(keeping.result);
+    QCOMPARE(keeping.events.size(), 4);
+    QCOMPARE(keeping.events.at(1), kept);
+    QCOMPARE(read(text, QString(), NamespaceDeclarations::Drop).events.at(1), dropped);
+    QCOMPARE(read(text).events.at(1), dropped); // as is usual
+
+    const Outcome refused = read(text, kept, NamespaceDeclarations::Keep);
+    QVERIFY(!refused.result);
+    QCOMPARE(refused.events, (QStringList {"startDocument", kept}));
+}
+
+// Declarations on every element, by the thousands, and the greatest nesting.
+void TestXmlReader::keptDeclarationsKeepTheBounds()
+{
+    QByteArray declarations;
+    for (int i = 0; i < 5000; ++i)
+        declarations += " xmlns:p" + QByteArray::number(i) + "='u'";
+    const QByteArray rows = QByteArray("<row xmlns='u'/>").repeated(5000);
+    const Outcome many = read("<job" + declarations + '>' + rows + "</job>", QString(), NamespaceDeclarations::Keep);
+    QVERIFY(many.result);
+    QCOMPARE(many.events.at(1).count("xmlns:p"), 5000);
+    QCOMPARE(many.events.count("start row [xmlns=u]"), 5000);
+
+    const auto nest = [](int depth) {
+        return QByteArray("<a xmlns='u'>").repeated(depth) + QByteArray("</a>").repeated(depth);
+    };
+    QVERIFY(read(nest(1000), QString(), NamespaceDeclarations::Keep).result);
+    QVERIFY(!read(nest(1001), QString(), NamespaceDeclarations::Keep).result);
 }
 
 void TestXmlReader::openFileIsReadFromWhereItStands()
