@@ -1,13 +1,14 @@
-# find_package(Zelmora 1.0 REQUIRED COMPONENTS config log util utilwidgets db): the libraries Zelmora::<component>, and of
-# the toolkit what they need. Without components: all of them.
+# find_package(Zelmora 1.0 REQUIRED COMPONENTS config configwidgets log util utilwidgets db): the libraries
+# Zelmora::<component>, and of the toolkit what they need. Without components: all of them.
 include(CMakeFindDependencyMacro)
 
 set(zelmora_modules_config Core Xml)
+set(zelmora_modules_configwidgets Core Xml Widgets)
 set(zelmora_modules_log Core Xml)
 set(zelmora_modules_util Core Xml)
 set(zelmora_modules_utilwidgets Core Xml Widgets)
 set(zelmora_modules_db Core Sql Xml)
-set(zelmora_components config log util utilwidgets db)
+set(zelmora_components config configwidgets log util utilwidgets db)
 
 if(NOT Zelmora_FIND_COMPONENTS)
     set(Zelmora_FIND_COMPONENTS ${zelmora_components})

@@ -8,6 +8,9 @@ TEST_PACKAGES=("${BUILD_PACKAGES[@]}" locales postgresql postgresql-client libqt
 # To measure as well: what the print program is measured against, and time(1) for the memory.
 BENCH_PACKAGES=("${BUILD_PACKAGES[@]}" xsltproc python3 time)
 
+# To take the pictures in the documents: a screen without a screen, a window manager and a hand for it, a camera, a font.
+SCREENSHOT_PACKAGES=("${BUILD_PACKAGES[@]}" xvfb openbox xdotool imagemagick fonts-dejavu-core)
+
 # install_packages PACKAGE...: installs those that are missing, as root or through sudo.
 install_packages() {
     local package missing=() as_root=()

@@ -19,6 +19,7 @@ private slots:
     void headers();
     void noPathOfTheBuildShows();
     void printProgramAndCatalogue();
+    void settingsEditor();
 
     void search_data();
     void search();
@@ -175,7 +176,7 @@ void TestInstalledTree::noPathOfTheBuildShows()
     for (const QString& file : files) {
         const QByteArray text = fileContents(workbench->installed(file));
         QVERIFY2(!text.isEmpty(), qPrintable(file));
-        for (const char* place : {ZELMORA_BUILD, ZELMORA_SOURCE, "first place"})
+        for (const char* place : {ZELMORA_BUILD, ZELMORA_SOURCE, "place of the installation"})
             QVERIFY2(!text.contains(place), qPrintable(file + ": " + place));
     }
 }
@@ -198,6 +199,17 @@ void TestInstalledTree::printProgramAndCatalogue()
     QVERIFY2(found.isEmpty(), found.constData());
 }
 
+// It says so when there is no file, and stays open.
+void TestInstalledTree::settingsEditor()
+{
+    ProgramRun run;
+    run.setEnvironment("installed", workbench->installed());
+    run.setEnvironment("QT_QPA_PLATFORM", "offscreen");
+    run.setEnvironment("XDG_RUNTIME_DIR", run.path("."));
+    run.startShell("timeout 3 \"$installed/bin/zelmora-settings\" missing.conf");
+    QCOMPARE(run.exitStatus, 124); // of timeout
+}
+
 void TestInstalledTree::search_data()
 {
     QTest::addColumn<QByteArray>("wanted");
@@ -212,9 +224,11 @@ void TestInstalledTree::search_data()
                                                << QByteArray("find_package for module Qt5Widgets");
     QTest::newRow("an unknown component")
         << QByteArray("1.0 REQUIRED COMPONENTS config cellar") << false
-        << QByteArray("There is no component cellar; there are: config, log, util, utilwidgets, db.");
+        << QByteArray("There is no component cellar; there are: config, configwidgets, log, util, utilwidgets, db.");
     QTest::newRow("an unknown component that nobody insists on")
         << QByteArray("1.0 REQUIRED COMPONENTS config OPTIONAL_COMPONENTS cellar") << true << QByteArray();
+    QTest::newRow("a component that nobody insists on, without its module")
+        << QByteArray("1.0 REQUIRED COMPONENTS config OPTIONAL_COMPONENTS utilwidgets") << true << QByteArray();
     QTest::newRow("version 2.0") << QByteArray("2.0 REQUIRED COMPONENTS config") << false
                                  << QByteArray("compatible with requested version \"2.0\"");
     QTest::newRow("version 0.9") << QByteArray("0.9 REQUIRED COMPONENTS config") << false
@@ -243,8 +257,8 @@ void TestInstalledTree::everyProgramIsFound()
     QStringList headings;
     for (const DocumentedProgram& program : documentedPrograms(page))
         headings += program.heading;
-    QCOMPARE(headings, QStringList({"ZMConfiguration", "Config", "SyncSingleton", "Logger", "HLogManager", "HLibrary",
-                                    "With widgets", "SleepThread", "DatabaseManager"}));
+    QCOMPARE(headings, QStringList({"ZMConfiguration", "Config", "The tree view", "SyncSingleton", "Logger", "HLogManager",
+                                    "HLibrary", "With widgets", "SleepThread", "DatabaseManager"}));
     QCOMPARE(page.count("```cpp\n// Zelmora::"), headings.size());
 }
 
@@ -261,7 +275,7 @@ static QSet<QString> librariesFor(const QString& component)
     QSet<QString> libraries {"libQt5Core", "libQt5Xml"};
     if (component == "db")
         libraries += "libQt5Sql";
-    if (component == "utilwidgets")
+    if (component.endsWith("widgets"))
         libraries += {"libQt5Gui", "libQt5Widgets"};
     return libraries;
 }

@@ -1,0 +1,32 @@
+#include "config/translation.h"
+#include "config/zmconfiguration.h"
+#include "editor/settingswindow.h"
+#include "toolkit/literals.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QTranslator>
+
+using toolkit::operator""_L1;
+
+/// zelmora-settings [file]: without a file, the user's own.
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    QApplication::setOrganizationName(QStringLiteral("zelmora"));
+    QApplication::setApplicationName(QStringLiteral("zelmora-settings"));
+
+    // In the language of the documents; the toolkit has its own catalogues for the buttons it brings.
+    QTranslator texts;
+    loadTranslation(texts, *SyncSingleton<ZMConfiguration>::instance());
+    QApplication::installTranslator(&texts);
+    QTranslator buttons;
+    if (buttons.load("qtbase_"_L1 + texts.language(), QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&buttons);
+
+    SettingsWindow window;
+    window.show();
+    const QStringList arguments = QApplication::arguments();
+    window.openFile(arguments.size() > 1 ? arguments.at(1) : ZMConfiguration::path());
+    return QApplication::exec();
+}

@@ -1,0 +1,327 @@
+#include "editor/settingswindow.h"
+
+#include "editor/valuedelegate.h"
+#include "toolkit/literals.h"
+
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSettings>
+#include <QShortcut>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
+
+using toolkit::operator""_L1;
+
+namespace {
+
+const QSize firstSize(480, 640);
+const QString geometryKey = QStringLiteral("geometry");
+
+/// As much as a message can show; the rest is counted, or left out.
+const int mostLines = 12;
+const int longestLine = 100;
+
+QString oneLine(const QString& text)
+{
+    const QString line = text.simplified();
+    return line.size() <= longestLine ? line : line.left(longestLine) + "..."_L1;
+}
+
+QString bulletList(const QStringList& texts)
+{
+    QString list;
+    for (const QString& text : texts.mid(0, mostLines))
+        list += "\n\xB7 "_L1 + oneLine(text);
+    if (texts.size() > mostLines)
+        list += "\n"_L1 + QObject::tr("and %1 more").arg(texts.size() - mostLines);
+    return list;
+}
+
+/// A message in which texts from the file stand as they are, whatever they look like.
+class Message : public QMessageBox {
+public:
+    Message(QWidget* parent, Icon icon, const QString& text, StandardButtons buttons = Ok)
+        : QMessageBox(icon, QObject::tr("Settings"), text, buttons, parent)
+    {
+        setTextFormat(Qt::PlainText);
+    }
+};
+
+} // namespace
+
+SettingsWindow::SettingsWindow()
+{
+    addActions();
+    addFindBar();
+    statusBar(); // or the window would change with its first message
+    showTree();
+    resize(firstSize);
+    restoreGeometry(QSettings().value(geometryKey).toByteArray());
+}
+
+void SettingsWindow::addActions()
+{
+    QMenu* const fileMenu = menuBar()->addMenu(QObject::tr("&File"));
+    fileMenu->addAction(QObject::tr("&Open..."), this, &SettingsWindow::open, QKeySequence::Open);
+    // Not all platforms have a standard key for saving under another name, and for quitting.
+    const QKeySequence saveAsKey(Qt::CTRL + Qt::SHIFT + Qt::Key_S);
+    fileActions += fileMenu->addAction(QObject::tr("&Save"), this, &SettingsWindow::save, QKeySequence::Save);
+    fileActions += fileMenu->addAction(QObject::tr("Save &as..."), this, &SettingsWindow::saveAs, saveAsKey);
+    fileActions += fileMenu->addAction(QObject::tr("&Reload"), this, &SettingsWindow::reload, QKeySequence::Refresh);
+    fileMenu->addSeparator();
+    const QKeySequence quitKey(Qt::CTRL + Qt::Key_Q);
+    fileMenu->addAction(QObject::tr("&Quit"), this, &SettingsWindow::close, quitKey);
+
+    QMenu* const editMenu = menuBar()->addMenu(QObject::tr("&Edit"));
+    const QKeySequence editKey(Qt::Key_F2);
+    editMenu->addAction(QObject::tr("Edit &value"), this, &SettingsWindow::editCurrentValue, editKey);
+    editMenu->addAction(QObject::tr("&Find"), this, &SettingsWindow::startFinding, QKeySequence::Find);
+    editMenu->addAction(QObject::tr("Find &next"), this, &SettingsWindow::findNext, QKeySequence::FindNext);
+}
+
+void SettingsWindow::addFindBar()
+{
+    QToolBar* const bar = addToolBar(QObject::tr("Find"));
+    bar->setMovable(false);
+    findField = new QLineEdit;
+    findField->setPlaceholderText(QObject::tr("Find a name or a value"));
+    findField->setClearButtonEnabled(true);
+    bar->addWidget(findField);
+    connect(findField, &QLineEdit::returnPressed, this, &SettingsWindow::findNext);
+}
+
+bool SettingsWindow::openFile(const QString& path)
+{
+    const QString reason = file.load(QFileInfo(path).absoluteFilePath());
+    if (!reason.isEmpty()) {
+        Message(this, QMessageBox::Critical, QObject::tr("The file %1 cannot be read: %2").arg(path, reason)).exec();
+        return false;
+    }
+    showTree();
+    warnOfLosses();
+    return true;
+}
+
+void SettingsWindow::warnOfLosses()
+{
+    QStringList warnings;
+    const auto addWarning = [&warnings](const QString& text, const QStringList& details) {
+        if (!details.isEmpty())
+            warnings += text + bulletList(details);
+    };
+    if (file.isHiddenByItsBeginning())
+        warnings += QObject::tr("Nothing may stand before the first group of an XML file, no declaration and no comment: "
+                                "no program finds a setting in this file.");
+    addWarning(QObject::tr("Saving will drop from the file:"), file.losses());
+    addWarning(QObject::tr("No program finds what has these names, each of which holds a remark or a stray sign:"),
+               file.unreachableNames());
+    addWarning(QObject::tr("No program finds these settings, which stand outside every group:"),
+               file.settingsOutside());
+    addWarning(QObject::tr("These values hold the setting after them; a semicolon is missing, or a remark holds an "
+                           "equals sign:"),
+               file.swallowingSettings());
+    if (!warnings.isEmpty())
+        Message(this, QMessageBox::Warning, warnings.join("\n\n"_L1)).exec();
+}
+
+void SettingsWindow::showTree()
+{
+    tree = file.newConfigListView();
+    tree->setItemDelegate(new ValueDelegate(tree));
+    tree->setEditTriggers(QAbstractItemView::DoubleClicked);
+    unfoldTree();
+    setCentralWidget(tree); // the window owns it, and deletes the one before
+    tree->setCurrentItem(tree->topLevelItem(0));
+    tree->show(); // what is not shown yet gets no focus
+    tree->setFocus();
+
+    // On the tree alone: in the cell being edited these keys end the editing.
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto* const shortcut = new QShortcut(QKeySequence(key), tree);
+        shortcut->setContext(Qt::WidgetShortcut);
+        connect(shortcut, &QShortcut::activated, this, &SettingsWindow::editCurrentValue);
+    }
+    connect(tree, &QTreeWidget::itemChanged, this, [this] { setWindowModified(true); });
+    setWindowModified(false);
+    showPath();
+}
+
+/// So that the groups of the first group are seen at a glance, and where one is unfolded, its values.
+void SettingsWindow::unfoldTree()
+{
+    for (QTreeWidgetItemIterator value(tree, QTreeWidgetItemIterator::Editable); *value; ++value)
+        (*value)->parent()->setExpanded(true);
+    QTreeWidgetItem* const root = tree->topLevelItem(0);
+    if (!root)
+        return;
+    root->setExpanded(true);
+    for (int i = 0; i < root->childCount(); ++i)
+        root->child(i)->setExpanded(true);
+}
+
+void SettingsWindow::showPath()
+{
+    const bool isLoaded = !file.path().isEmpty();
+    setWindowTitle((isLoaded ? file.path() : QObject::tr("no file")) + "[*] - "_L1 + QObject::tr("Settings"));
+    for (QAction* action : qAsConst(fileActions))
+        action->setEnabled(isLoaded);
+}
+
+/// The current value, or that of the current setting.
+void SettingsWindow::editCurrentValue()
+{
+    const auto isValue = [](const QTreeWidgetItem* cell) {
+        return cell && cell->flags().testFlag(Qt::ItemIsEditable);
+    };
+    QTreeWidgetItem* item = tree->currentItem();
+    if (item && isValue(item->child(0)))
+        item = item->child(0);
+    if (!isValue(item) || tree->isPersistentEditorOpen(item))
+        return;
+    tree->setCurrentItem(item);
+    tree->editItem(item);
+}
+
+/// A cell that is being edited gives its text to the tree.
+void SettingsWindow::finishEditing()
+{
+    if (QWidget* const focus = tree->focusWidget())
+        focus->clearFocus();
+    tree->setFocus();
+}
+
+void SettingsWindow::open()
+{
+    if (!mayDiscardChanges())
+        return;
+    const QString path = QFileDialog::getOpenFileName(this, QObject::tr("Open"), file.path());
+    if (!path.isEmpty())
+        openFile(path);
+}
+
+bool SettingsWindow::save()
+{
+    return saveTo(file.path());
+}
+
+bool SettingsWindow::saveAs()
+{
+    const QString path = QFileDialog::getSaveFileName(this, QObject::tr("Save as"), file.path());
+    return !path.isEmpty() && saveTo(path);
+}
+
+bool SettingsWindow::saveTo(const QString& path)
+{
+    finishEditing();
+    file.takeEdits(*tree);
+    const SettingsFile::Trial trial = file.tryWriting(path);
+    if (!mayBeWritten(path, trial))
+        return false;
+    const QString reason = trial.reason.isEmpty() ? file.save(path) : trial.reason;
+    if (!reason.isEmpty()) {
+        Message(this, QMessageBox::Critical,
+                QObject::tr("The file %1 cannot be written: %2\nYour changes are still in this window.")
+                    .arg(path, reason))
+            .exec();
+        return false;
+    }
+    setWindowModified(false);
+    // The window shows what the file holds now; where that cannot be read, this is still the only copy.
+    const bool holdsOtherThings = path != file.path() || !trial.changed.isEmpty() || !file.losses().isEmpty();
+    if (holdsOtherThings && !openFile(path)) {
+        setWindowModified(true);
+        return false;
+    }
+    statusBar()->showMessage(QObject::tr("Saved."));
+    return true;
+}
+
+bool SettingsWindow::mayBeWritten(const QString& path, const SettingsFile::Trial& trial)
+{
+    if (file.isHiddenByItsBeginning() && path == file.path()
+        && !confirmed(QObject::tr("Nothing of the file %1 could be read. Saving empties it.").arg(path)))
+        return false;
+    if (!trial.notXml.isEmpty()
+        && !confirmed(QObject::tr("The file would not be XML, and nothing would be read back, because of:")
+                      + bulletList(trial.notXml)))
+        return false;
+    if (trial.notXml.isEmpty() && !trial.changed.isEmpty()
+        && !confirmed(QObject::tr("These settings would read back otherwise, or not at all:")
+                      + bulletList(trial.changed)))
+        return false;
+    return path != file.path() || !file.changedOnDisk()
+        || confirmed(QObject::tr("Another program has changed or removed the file %1 since it was opened. Saving drops "
+                                 "what it changed.")
+                         .arg(path));
+}
+
+bool SettingsWindow::confirmed(const QString& warning)
+{
+    Message message(this, QMessageBox::Warning, warning, QMessageBox::Save | QMessageBox::Cancel);
+    message.button(QMessageBox::Save)->setText(QObject::tr("Save all the same"));
+    message.setDefaultButton(QMessageBox::Cancel);
+    return message.exec() == QMessageBox::Save;
+}
+
+void SettingsWindow::reload()
+{
+    if (mayDiscardChanges())
+        openFile(file.path());
+}
+
+/// True when nothing has changed, when the changes are saved now, or when they may go.
+bool SettingsWindow::mayDiscardChanges()
+{
+    finishEditing();
+    if (!isWindowModified())
+        return true;
+    Message message(this, QMessageBox::Warning, QObject::tr("The settings have changed. Save the changes?"),
+                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
+    message.setDefaultButton(QMessageBox::Save);
+    const int answer = message.exec();
+    return answer == QMessageBox::Discard || (answer == QMessageBox::Save && save());
+}
+
+void SettingsWindow::startFinding()
+{
+    findField->setFocus();
+    findField->selectAll();
+}
+
+void SettingsWindow::findNext()
+{
+    const QString text = findField->text();
+    if (text.isEmpty() || !tree->topLevelItem(0))
+        return;
+    // From the item after the current one to the end, then from the beginning up to the current one itself.
+    QTreeWidgetItem* const start = tree->currentItem() ? tree->currentItem() : tree->topLevelItem(0);
+    QTreeWidgetItemIterator item(start);
+    do {
+        if (!*++item)
+            item = QTreeWidgetItemIterator(tree);
+        if ((*item)->text(0).contains(text, Qt::CaseInsensitive)) {
+            statusBar()->clearMessage();
+            (*item)->setExpanded(true);
+            tree->setCurrentItem(*item);
+            return;
+        }
+    } while (*item != start);
+    statusBar()->showMessage(QObject::tr("\"%1\" is not found.").arg(text));
+}
+
+void SettingsWindow::closeEvent(QCloseEvent* event)
+{
+    if (!mayDiscardChanges()) {
+        event->ignore();
+        return;
+    }
+    QSettings().setValue(geometryKey, saveGeometry());
+    event->accept();
+}

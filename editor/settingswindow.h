@@ -1,0 +1,57 @@
+#ifndef ZELMORA_EDITOR_SETTINGSWINDOW_H
+#define ZELMORA_EDITOR_SETTINGSWINDOW_H
+
+#include "editor/settingsfile.h"
+
+#include <QMainWindow>
+
+class QAction;
+class QLineEdit;
+class QTreeWidget;
+class QTreeWidgetItem;
+
+/// The settings editor: one file as a tree of groups, settings and values, of which the values can be edited. Nothing
+/// is lost without a word: what saving would drop or change is said before, and what cannot be saved stays in the
+/// window.
+class SettingsWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    SettingsWindow();
+
+    /// Shows the file @p path. False, after a message, when it cannot be read: then the window shows what it
+    /// showed before.
+    bool openFile(const QString& path);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void addActions();
+    void addFindBar();
+
+    void open();
+    bool save();
+    bool saveAs();
+    void reload();
+    void startFinding();
+    void findNext();
+
+    bool saveTo(const QString& path);
+    void finishEditing();
+    bool mayDiscardChanges();
+    bool mayBeWritten(const QString& path, const SettingsFile::Trial& trial);
+    bool confirmed(const QString& warning);
+    void warnOfLosses();
+    void showTree();
+    void unfoldTree();
+    void editCurrentValue();
+    void showPath();
+
+    SettingsFile file;
+    QTreeWidget* tree = nullptr;
+    QLineEdit* findField = nullptr;
+    QList<QAction*> fileActions; ///< those that need a file
+};
+
+#endif

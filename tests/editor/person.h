@@ -1,0 +1,143 @@
+#ifndef ZELMORA_TESTS_EDITOR_PERSON_H
+#define ZELMORA_TESTS_EDITOR_PERSON_H
+
+#include "editor/settingswindow.h"
+
+#include <QAbstractButton>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QStatusBar>
+#include <QTreeWidget>
+#include <QtTest>
+
+#include <functional>
+
+/// The person before a settings window: reads it, presses keys, and answers the boxes that come up.
+class Person : public QObject {
+public:
+    /// Boxes without an answer are cancelled.
+    explicit Person(SettingsWindow& theWindow)
+        : window(theWindow)
+    {
+        answer();
+    }
+
+    /// The answers to the boxes that will come up, in their order.
+    void willPress(QMessageBox::StandardButton button)
+    {
+        answers += [button](QWidget* box) {
+            auto* const message = qobject_cast<QMessageBox*>(box);
+            QAbstractButton* const found = message ? message->button(button) : nullptr;
+            if (found)
+                QTest::mouseClick(found, Qt::LeftButton);
+            return found != nullptr;
+        };
+    }
+    void willType(const QString& path) ///< into a file dialog; nothing cancels it
+    {
+        answers += [path](QWidget* box) {
+            auto* const dialog = qobject_cast<QFileDialog*>(box);
+            if (!dialog)
+                return false;
+            auto* const field = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+            field->selectAll();
+            QTest::keyClicks(field, path);
+            QTest::keyClick(path.isEmpty() ? static_cast<QWidget*>(dialog) : field,
+                            path.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
+            return true;
+        };
+    }
+
+    /// The texts of the boxes since this was last asked. Answers that are left over count as boxes that did not come.
+    QStringList readBoxes()
+    {
+        for (; !answers.isEmpty(); answers.removeFirst())
+            texts += QStringLiteral("An expected box did not come up.");
+        return std::exchange(texts, QStringList());
+    }
+
+    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        // What a desktop does when a box has gone.
+        window.activateWindow();
+        if (!QTest::qWaitForWindowActive(&window))
+            qFatal("The window is not active.");
+        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
+        QCoreApplication::processEvents(); // a cell hands its text over when the key has gone its way
+    }
+    void type(const QString& text) { QTest::keyClicks(QApplication::focusWidget(), text); }
+
+    QTreeWidget* tree() const { return qobject_cast<QTreeWidget*>(window.centralWidget()); }
+
+    /// The item that these labels lead to from the root's item; null when there is none.
+    QTreeWidgetItem* item(const QStringList& labels) const
+    {
+        QTreeWidgetItem* found = tree()->topLevelItem(0);
+        for (const QString& label : labels) {
+            QTreeWidgetItem* const parent = found;
+            found = nullptr;
+            for (int i = 0; parent && i < parent->childCount() && !found; ++i) {
+                if (parent->child(i)->text(0) == label)
+                    found = parent->child(i);
+            }
+        }
+        return found;
+    }
+    /// The value of the setting that these labels lead to.
+    QString value(const QStringList& labels) const
+    {
+        const QTreeWidgetItem* const setting = item(labels);
+        return setting ? setting->child(0)->text(0) : QStringLiteral("no such setting");
+    }
+    /// The labels from the root's item to the current item, without the root's own.
+    QStringList currentLabels() const
+    {
+        QStringList labels;
+        for (const QTreeWidgetItem* item = tree()->currentItem(); item && item->parent(); item = item->parent())
+            labels.prepend(item->text(0));
+        return labels;
+    }
+    void goTo(const QStringList& labels) { tree()->setCurrentItem(item(labels)); }
+    bool isEditing() const { return tree()->findChild<QLineEdit*>() != nullptr; }
+
+    /// Gives the setting another value; nothing is saved.
+    void change(const QStringList& labels, const QString& value)
+    {
+        goTo(labels);
+        press(Qt::Key_F2);
+        type(value);
+        press(Qt::Key_Return);
+    }
+
+    /// Whether no text in a box was taken for markup.
+    bool hasSeenPlainBoxesOnly = true;
+
+    QString status() const { return window.statusBar()->currentMessage(); }
+
+private:
+    using Answer = std::function<bool(QWidget*)>;
+
+    void answer()
+    {
+        QTimer::singleShot(5, this, &Person::answer); // a box may bring up the next before this returns
+        QWidget* const box = QApplication::activeModalWidget();
+        if (!box || !box->isVisible())
+            return;
+        if (const auto* const message = qobject_cast<QMessageBox*>(box)) {
+            texts += message->text();
+            const bool isToolkitsOwn = qobject_cast<QFileDialog*>(message->parent());
+            hasSeenPlainBoxesOnly = hasSeenPlainBoxesOnly && (isToolkitsOwn || message->textFormat() == Qt::PlainText);
+        }
+        if (answers.isEmpty() || !answers.takeFirst()(box)) {
+            texts += QStringLiteral("A box came up that was not expected.");
+            box->close();
+        }
+    }
+
+    SettingsWindow& window;
+    QVector<Answer> answers;
+    QStringList texts;
+};
+
+#endif
