@@ -59,24 +59,27 @@ QDomElement Config::newElement(QDomDocument& owner, const QString& name)
     return element;
 }
 
-void Config::setSetting(QDomElement group, const QString& name, const QString& value)
+void Config::setSetting(QDomElement group, QStringList& names, const QString& name, const QString& value)
 {
     ++settingCount;
-    if (!group.hasAttribute(name)) {
-        OrderedSettings& settings = orderedSettings[NodeIdentity(group).value()];
-        settings.element = group;
-        settings.names += name;
-    } else if (dropped) {
+    if (!group.hasAttribute(name))
+        names += name;
+    else if (dropped)
         *dropped += name + " = "_L1 + group.attribute(name);
-    }
     group.setAttribute(name, value);
+}
+
+void Config::setOrder(const QDomElement& group, const QStringList& names)
+{
+    if (!names.isEmpty())
+        orderedSettings.insert(NodeIdentity(group).value(), {group, names});
 }
 
 /// Takes over the names of the attributes of all elements below @p parent, in the order of the file.
 void Config::setOrderBelow(const QDomNode& parent, const QVector<QStringList>& names, int& next)
 {
     for (QDomElement child = parent.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
-        orderedSettings.insert(NodeIdentity(child).value(), {child, names.value(next++)});
+        setOrder(child, names.value(next++));
         setOrderBelow(child, names, next);
     }
 }

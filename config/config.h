@@ -144,7 +144,9 @@ private:
     };
 
     static QDomElement newElement(QDomDocument& owner, const QString& name);
-    void setSetting(QDomElement group, const QString& name, const QString& value);
+    /// @p names are those of the group's settings so far, for setOrder() when there are no more.
+    void setSetting(QDomElement group, QStringList& names, const QString& name, const QString& value);
+    void setOrder(const QDomElement& group, const QStringList& names);
     void setOrderBelow(const QDomNode& parent, const QVector<QStringList>& names, int& next);
     void newDocument();
     bool writeTree(QFileDevice& file, const QString& fileFormat) const;

@@ -175,6 +175,7 @@ Config::LevelEnd Config::readLevel(QDomElement element, QDomNode parent)
         if (!std::exchange(joined, true))
             parent.appendChild(element);
     };
+    QStringList names;
     std::string buffer;
     for (int character = nextCharacter(); character != EOF; character = nextCharacter()) {
         switch (character) {
@@ -185,12 +186,13 @@ Config::LevelEnd Config::readLevel(QDomElement element, QDomNode parent)
             buffer.clear();
             break;
         case '=':
-            setSetting(element, strippedText(buffer), readValue());
+            setSetting(element, names, strippedText(buffer), readValue());
             join();
             buffer.clear();
             break;
         case '}':
             noteDropped(buffer);
+            setOrder(element, names);
             jump(';');
             return LevelEnd::Brace;
         default:
@@ -198,6 +200,7 @@ Config::LevelEnd Config::readLevel(QDomElement element, QDomNode parent)
         }
     }
     noteDropped(buffer);
+    setOrder(element, names);
     return LevelEnd::EndOfInput;
 }
 

@@ -98,13 +98,15 @@ void Config::loadListView(QTreeWidgetItem* item, QDomNode parent)
     QDomDocument owner = parent.ownerDocument();
     const QDomElement group = newElement(owner, item->text(0));
     parent.appendChild(group);
+    QStringList names;
     for (int i = 0; i < item->childCount(); ++i) {
         QTreeWidgetItem* const child = item->child(i);
         if (isSetting(*child))
-            setSetting(group, child->text(0), child->child(0)->text(0));
+            setSetting(group, names, child->text(0), child->child(0)->text(0));
         else
             loadListView(child, group);
     }
+    setOrder(group, names);
 }
 
 } // namespace libconfig
