@@ -30,6 +30,7 @@ private slots:
     void sharedManagerReads();
 
 private:
+    void checkStep(QString (DatabaseManager::*move)(const QString&, int, QSqlDatabase*));
     void makeSequence(const QString& start, const QSqlDatabase* db);
     QString lastValue(const QSqlDatabase* db);
 
@@ -147,7 +148,8 @@ void TestDatabaseSequences::incrementSequence_data()
     addStepRows("+");
 }
 
-void TestDatabaseSequences::incrementSequence()
+/// The current row, with the operation that takes its step.
+void TestDatabaseSequences::checkStep(QString (DatabaseManager::*move)(const QString&, int, QSqlDatabase*))
 {
     QFETCH(bool, second);
     QFETCH(QString, value);
@@ -156,10 +158,15 @@ void TestDatabaseSequences::incrementSequence()
     QSqlDatabase* const db = second ? on.second : on.first;
     makeSequence(value, db);
 
-    QCOMPARE(on.manager->incrementSequence("tickets", step, second ? db : nullptr), value);
+    QCOMPARE((on.manager->*move)("tickets", step, second ? db : nullptr), value);
     QCOMPARE(on.newStatements(), QStringList({readSql, setSql(set)}));
     QCOMPARE(on.newRecords(), shown(method, readSql, 1) + shown(method, setSql(set), 1));
     QCOMPARE(lastValue(db), set);
+}
+
+void TestDatabaseSequences::incrementSequence()
+{
+    checkStep(&DatabaseManager::incrementSequence);
 }
 
 void TestDatabaseSequences::decrementSequence_data()
@@ -169,17 +176,7 @@ void TestDatabaseSequences::decrementSequence_data()
 
 void TestDatabaseSequences::decrementSequence()
 {
-    QFETCH(bool, second);
-    QFETCH(QString, value);
-    QFETCH(int, step);
-    QFETCH(QString, set);
-    QSqlDatabase* const db = second ? on.second : on.first;
-    makeSequence(value, db);
-
-    QCOMPARE(on.manager->decrementSequence("tickets", step, second ? db : nullptr), value);
-    QCOMPARE(on.newStatements(), QStringList({readSql, setSql(set)}));
-    QCOMPARE(on.newRecords(), shown(method, readSql, 1) + shown(method, setSql(set), 1));
-    QCOMPARE(lastValue(db), set);
+    checkStep(&DatabaseManager::decrementSequence);
 }
 
 void TestDatabaseSequences::decrementSequenceIfPositive_data()

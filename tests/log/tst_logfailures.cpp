@@ -3,6 +3,7 @@
 #include "logfile.h"
 #include "support/capture.h"
 #include "support/pinnedclock.h"
+#include "support/pipereader.h"
 #include "support/processstate.h"
 #include "support/toolkitmessages.h"
 
@@ -18,33 +19,6 @@
 #include <vector>
 
 namespace {
-
-/// The reading end of a named pipe.
-class PipeReader {
-public:
-    explicit PipeReader(const QString& path)
-        : descriptor(open(QFile::encodeName(path), O_RDONLY | O_NONBLOCK))
-    {
-        if (descriptor < 0)
-            qFatal("The pipe can't be opened.");
-    }
-
-    ~PipeReader() { close(descriptor); }
-
-    PipeReader(const PipeReader&) = delete;
-    PipeReader& operator=(const PipeReader&) = delete;
-
-    /// What has arrived since the last call.
-    QByteArray newBytes() const
-    {
-        char bytes[4096];
-        const ssize_t size = read(descriptor, bytes, sizeof bytes);
-        return QByteArray(bytes, size > 0 ? int(size) : 0);
-    }
-
-private:
-    const int descriptor;
-};
 
 /// With time and level of the lines in this test.
 QByteArray lineOf(const QByteArray& text)
@@ -176,7 +150,7 @@ void TestLogFailures::pipeWithoutReader()
 {
     QFETCH(QString, type);
     QCOMPARE(mkfifo(QFile::encodeName(path), 0600), 0);
-    auto reader = std::make_unique<PipeReader>(path);
+    auto reader = std::make_unique<PipeReader>(path, PipeReader::Waiting::No);
     useLog(path, type, "ERROR");
     Logger logger("suite");
     logger.error("first");
@@ -186,7 +160,7 @@ void TestLogFailures::pipeWithoutReader()
     logger.error("lost");
     logger.error(QString(100000, 'x'));
 
-    reader = std::make_unique<PipeReader>(path);
+    reader = std::make_unique<PipeReader>(path, PipeReader::Waiting::No);
     logger.error("second");
     QCOMPARE(reader->newBytes(), lineOf("second"));
 }

@@ -1,6 +1,7 @@
 #include "util/hlibrary.h"
 
 #include "scratchfiles.h"
+#include "support/pipereader.h"
 #include "support/processstate.h"
 #include "support/toolkitmessages.h"
 
@@ -28,31 +29,6 @@ void makePipe(const QString& path)
     if (mkfifo(QFile::encodeName(path), 0600) != 0)
         qFatal("The pipe can't be made.");
 }
-
-/// The reading end of a named pipe. Waits for the writer.
-class PipeReader {
-public:
-    explicit PipeReader(const QString& path)
-        : descriptor(open(QFile::encodeName(path), O_RDONLY))
-    {
-    }
-
-    ~PipeReader() { close(descriptor); }
-
-    PipeReader(const PipeReader&) = delete;
-    PipeReader& operator=(const PipeReader&) = delete;
-
-    /// Waits for bytes. None at the end.
-    QByteArray newBytes() const
-    {
-        char bytes[4096];
-        const ssize_t size = read(descriptor, bytes, sizeof bytes);
-        return QByteArray(bytes, size > 0 ? int(size) : 0);
-    }
-
-private:
-    const int descriptor;
-};
 
 std::atomic<bool> pausesAreCounted {false};
 std::mutex pausesMutex;
@@ -192,7 +168,7 @@ void TestCopyDestinations::readerGoesAway()
     makePipe(files.destination);
     bool copied = false;
     std::thread copier([&] { copied = copy(files.source, files.destination, 50); });
-    const QByteArray first = PipeReader(files.destination).newBytes(); // and no more
+    const QByteArray first = PipeReader(files.destination, PipeReader::Waiting::Yes).newBytes(); // and no more
     copier.join();
     QCOMPARE(first, QByteArray("1\n"));
     QVERIFY(copied);
@@ -234,7 +210,7 @@ void TestCopyDestinations::pieceArrivesAtOnce()
         copy(files.source, files.destination, 70);
         ended = true;
     });
-    const PipeReader reader(files.destination);
+    const PipeReader reader(files.destination, PipeReader::Waiting::Yes);
     QByteArrayList arrived {reader.newBytes()};
     const bool endedBeforeTheFirst = ended;
     while (!arrived.last().isEmpty())
