@@ -44,7 +44,8 @@ public:
     /// Null when there is no such driver or the database cannot be opened; what was registered stays so, closed. The
     /// program needs a QCoreApplication, without which the toolkit finds no driver.
     /// The value pointed to belongs to this library and stays until the process ends; once the name is created
-    /// again it is the new connection. All connections close with the QCoreApplication. The password goes to the server alone, never to the log.
+    /// again it is the new connection. All connections close with the QCoreApplication. The password goes to the server
+    /// alone, never to the log.
     QSqlDatabase* createConnection(const QString& driver, const QString& dbName, const QString& userName,
                                    const QString& password, const QString& hostName, const QString& connectionName);
 

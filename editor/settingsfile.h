@@ -38,9 +38,9 @@ public:
     void takeEdits(const QTreeWidget& list);
 
     struct Trial {
-        QString reason;      ///< why there was none; empty when there was
+        QString reason; ///< why there was none; empty when there was
         QStringList changed; ///< the settings that read back otherwise, or not at all
-        QStringList notXml;  ///< what keeps the whole file from being read: settings, and names of groups
+        QStringList notXml; ///< what keeps the whole file from being read: settings, and names of groups
     };
 
     /// What would be read back from a file named @p path, which itself is not touched.

@@ -117,8 +117,9 @@ void SettingsWindow::warnOfLosses()
             warnings += text + bulletList(details);
     };
     if (file.isHiddenByItsBeginning())
-        warnings += QObject::tr("Nothing may stand before the first group of an XML file, no declaration and no comment: "
-                                "no program finds a setting in this file.");
+        warnings +=
+            QObject::tr("Nothing may stand before the first group of an XML file, no declaration and no comment: "
+                        "no program finds a setting in this file.");
     addWarning(QObject::tr("Saving will drop from the file:"), file.losses());
     addWarning(QObject::tr("No program finds what has these names, each of which holds a remark or a stray sign:"),
                file.unreachableNames());
@@ -177,9 +178,7 @@ void SettingsWindow::showPath()
 /// The current value, or that of the current setting.
 void SettingsWindow::editCurrentValue()
 {
-    const auto isValue = [](const QTreeWidgetItem* cell) {
-        return cell && cell->flags().testFlag(Qt::ItemIsEditable);
-    };
+    const auto isValue = [](const QTreeWidgetItem* cell) { return cell && cell->flags().testFlag(Qt::ItemIsEditable); };
     QTreeWidgetItem* item = tree->currentItem();
     if (item && isValue(item->child(0)))
         item = item->child(0);
@@ -226,9 +225,9 @@ bool SettingsWindow::saveTo(const QString& path)
         return false;
     const QString reason = trial.reason.isEmpty() ? file.save(path) : trial.reason;
     if (!reason.isEmpty()) {
-        Message(this, QMessageBox::Critical,
-                QObject::tr("The file %1 cannot be written: %2\nYour changes are still in this window.")
-                    .arg(path, reason))
+        Message(
+            this, QMessageBox::Critical,
+            QObject::tr("The file %1 cannot be written: %2\nYour changes are still in this window.").arg(path, reason))
             .exec();
         return false;
     }

@@ -45,10 +45,11 @@ QWidget* ValueDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem
     editor->setMaxLength(std::numeric_limits<int>::max()); // the usual one cuts a long value
     editor->setValidator(new ValueValidator(index.data(Qt::EditRole).toString(), editor));
     connect(editor, &QLineEdit::inputRejected, editor, [editor] {
-        QToolTip::showText(editor->mapToGlobal(QPoint(0, editor->height())),
-                           QObject::tr("A value cannot hold a quotation mark or a semicolon:\nthe one would be dropped, "
-                                       "the other would end the value."),
-                           editor);
+        QToolTip::showText(
+            editor->mapToGlobal(QPoint(0, editor->height())),
+            QObject::tr("A value cannot hold a quotation mark or a semicolon:\nthe one would be dropped, "
+                        "the other would end the value."),
+            editor);
     });
     return editor;
 }

@@ -11,6 +11,7 @@ using toolkit::operator""_L1;
 
 namespace {
 
+// clang-format off
 /// The movement types that the suite sends, listed for the translation catalogue: a type is looked up there by
 /// its text, and one that is not listed prints as it is.
 [[maybe_unused]] const char* const movementTypes[] = {
@@ -27,6 +28,7 @@ namespace {
     QT_TRANSLATE_NOOP("QObject", "Debit"),
     QT_TRANSLATE_NOOP("QObject", "Balance"),
 };
+// clang-format on
 
 /// The type is a key of the catalogue in its 8-bit form. tr() takes UTF-8, whatever the text came from.
 QString translatedMovementType(const QString& type)

@@ -25,8 +25,7 @@ void PrinterDriver::printAbstractOrderFiscal(const QString& qName, const QXmlAtt
 {
     if (qName == "receipe_type"_L1) {
         // A dish type is sold as one unit, and under its whole name.
-        printRowFiscal(atts.value("department"_L1), QStringLiteral("1"), atts.value("name"_L1),
-                       atts.value("price"_L1));
+        printRowFiscal(atts.value("department"_L1), QStringLiteral("1"), atts.value("name"_L1), atts.value("price"_L1));
     } else if (qName == "total"_L1) {
         printRowFiscal(qName, atts);
     }

@@ -42,8 +42,8 @@ void PrinterDriver::printPartialOrder(const QString& qName, const QXmlAttributes
     } else if (qName == "orderinfo"_L1) {
         // Only reached in a driver whose printSections() leaves the element alone: here it is printed above.
         setBold();
-        println(descriptionRow(QObject::tr("Num"), QObject::tr("Description"), QString(), QString(),
-                               QLatin1Char(' '), QStringLiteral("qd")));
+        println(descriptionRow(QObject::tr("Num"), QObject::tr("Description"), QString(), QString(), QLatin1Char(' '),
+                               QStringLiteral("qd")));
     } else if (qName == "receipe"_L1) {
         setCharSize();
         printKitchenRow(atts.value("name"_L1));
@@ -66,8 +66,8 @@ void PrinterDriver::printFullOrder(const QString& qName, const QXmlAttributes& a
         if (!atts.value("name"_L1).startsWith(QLatin1Char('=')))
             printItemRow(atts, QStringLiteral("qdpt"));
     } else if (qName == "variant"_L1) {
-        printRow(atts.value("number"_L1), variantDescription(atts), atts.value("price"_L1),
-                 atts.value("totalPrice"_L1), QStringLiteral("qdpt"));
+        printRow(atts.value("number"_L1), variantDescription(atts), atts.value("price"_L1), atts.value("totalPrice"_L1),
+                 QStringLiteral("qdpt"));
     } else if (qName == "total"_L1) {
         println(QString());
         setBold();

@@ -202,8 +202,8 @@ private:
     void printLogoSection(const QXmlAttributes& atts);
 
     // Rows that several kinds of document share (rows.cpp).
-    void printRow(const QString& quantity, const QString& description, const QString& price,
-                  const QString& totalPrice, const QString& layout);
+    void printRow(const QString& quantity, const QString& description, const QString& price, const QString& totalPrice,
+                  const QString& layout);
     void printTotal(const QString& amount);
     const ColumnTitles& columnTitles();
     /// A dish or a dish type, after the column titles if it is the first.

@@ -17,6 +17,7 @@ QString PrinterDriver::documentPath(const QString& type)
         QLatin1String name;
         QLatin1String path;
     };
+    // clang-format off
     static constexpr DocumentType types[] = {
         {"order"_L1, "zelmora.doc."_L1},
         {"prefiscal"_L1, "zelmora.prefiscaldoc."_L1},
@@ -27,6 +28,7 @@ QString PrinterDriver::documentPath(const QString& type)
         {"report"_L1, "zelmora.reportdoc."_L1},
         {"sold"_L1, "zelmora.solddoc."_L1},
     };
+    // clang-format on
     const QString name = type.toLower();
     for (const DocumentType& candidate : types) {
         if (name == candidate.name)

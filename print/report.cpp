@@ -125,18 +125,16 @@ void Report::printReceipts(const QXmlAttributes& atts)
 
     // The heading of the table whose lines printTaxRate() prints.
     const QLatin1Char blank(' ');
-    driver.println(QObject::tr("TAXRATE").rightJustified(6) + blank + QObject::tr("TAXABLE").rightJustified(10)
-                   + blank + QObject::tr("TAX").rightJustified(10) + blank
-                   + QObject::tr("AMOUNT").rightJustified(10));
+    driver.println(QObject::tr("TAXRATE").rightJustified(6) + blank + QObject::tr("TAXABLE").rightJustified(10) + blank
+                   + QObject::tr("TAX").rightJustified(10) + blank + QObject::tr("AMOUNT").rightJustified(10));
 }
 
 /// One column wider than its heading from the second column on, and with a blank at the end.
 void Report::printTaxRate(const QXmlAttributes& atts)
 {
     const QLatin1Char blank(' ');
-    driver.println(atts.value("taxrate"_L1).rightJustified(6) + "% "_L1
-                   + atts.value("taxable"_L1).rightJustified(10) + blank
-                   + atts.value("tax"_L1).rightJustified(10) + blank
+    driver.println(atts.value("taxrate"_L1).rightJustified(6) + "% "_L1 + atts.value("taxable"_L1).rightJustified(10)
+                   + blank + atts.value("tax"_L1).rightJustified(10) + blank
                    + atts.value("amount"_L1).rightJustified(10) + blank);
 }
 

@@ -103,6 +103,7 @@ struct Layout {
     void (*append)(QString& row, const Widths&, const Texts&, QChar fill);
 };
 
+// clang-format off
 constexpr Layout layouts[] = {
     {"qdpt"_L1, qdpt},
     {"qxdpt"_L1, qxdpt},
@@ -111,6 +112,7 @@ constexpr Layout layouts[] = {
     {"qd"_L1, qd},
     {"date-amount-type"_L1, dateAmountType},
 };
+// clang-format on
 
 } // namespace
 

@@ -46,6 +46,7 @@ bool PrinterDriver::printSections(const QString& qName, const QXmlAttributes& at
         QLatin1String element;
         void (PrinterDriver::*print)(const QXmlAttributes& atts);
     };
+    // clang-format off
     static constexpr Section sections[] = {
         {"printers"_L1, &PrinterDriver::choosePrinter},
         {"geometry"_L1, &PrinterDriver::printGeometry},
@@ -57,6 +58,7 @@ bool PrinterDriver::printSections(const QString& qName, const QXmlAttributes& at
         {"delivery"_L1, &PrinterDriver::printDeliveryHeader},
         {"orderinfo"_L1, &PrinterDriver::printOrderInfo},
     };
+    // clang-format on
     for (const Section& section : sections) {
         if (qName == section.element) {
             (this->*section.print)(atts);

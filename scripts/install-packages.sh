@@ -7,6 +7,8 @@ BUILD_PACKAGES=(g++ cmake ninja-build qtbase5-dev qttools5-dev-tools)
 TEST_PACKAGES=("${BUILD_PACKAGES[@]}" locales postgresql postgresql-client libqt5sql5-psql)
 # To measure as well: what the print program is measured against, and time(1) for the memory.
 BENCH_PACKAGES=("${BUILD_PACKAGES[@]}" xsltproc python3 time)
+# To lay out the sources.
+FORMAT_PACKAGES=(clang-format)
 
 # To take the pictures in the documents: a screen without a screen, a window manager and a hand for it, a camera, a font.
 SCREENSHOT_PACKAGES=("${BUILD_PACKAGES[@]}" xvfb openbox xdotool imagemagick fonts-dejavu-core)

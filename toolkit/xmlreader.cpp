@@ -120,9 +120,11 @@ private:
     int nesting = 0;
     /// Characters that a reference such as "&name" or "%name" stands for in the end. Those that XML declares
     /// itself stand for one.
-    QHash<QString, int> entitySizes {
-        {QStringLiteral("&amp"), 1}, {QStringLiteral("&lt"), 1}, {QStringLiteral("&gt"), 1},
-        {QStringLiteral("&quot"), 1}, {QStringLiteral("&apos"), 1}};
+    QHash<QString, int> entitySizes {{QStringLiteral("&amp"), 1},
+                                     {QStringLiteral("&lt"), 1},
+                                     {QStringLiteral("&gt"), 1},
+                                     {QStringLiteral("&quot"), 1},
+                                     {QStringLiteral("&apos"), 1}};
 };
 
 /// Feeds the reader chunk by chunk and ends the input, which is a syntax error, where a bound is passed.

@@ -16,6 +16,7 @@ struct DocumentType {
 
 constexpr QLatin1String prefiscalGroup = "prefiscaldoc"_L1;
 
+// clang-format off
 constexpr DocumentType documentTypes[] = {
     {"order"_L1, "doc"_L1},
     {"prefiscal"_L1, prefiscalGroup},
@@ -25,6 +26,7 @@ constexpr DocumentType documentTypes[] = {
     {"delivery"_L1, "deliverydoc"_L1},
     {"report"_L1, "reportdoc"_L1},
 };
+// clang-format on
 
 QLatin1String groupOf(const QString& type)
 {

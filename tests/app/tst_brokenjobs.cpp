@@ -106,12 +106,9 @@ void TestBrokenJobs::job_data()
         << receipt(number + "<method name='x'/>" + number) << opened + printed("7")
         << QByteArray("File Format Not Supported\n");
 
-    QTest::newRow("UTF-8 with a byte-order mark")
-        << "\xef\xbb\xbf" + receipt(accent) << accentPrinted << QByteArray();
-    QTest::newRow("UTF-16, little end first")
-        << utf16(receipt(accent), "UTF-16LE") << accentPrinted << QByteArray();
-    QTest::newRow("UTF-16, big end first")
-        << utf16(receipt(accent), "UTF-16BE") << accentPrinted << QByteArray();
+    QTest::newRow("UTF-8 with a byte-order mark") << "\xef\xbb\xbf" + receipt(accent) << accentPrinted << QByteArray();
+    QTest::newRow("UTF-16, little end first") << utf16(receipt(accent), "UTF-16LE") << accentPrinted << QByteArray();
+    QTest::newRow("UTF-16, big end first") << utf16(receipt(accent), "UTF-16BE") << accentPrinted << QByteArray();
     QTest::newRow("ISO-8859-1") << "<?xml version='1.0' encoding='ISO-8859-1'?>"
             + receipt("<receipt serialnumber='\xe8'/>")
                                 << accentPrinted << QByteArray();
@@ -128,16 +125,15 @@ void TestBrokenJobs::job_data()
     QTest::newRow("an entity bomb within the toolkit's own limits, in text")
         << quietEntityBomb(QByteArray("&r;").repeated(200)) << QByteArray() << QByteArray();
     QTest::newRow("20,000 entities") << manyEntities() << QByteArray() << QByteArray();
-    QTest::newRow("200,000 parentheses in the document type")
-        << "<!DOCTYPE job [<!ELEMENT job " + QByteArray(200000, '(') + 'b' + QByteArray(200000, ')') + ">]>"
-            + receipt(number)
-        << QByteArray() << QByteArray();
+    QTest::newRow("200,000 parentheses in the document type") << "<!DOCTYPE job [<!ELEMENT job "
+            + QByteArray(200000, '(') + 'b' + QByteArray(200000, ')') + ">]>"
+            + receipt(number) << QByteArray() << QByteArray();
     QTest::newRow("nested just within bounds") // the root is the first level
         << receipt(number + nested(999)) << opened + printed("7") + closed << QByteArray();
-    QTest::newRow("nested one too deep")
-        << receipt(number + nested(1000) + number) << opened + printed("7") << QByteArray();
-    QTest::newRow("nested 100,000 deep")
-        << receipt(number + nested(100000) + number) << opened + printed("7") << QByteArray();
+    QTest::newRow("nested one too deep") << receipt(number + nested(1000) + number) << opened + printed("7")
+                                         << QByteArray();
+    QTest::newRow("nested 100,000 deep") << receipt(number + nested(100000) + number) << opened + printed("7")
+                                         << QByteArray();
     QTest::newRow("an attribute of 10 MB") << receipt("<receipt serialnumber='" + QByteArray(10000000, 'y') + "'/>")
                                            << opened + printed(QByteArray(10000000, 'y')) + closed << QByteArray();
 }
@@ -183,8 +179,7 @@ void TestBrokenJobs::everyPrefixOfAJob()
     const QTemporaryDir folder;
     const auto print = [&](const QByteArray& bytes) {
         QFile job(folder.filePath("job.xml"));
-        if (!job.open(QIODevice::ReadWrite | QIODevice::Truncate) || job.write(bytes) != bytes.size()
-            || !job.seek(0))
+        if (!job.open(QIODevice::ReadWrite | QIODevice::Truncate) || job.write(bytes) != bytes.size() || !job.seek(0))
             qFatal("The job can't be written.");
         CompanyPrinterDriver driver(folder.filePath("script.txt"));
         toolkit::readXml(job, driver);
@@ -214,8 +209,8 @@ void TestBrokenJobs::memoryIsBounded()
     run.print(receipt("<receipt serialnumber='" + QByteArray(10000000, 'y') + "'/>"));
     QCOMPARE(run.exitStatus, 0);
     // A full disk: the script that it does not take, 80 MB, is not kept in memory either.
-    run.start({run.writeFile("job.xml", receipt(QByteArray("<receipt serialnumber='7'/>").repeated(1000000))),
-               "/dev/full"});
+    run.start(
+        {run.writeFile("job.xml", receipt(QByteArray("<receipt serialnumber='7'/>").repeated(1000000))), "/dev/full"});
     QCOMPARE(run.standardOutput + run.standardError, QByteArray());
     QCOMPARE(run.exitStatus, 0);
 

@@ -44,28 +44,29 @@ void TestBrokenSettings::settings_data()
     QTest::newRow("a remark before the group") << "# settings\n" + good << 32;
     QTest::newRow("a second top-level group") << "other: { a = b; }; " + good << 32;
     QTest::newRow("a byte-order mark") << "\xef\xbb\xbf" + good << 20;
-    QTest::newRow("Windows line ends") << QByteArray("zelmora: \r\n{\r\nreceiptdoc:\r\n{\r\npaperWidth = \"24\";\r\n};\r\n};") << 24;
+    QTest::newRow("Windows line ends") << QByteArray(
+        "zelmora: \r\n{\r\nreceiptdoc:\r\n{\r\npaperWidth = \"24\";\r\n};\r\n};")
+                                       << 24;
     QTest::newRow("a width that is no number") << QByteArray("zelmora: { receiptdoc: { paperWidth = wide; }; };") << 32;
     QTest::newRow("a negative width") << QByteArray("zelmora: { receiptdoc: { paperWidth = -5; }; };") << 0;
-    QTest::newRow("a slip of the finger") << QByteArray("zelmora: { receiptdoc: { paperWidth = 3200000; }; };") << 10000;
-    QTest::newRow("a width beyond 32 bits") << QByteArray("zelmora: { receiptdoc: { paperWidth = 4294967336; }; };") << 32;
+    QTest::newRow("a slip of the finger")
+        << QByteArray("zelmora: { receiptdoc: { paperWidth = 3200000; }; };") << 10000;
+    QTest::newRow("a width beyond 32 bits")
+        << QByteArray("zelmora: { receiptdoc: { paperWidth = 4294967336; }; };") << 32;
     QTest::newRow("a value of 10 MB before the width")
         << "zelmora: { receiptdoc: { style = " + QByteArray(10000000, 'x') + "; paperWidth = 25; }; };" << 25;
-    QTest::newRow("a catalogue's name of 10 MB")
-        << "zelmora: { language: { file = " + QByteArray("_.").repeated(5000000)
-            + "; }; receiptdoc: { paperWidth = 30; }; };"
-        << 30;
-    QTest::newRow("a catalogue's folder of 10 MB")
-        << "zelmora: { language: { basedir = " + QByteArray("_.").repeated(5000000)
-            + "; file = /; }; receiptdoc: { paperWidth = 31; }; };"
-        << 31;
+    QTest::newRow("a catalogue's name of 10 MB") << "zelmora: { language: { file = "
+            + QByteArray("_.").repeated(5000000) + "; }; receiptdoc: { paperWidth = 30; }; };"
+                                                 << 30;
+    QTest::newRow("a catalogue's folder of 10 MB") << "zelmora: { language: { basedir = "
+            + QByteArray("_.").repeated(5000000) + "; file = /; }; receiptdoc: { paperWidth = 31; }; };"
+                                                   << 31;
     QTest::newRow("10 MB without any grammar") << QByteArray(10000000, 'x') << 32;
     QTest::newRow("a hundred thousand settings")
         << "zelmora: { receiptdoc: { " + QByteArray("paperWidth = 26; ").repeated(100000) + "}; };" << 26;
-    QTest::newRow("a hundred thousand groups")
-        << "zelmora: { " + QByteArray("receiptdoc: { paperRows = 1; }; ").repeated(100000)
-            + "receiptdoc: { paperWidth = 27; }; };"
-        << 27;
+    QTest::newRow("a hundred thousand groups") << "zelmora: { "
+            + QByteArray("receiptdoc: { paperRows = 1; }; ").repeated(100000) + "receiptdoc: { paperWidth = 27; }; };"
+                                               << 27;
     QTest::newRow("nested 100,000 deep after the width")
         << "zelmora: { receiptdoc: { paperWidth = 28; }; " + nestedGroups(100000) + "};" << 28;
     QTest::newRow("nested 100,000 deep before the width")
@@ -114,10 +115,9 @@ void TestBrokenSettings::unreadable()
 void TestBrokenSettings::everyKindOfCut()
 {
     const QByteArray width = "paperWidth = \"30\"";
-    const QByteArray whole
-        = fileContents(ZELMORA_EXAMPLES "/home/.zelmora/conf/zelmora.conf")
-              .replace("paperWidth = \"32\"", width)
-              .replace("zelmora_it.qm", "none.qm");
+    const QByteArray whole = fileContents(ZELMORA_EXAMPLES "/home/.zelmora/conf/zelmora.conf")
+                                 .replace("paperWidth = \"32\"", width)
+                                 .replace("zelmora_it.qm", "none.qm");
     const int begin = whole.indexOf(width, whole.indexOf("receiptdoc"));
     QVERIFY(begin > 0);
     for (int length = 0; length < whole.size(); length += 97) { // a prime: cuts of every kind

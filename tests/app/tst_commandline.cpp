@@ -219,7 +219,9 @@ void TestCommandLine::outOfMemory()
 #endif
     ProgramRun run;
     run.setSettings(emptySettings);
-    run.writeFile("job.xml", QByteArray(job).replace("</job>", "<receipt serialnumber='" + QByteArray(60000000, 'y') + "'/></job>"));
+    run.writeFile(
+        "job.xml",
+        QByteArray(job).replace("</job>", "<receipt serialnumber='" + QByteArray(60000000, 'y') + "'/></job>"));
     run.startShell("ulimit -v 200000; \"$program\" job.xml script.txt; echo \"status $?\"");
 
     QCOMPARE(run.standardOutput, QByteArray("status 0\n"));
@@ -255,10 +257,11 @@ void TestCommandLine::homeIsBytes()
     run.setEnvironment("LC_ALL", locale);
     run.setSettings("zelmora: { receiptdoc: { paperWidth = 20; }; };");
     run.writeFile("job.xml", job);
-    run.startShell("home=\"$PWD/$(printf '" + home + "')\"\n"
-                   "cp -r home \"$home\"\n"
-                   "HOME=$home \"$program\" job.xml script.txt\n"
-                   "rm -r \"$home\"\n");
+    run.startShell("home=\"$PWD/$(printf '" + home
+                   + "')\"\n"
+                     "cp -r home \"$home\"\n"
+                     "HOME=$home \"$program\" job.xml script.txt\n"
+                     "rm -r \"$home\"\n");
 
     QCOMPARE(run.standardOutput + run.standardError, QByteArray());
     QVERIFY(fileContents(run.path("script.txt")).contains("nofis riga='" + QByteArray(20, '=') + "'\r\n"));

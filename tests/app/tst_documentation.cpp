@@ -24,12 +24,13 @@ static QByteArray jobFileSettings()
 {
     QByteArray values = "paperWidth = 32; quantityFieldWidth = 3; priceFieldWidth = 6; totalPriceFieldWidth = 8; "
                         "topMargin = 2; descriptionWidth = 24; ";
-    for (const char* flag : {"Geometry", "Header", "Logo", "Company", "DeliveryAddress", "BillingAddress", "Telephone",
-                             "Date", "Time", "Table", "Customer", "LicenseNumber", "FiscalCode", "Credit", "Waiter", "Note"})
+    for (const char* flag :
+         {"Geometry", "Header", "Logo", "Company", "DeliveryAddress", "BillingAddress", "Telephone", "Date", "Time",
+          "Table", "Customer", "LicenseNumber", "FiscalCode", "Credit", "Waiter", "Note"})
         values += QByteArray("print") + flag + " = true; ";
     QByteArray text = "zelmora: { ";
-    for (const char* group : {"doc", "prefiscaldoc", "fiscaldoc", "receiptdoc", "invoicedoc", "deliverydoc",
-                              "reportdoc", "solddoc"})
+    for (const char* group :
+         {"doc", "prefiscaldoc", "fiscaldoc", "receiptdoc", "invoicedoc", "deliverydoc", "reportdoc", "solddoc"})
         text += QByteArray(group) + ": { " + values + "}; ";
     return text + "};";
 }
@@ -82,13 +83,12 @@ void TestDocumentation::jobFileExample()
 
     ProgramRun run;
     run.setSettings(jobFileSettings());
-    const QByteArray script
-        = run.print(QString("<printjob><method name=\"%1\"/>%2</printjob>").arg(method, job).toUtf8());
+    const QByteArray script =
+        run.print(QString("<printjob><method name=\"%1\"/>%2</printjob>").arg(method, job).toUtf8());
     const bool fiscal = method.endsWith("Fiscal");
     const QByteArray opening = fiscal ? "CLEAR \nCHIAVE REG\n" : "nofis apri\n";
     const QByteArray closing = fiscal ? "CHIUS T=1\n" : "nofis chiudi\n";
-    const QByteArray found
-        = difference(opening + lines.toUtf8() + closing, QByteArray(script).replace("\r\n", "\n"));
+    const QByteArray found = difference(opening + lines.toUtf8() + closing, QByteArray(script).replace("\r\n", "\n"));
     QVERIFY2(found.isEmpty(), found.constData());
 }
 

@@ -68,11 +68,30 @@ void TestExamples::settingsHaveEveryKey_data()
     QTest::newRow("db") << QByteArrayList {"dbname", "username", "password", "hostname"};
     QTest::newRow("bin") << QByteArrayList {"path"};
 
-    const QByteArrayList document {
-        "quantityFieldWidth", "priceFieldWidth", "totalPriceFieldWidth", "paperWidth", "paperRows", "style",
-        "printGeometry", "printHeader", "printLogo", "printCompany", "printDeliveryAddress", "printBillingAddress",
-        "printTelephone", "printDate", "printTime", "printTable", "printCustomer", "printLicenseNumber",
-        "printFiscalCode", "printCredit", "printWaiter", "printNote", "openCashDrawer", "topMargin"};
+    const QByteArrayList document {"quantityFieldWidth",
+                                   "priceFieldWidth",
+                                   "totalPriceFieldWidth",
+                                   "paperWidth",
+                                   "paperRows",
+                                   "style",
+                                   "printGeometry",
+                                   "printHeader",
+                                   "printLogo",
+                                   "printCompany",
+                                   "printDeliveryAddress",
+                                   "printBillingAddress",
+                                   "printTelephone",
+                                   "printDate",
+                                   "printTime",
+                                   "printTable",
+                                   "printCustomer",
+                                   "printLicenseNumber",
+                                   "printFiscalCode",
+                                   "printCredit",
+                                   "printWaiter",
+                                   "printNote",
+                                   "openCashDrawer",
+                                   "topMargin"};
     for (const char* group : {"doc", "prefiscaldoc", "receiptdoc", "invoicedoc", "deliverydoc", "reportdoc"})
         QTest::newRow(group) << document + QByteArrayList {"copyNumber"};
     QTest::newRow("fiscaldoc") << document + QByteArrayList {"descriptionWidth", "copyNumber"};

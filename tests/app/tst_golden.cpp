@@ -18,9 +18,19 @@ static const QDir golden(ZELMORA_GOLDEN);
 void TestGolden::everyMethodHasCases()
 {
     const QStringList methods {
-        "printAbstractOrder", "printAbstractOrderFiscal", "printAbstractOrderInvoice", "printAbstractOrderReceipt",
-        "printFullOrder", "printFullOrderDelivery", "printFullOrderFiscal", "printFullOrderInvoice",
-        "printFullOrderReceipt", "printPartialOrder", "printReport", "printSold", "printStatementOfAccount",
+        "printAbstractOrder",
+        "printAbstractOrderFiscal",
+        "printAbstractOrderInvoice",
+        "printAbstractOrderReceipt",
+        "printFullOrder",
+        "printFullOrderDelivery",
+        "printFullOrderFiscal",
+        "printFullOrderInvoice",
+        "printFullOrderReceipt",
+        "printPartialOrder",
+        "printReport",
+        "printSold",
+        "printStatementOfAccount",
     };
     QCOMPARE(golden.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name), methods);
     for (const QString& method : methods)

@@ -39,10 +39,10 @@ void TestLanguage::catalogue_data()
                                    << true;
     QTest::newRow("by the locale's language alone")
         << "x/zelmora_it.qm" << QByteArray("FOLDER/x") << QByteArray("/") << "it_IT.UTF-8" << true;
-    QTest::newRow("by the locale, relative") << "x/zelmora_it.qm" << QByteArray("x") << QByteArray("/") << "it_IT.UTF-8"
-                                             << true;
-    QTest::newRow("by another locale") << "x/zelmora_it.qm" << QByteArray("FOLDER/x") << QByteArray("/") << "de_DE.UTF-8"
-                                       << false;
+    QTest::newRow("by the locale, relative")
+        << "x/zelmora_it.qm" << QByteArray("x") << QByteArray("/") << "it_IT.UTF-8" << true;
+    QTest::newRow("by another locale") << "x/zelmora_it.qm" << QByteArray("FOLDER/x") << QByteArray("/")
+                                       << "de_DE.UTF-8" << false;
     QTest::newRow("the C locale has a name too")
         << "x/zelmora_C.qm" << QByteArray("FOLDER/x") << QByteArray("/") << "C" << true;
 }
@@ -99,8 +99,9 @@ void TestLanguage::pathInAMessageIsInTheLocalesEncoding()
     ProgramRun run;
     run.setEnvironment("LC_ALL", "it_IT.ISO-8859-15");
     run.startShell("HOME=\"$(printf '/caff\\350')\" \"$program\" job.xml script.txt");
-    QCOMPARE(run.standardOutput,
-             QByteArray("Error in the method FileReader::open( /caff\xe8/.zelmora/conf/zelmora.conf ): File Not Found\n"));
+    QCOMPARE(
+        run.standardOutput,
+        QByteArray("Error in the method FileReader::open( /caff\xe8/.zelmora/conf/zelmora.conf ): File Not Found\n"));
 }
 
 QTEST_GUILESS_MAIN(TestLanguage)

@@ -154,16 +154,13 @@ void TestConfig::brace_data()
     row("a setting after a group", "zelmora: { doc: { a = 1; }; b = 2; };", "zelmora.b", "2");
     row("a group after a setting", "zelmora: { b = 2; doc: { a = 1; }; };", "zelmora.doc.a", "1");
     row("a group after a group", "zelmora: { doc: { a = 1; }; sub: { a = 2; }; };", "zelmora.sub.a", "2");
-    row("a setting and a group of one name: the setting", "zelmora: { a = 1; a: { a = 2; }; };", "zelmora.a",
-        "1");
-    row("a setting and a group of one name: the group", "zelmora: { a = 1; a: { a = 2; }; };", "zelmora.a.a",
-        "2");
+    row("a setting and a group of one name: the setting", "zelmora: { a = 1; a: { a = 2; }; };", "zelmora.a", "1");
+    row("a setting and a group of one name: the group", "zelmora: { a = 1; a: { a = 2; }; };", "zelmora.a.a", "2");
     row("no white space at all", "zelmora:{doc:{a=1;};b=2;};", "zelmora.b", "2");
     row("white space around everything", "\r\n zelmora \t:\r\n\r\n{\n doc\n:\n{\n\ta\n=\n1\n;\n}\n;\n}\n;\n",
         "zelmora.doc.a", "1");
 
-    row("outer white space of a value is lost", "zelmora: { a = \t one two \r\n ; };", "zelmora.a",
-        "one two");
+    row("outer white space of a value is lost", "zelmora: { a = \t one two \r\n ; };", "zelmora.a", "one two");
     row("inner white space of a value stays", "zelmora: { a = one \n\t two; };", "zelmora.a", "one \n\t two");
     row("with quotes", "zelmora: { a = \"DEBUG\"; };", "zelmora.a", "DEBUG");
     row("without quotes", "zelmora: { a = DEBUG; };", "zelmora.a", "DEBUG");
@@ -181,18 +178,17 @@ void TestConfig::brace_data()
     row("a setting after braces in a value", "zelmora: { a = {x: { y }}; b = 2; };", "zelmora.b", "2");
     row("a semicolon ends the value, quoted or not", "zelmora: { a = \"x;y\"; };", "zelmora.a", "x");
 
-    row("what stands between ':' and '{' is ignored", "zelmora: of = our; a } \"till\" : 2 \n { a = 1; };",
-        "zelmora.a", "1");
-    row("what stands between '}' and ';' is ignored",
-        "zelmora: { doc: { a = 1; } end: of = { doc } \n; b = 2; };", "zelmora.b", "2");
+    row("what stands between ':' and '{' is ignored", "zelmora: of = our; a } \"till\" : 2 \n { a = 1; };", "zelmora.a",
+        "1");
+    row("what stands between '}' and ';' is ignored", "zelmora: { doc: { a = 1; } end: of = { doc } \n; b = 2; };",
+        "zelmora.b", "2");
 
     row("a key again: the later value holds", "zelmora: { a = 1; b = 2; a = 3; };", "zelmora.a", "3");
     row("a key again after a group", "zelmora: { a = 1; doc: { a = 2; }; a = 3; };", "zelmora.a", "3");
     row("a key again, empty", "zelmora: { a = 1; a = ; };", "zelmora.a", "");
-    row("a group again: the first answers", "zelmora: { doc: { a = 1; }; doc: { a = 2; }; };",
-        "zelmora.doc.a", "1");
-    row("a group again: the second answers for what the first lacks",
-        "zelmora: { doc: { a = 1; }; doc: { b = 2; }; };", "zelmora.doc.b", "2");
+    row("a group again: the first answers", "zelmora: { doc: { a = 1; }; doc: { a = 2; }; };", "zelmora.doc.a", "1");
+    row("a group again: the second answers for what the first lacks", "zelmora: { doc: { a = 1; }; doc: { b = 2; }; };",
+        "zelmora.doc.b", "2");
     row("a group again: the second answers for what is empty in the first",
         "zelmora: { doc: { a = ; }; doc: { a = 2; }; };", "zelmora.doc.a", "2");
     row("a group again: the third answers, other groups between",
@@ -210,8 +206,7 @@ void TestConfig::brace_data()
     row("a first top-level group of another name hides the second", "other: { a = 1; }; zelmora: { b = 2; };",
         "zelmora.b", "");
     row("an empty group leaves no trace", "other: { }; zelmora: { b = 2; };", "zelmora.b", "2");
-    row("a group with an empty group inside is there", "other: { doc: { }; }; zelmora: { b = 2; };",
-        "zelmora.b", "");
+    row("a group with an empty group inside is there", "other: { doc: { }; }; zelmora: { b = 2; };", "zelmora.b", "");
 }
 
 void TestConfig::brace()
@@ -243,8 +238,8 @@ void TestConfig::slip_data()
     text = "zelmora: { a = 1; # end }\n b = 2; c = 3; };";
     row("a remark with '}' keeps what was before", text, "zelmora.a", "1");
     row("a remark with '}' ends the group", text, "zelmora.c", "");
-    row("a remark at the end of a group does no harm", "zelmora: { doc: { a = 1; # end\n }; b = 2; };",
-        "zelmora.b", "2");
+    row("a remark at the end of a group does no harm", "zelmora: { doc: { a = 1; # end\n }; b = 2; };", "zelmora.b",
+        "2");
     row("a remark at the end of the file does no harm", "zelmora: { a = 1; }; # end", "zelmora.a", "1");
 
     text = "zelmora: { a = 1;; b = 2; c = 3; };";
@@ -284,11 +279,10 @@ void TestConfig::slip_data()
 
     row("'}' first of all: the rest is not read", "} zelmora: { a = 1; };", "zelmora.a", "");
     row("'}' and ';' first of all: the rest is not read", "}; zelmora: { a = 1; };", "zelmora.a", "");
-    row("'}' after a top-level setting: the rest is not read", "b = 2; }; zelmora: { a = 1; };", "zelmora.a",
-        "");
+    row("'}' after a top-level setting: the rest is not read", "b = 2; }; zelmora: { a = 1; };", "zelmora.a", "");
     row("one '}' too many at the end", "zelmora: { a = 1; }; }; };", "zelmora.a", "1");
-    row("one '}' too many in a group closes the group around", "zelmora: { doc: { a = 1; }; }; b = 2; };",
-        "zelmora.b", "");
+    row("one '}' too many in a group closes the group around", "zelmora: { doc: { a = 1; }; }; b = 2; };", "zelmora.b",
+        "");
 }
 
 void TestConfig::slip()
@@ -520,13 +514,12 @@ void TestConfig::encoding_data()
         "ï»¿è");
 
     const QByteArray nul(1, '\0');
-    add("a NUL in a value", "zelmora: { a = 1" + nul + "2; b = 2; };", "zelmora.a",
-        QString("1") + QChar(0) + '2');
+    add("a NUL in a value", "zelmora: { a = 1" + nul + "2; b = 2; };", "zelmora.a", QString("1") + QChar(0) + '2');
     add("a setting after a NUL", "zelmora: { a = 1" + nul + "2; b = 2; };", "zelmora.b", "2");
     add("a NUL in a name", "zelmora: { a" + nul + "b = 1; };", QString("zelmora.a") + QChar(0) + 'b', "1");
     add("a NUL before a name", "zelmora: { " + nul + "a = 1; };", "zelmora.a", "");
-    add("a file in UTF-16", "z" + nul + ":" + nul + "{" + nul + "a" + nul + "=" + nul + "1" + nul + ";" + nul,
-        "z.a", "");
+    add("a file in UTF-16", "z" + nul + ":" + nul + "{" + nul + "a" + nul + "=" + nul + "1" + nul + ";" + nul, "z.a",
+        "");
 }
 
 void TestConfig::encoding()
@@ -620,9 +613,7 @@ void TestConfig::everyPrefixIsRead()
 void TestConfig::randomBytesAreRead()
 {
     std::mt19937 random(20);
-    const auto below = [&random](int bound) {
-        return static_cast<int>(random() % static_cast<unsigned>(bound));
-    };
+    const auto below = [&random](int bound) { return static_cast<int>(random() % static_cast<unsigned>(bound)); };
     const QByteArray common = ":::{{{}};;;===\" .\nga\xC3\xA8\xE8";
     Config config;
     for (int file = 0; file < 500; ++file) {
@@ -648,8 +639,8 @@ void TestConfig::xml_data()
 
     row("an attribute of the root element", "<zelmora a='1'/>", "zelmora.a", "1");
     row("an attribute of an element inside", "<zelmora><doc a='1'/></zelmora>", "zelmora.doc.a", "1");
-    row("line breaks between elements",
-        "<zelmora>\n    <doc>\n        <row a='1'/>\n    </doc>\n</zelmora>\n", "zelmora.doc.row.a", "1");
+    row("line breaks between elements", "<zelmora>\n    <doc>\n        <row a='1'/>\n    </doc>\n</zelmora>\n",
+        "zelmora.doc.row.a", "1");
     row("text, comments and instructions in between",
         "<zelmora>a<!-- b --><?c d?><![CDATA[e]]><doc a='1'>f</doc></zelmora>", "zelmora.doc.a", "1");
     row("text is no value", "<zelmora><a>1</a></zelmora>", "zelmora.a", "");
@@ -657,14 +648,12 @@ void TestConfig::xml_data()
     row("a quote in a value stays", "<zelmora a='7\" paper'/>", "zelmora.a", "7\" paper");
     row("references in a value", "<zelmora a='&lt;&amp;&#8364;'/>", "zelmora.a", "<&€");
     row("accents in names and values", "<zelmora><menù città='è €'/></zelmora>", "zelmora.menù.città", "è €");
-    row("an element again: the second answers for what the first lacks",
-        "<zelmora><doc a='1'/><doc b='2'/></zelmora>", "zelmora.doc.b", "2");
-    row("an element again: the first answers", "<zelmora><doc a='1'/><doc a='2'/></zelmora>", "zelmora.doc.a",
-        "1");
+    row("an element again: the second answers for what the first lacks", "<zelmora><doc a='1'/><doc b='2'/></zelmora>",
+        "zelmora.doc.b", "2");
+    row("an element again: the first answers", "<zelmora><doc a='1'/><doc a='2'/></zelmora>", "zelmora.doc.a", "1");
     row("a name in other case", "<zelmora a='1'/>", "Zelmora.a", "");
     row("a root element of another name", "<other><zelmora a='1'/></other>", "zelmora.a", "");
-    row("names with a prefix", "<p:zelmora xmlns:p='u'><p:doc p:a='1'/></p:zelmora>", "p:zelmora.p:doc.p:a",
-        "1");
+    row("names with a prefix", "<p:zelmora xmlns:p='u'><p:doc p:a='1'/></p:zelmora>", "p:zelmora.p:doc.p:a", "1");
     row("names with a prefix are not found without it", "<p:zelmora xmlns:p='u' p:a='1'/>", "zelmora.a", "");
     row("a prefix that nobody declared", "<p:zelmora p:a='1'/>", "p:zelmora.p:a", "1");
     row("a name space declaration is an attribute", "<zelmora xmlns='u' a='1'/>", "zelmora.xmlns", "u");
@@ -672,8 +661,7 @@ void TestConfig::xml_data()
     row("white space before the root element", "\n <zelmora a='1'/>", "zelmora.a", "1");
     row("a comment after the root element", "<zelmora a='1'/><!-- end -->", "zelmora.a", "1");
     row("a byte-order mark", "\xEF\xBB\xBF<zelmora a='1'/>", "zelmora.a", "1");
-    row("a declaration first hides the root element", "<?xml version='1.0'?><zelmora a='1'/>", "zelmora.a",
-        "");
+    row("a declaration first hides the root element", "<?xml version='1.0'?><zelmora a='1'/>", "zelmora.a", "");
     row("a comment first hides the root element", "<!-- till 1 --><zelmora a='1'/>", "zelmora.a", "");
     row("an instruction first hides the root element", "<?till 1?><zelmora a='1'/>", "zelmora.a", "");
     row("a declaration and a comment first hide the root element",
@@ -683,8 +671,8 @@ void TestConfig::xml_data()
         "zelmora.a", "");
     row("a comment first does not make way for an element's child", "<!-- till 1 --><other><zelmora a='1'/></other>",
         "other.zelmora.a", "");
-    row("a comment first hides an element inside", "<!-- till 1 --><zelmora><doc a='1'/></zelmora>",
-        "zelmora.doc.a", "");
+    row("a comment first hides an element inside", "<!-- till 1 --><zelmora><doc a='1'/></zelmora>", "zelmora.doc.a",
+        "");
 }
 
 void TestConfig::xml()
@@ -749,8 +737,8 @@ void TestConfig::dropped_data()
         QTest::newRow(name) << text << "xml" << expected;
     };
 
-    row("nothing of a good file",
-        "a = 1; zelmora: { a = \"1\"; b = 2; doc: { c = \" 3 \"; }; }; other: { d = ; };", {});
+    row("nothing of a good file", "a = 1; zelmora: { a = \"1\"; b = 2; doc: { c = \" 3 \"; }; }; other: { d = ; };",
+        {});
     row("nothing of an empty file", " \n", {});
     row("no marks and no white space", "\xEF\xBB\xBF zelmora \n: \n{ a = 1;\n}\n;\n\n", {});
     row("text between ':' and '{'", "zelmora: of our a = 1; till { a = 1; };", {"of our a = 1; till"});
@@ -785,8 +773,7 @@ void TestConfig::dropped_data()
     xml("nothing of a good XML file", "<zelmora a='7&quot;' b=''>\n <doc xmlns='u' c=' 3 '/>\n</zelmora>\n", {});
     xml("text and comments of XML", "<zelmora a='1'>one<!-- two --><doc b='2'>\n three\n</doc></zelmora><!--four-->",
         {"one", "two", "three", "four"});
-    xml("instructions and character data", "<zelmora a='1'><?one two?><![CDATA[ three ]]></zelmora>",
-        {"two", "three"});
+    xml("instructions and character data", "<zelmora a='1'><?one two?><![CDATA[ three ]]></zelmora>", {"two", "three"});
     xml("all after a declaration", "<?xml version='1.0'?><zelmora a='1'/>", {"version='1.0'", "zelmora"});
     xml("all after a comment", "<!-- one --><zelmora a='1'><doc b='2'/></zelmora><!-- two -->",
         {"one", "zelmora", "two"});
@@ -954,10 +941,8 @@ void TestConfig::path_data()
     const QByteArray inLatin1 = "caff\xE8.conf";
     const QByteArray chinese = "\xE6\xBC\xA2.conf";
 
-    QTest::newRow("a plain name") << QVector<QByteArray> {"till.conf"} << "till.conf"
-                                  << QByteArray("till.conf");
-    QTest::newRow("accents in the file system's own form")
-        << QVector<QByteArray> {inUtf8} << "caffè.conf" << inUtf8;
+    QTest::newRow("a plain name") << QVector<QByteArray> {"till.conf"} << "till.conf" << QByteArray("till.conf");
+    QTest::newRow("accents in the file system's own form") << QVector<QByteArray> {inUtf8} << "caffè.conf" << inUtf8;
     QTest::newRow("accents in the 8-bit form") << QVector<QByteArray> {inLatin1} << "caffè.conf" << inLatin1;
     QTest::newRow("accents in both forms: the 8-bit form answers")
         << QVector<QByteArray> {inUtf8, inLatin1} << "caffè.conf" << inLatin1;
@@ -973,9 +958,7 @@ void TestConfig::path()
     QFETCH(QByteArray, answering);
 
     const QTemporaryDir folder;
-    const auto pathOf = [&folder](const QByteArray& name) {
-        return QFile::encodeName(folder.path()) + '/' + name;
-    };
+    const auto pathOf = [&folder](const QByteArray& name) { return QFile::encodeName(folder.path()) + '/' + name; };
     for (const QByteArray& name : qAsConst(stored))
         writeFile(pathOf(name), "zelmora: { a = " + name.toHex() + "; };");
 

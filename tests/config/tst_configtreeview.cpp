@@ -166,8 +166,7 @@ void TestConfigTreeView::items_data()
     QTest::newRow("settings and groups at top level")
         << QByteArray("b = 1; zelmora: { c = 2; }; a = 3; other: { d = 4; };") << "cfg"
         << QStringList {"1 b", "2 1", "1 a", "2 3", "1 zelmora", "2 c", "3 2", "1 other", "2 d", "3 4"};
-    QTest::newRow("empty names and values")
-        << QByteArray(": { = ; };") << "cfg" << QStringList {"1 ", "2 ", "3 "};
+    QTest::newRow("empty names and values") << QByteArray(": { = ; };") << "cfg" << QStringList {"1 ", "2 ", "3 "};
     QTest::newRow("a repeated setting has its first place and its last value")
         << QByteArray("z: { b = 1; a = 2; b = 3; };") << "cfg" << QStringList {"1 z", "2 b", "3 3", "2 a", "3 2"};
     QTest::newRow("a group that holds no setting")
@@ -290,8 +289,7 @@ void TestConfigTreeView::elementOfAnotherDocument()
         config.buildConfigListView(node, item);
         config.buildConfigListView(node, &list);
     }
-    QCOMPARE(itemLines(list),
-             (QStringList {"0 top", "1 doc", "2 a", "3 1", "2 row", "0 doc", "1 a", "2 1", "1 row"}));
+    QCOMPARE(itemLines(list), (QStringList {"0 top", "1 doc", "2 a", "3 1", "2 row", "0 doc", "1 a", "2 1", "1 row"}));
 }
 
 void TestConfigTreeView::listOfTheStore()
@@ -301,8 +299,7 @@ void TestConfigTreeView::listOfTheStore()
     writeBytes(ZMConfiguration::path(), "zelmora: { a = 1; };");
     const ZMConfiguration store;
     const std::unique_ptr<QTreeWidget> list(store.newConfigListView());
-    QCOMPARE(itemLines(*list),
-             (QStringList {"0 " + path(".zelmora/conf/zelmora.conf"), "1 zelmora", "2 a", "3 1"}));
+    QCOMPARE(itemLines(*list), (QStringList {"0 " + path(".zelmora/conf/zelmora.conf"), "1 zelmora", "2 a", "3 1"}));
     QCOMPARE(list->headerItem()->text(0), QString("ConfigurationFile"));
 }
 
@@ -339,8 +336,8 @@ void TestConfigTreeView::unchangedListSavesTheSame_data()
     QTest::newRow("the examples' settings") << example << "cfg" << example;
     QTest::newRow("laid out in another way")
         << QByteArray("zelmora:{doc:{m=\" 3 \";};z=2;a=;};b=1;") << "cfg" << written;
-    QTest::newRow("with a second top-level group, which is lost")
-        << written + "other: { c = 4; };" << "cfg" << written;
+    QTest::newRow("with a second top-level group, which is lost") << written + "other: { c = 4; };"
+                                                                  << "cfg" << written;
     QTest::newRow("with a group that holds no setting, which no value is made of")
         << QByteArray("zelmora: { doc: { none: { x: { }; }; y = 1; }; z: { none: { x: { }; }; }; };") << "cfg"
         << QByteArray("zelmora: \n"
@@ -417,33 +414,33 @@ void TestConfigTreeView::editedValue_data()
     QTest::addColumn<QString>("format");
     QTest::addColumn<QByteArray>("expected");
 
-    QTest::newRow("in the brace format")
-        << QByteArray("zelmora: { doc: { paperWidth = 32; style = ; }; doc: { paperWidth = 1; }; };") << "cfg"
-        << QByteArray("zelmora: \n"
-                      "{\n"
-                      "    doc: \n"
-                      "    {\n"
-                      "        paperWidth = \"40 caff\xC3\xA8\";\n"
-                      "        style = \"\";\n"
-                      "    };\n"
-                      "\n"
-                      "    doc: \n"
-                      "    {\n"
-                      "        paperWidth = \"1\";\n"
-                      "    };\n"
-                      "\n"
-                      "};\n"
-                      "\n");
-    QTest::newRow("in XML")
-        << QByteArray("<zelmora><doc paperWidth='32' style=''/></zelmora>") << "xml"
-        << QByteArray("\n"
-                      "<zelmora>\n"
-                      "\n"
-                      "    <doc\n"
-                      "        paperWidth = \"40 caff\xC3\xA8\"\n"
-                      "        style = \"\">\n"
-                      "    </doc>\n"
-                      "</zelmora>\n");
+    QTest::newRow("in the brace format") << QByteArray(
+        "zelmora: { doc: { paperWidth = 32; style = ; }; doc: { paperWidth = 1; }; };")
+                                         << "cfg"
+                                         << QByteArray("zelmora: \n"
+                                                       "{\n"
+                                                       "    doc: \n"
+                                                       "    {\n"
+                                                       "        paperWidth = \"40 caff\xC3\xA8\";\n"
+                                                       "        style = \"\";\n"
+                                                       "    };\n"
+                                                       "\n"
+                                                       "    doc: \n"
+                                                       "    {\n"
+                                                       "        paperWidth = \"1\";\n"
+                                                       "    };\n"
+                                                       "\n"
+                                                       "};\n"
+                                                       "\n");
+    QTest::newRow("in XML") << QByteArray("<zelmora><doc paperWidth='32' style=''/></zelmora>") << "xml"
+                            << QByteArray("\n"
+                                          "<zelmora>\n"
+                                          "\n"
+                                          "    <doc\n"
+                                          "        paperWidth = \"40 caff\xC3\xA8\"\n"
+                                          "        style = \"\">\n"
+                                          "    </doc>\n"
+                                          "</zelmora>\n");
 }
 
 void TestConfigTreeView::editedValue()
@@ -551,8 +548,7 @@ void TestConfigTreeView::builtList_data()
     row("no children at the level of groups, last", zelmora({a, none}), {"1 zelmora:", "2 a = 1"});
     row("no children at the top level of the file", file({none, {"zelmora", {a}}}), {"1 zelmora:", "2 a = 1"});
     row("no children in the next item", {{"file", {{"zelmora", {a}}}}, {"other", {}}}, {"1 zelmora:", "2 a = 1"});
-    row("no children in the first item", {{"other", {}}, {"file", {{"zelmora", {a}}}}},
-        {"1 zelmora:", "2 a = 1"});
+    row("no children in the first item", {{"other", {}}, {"file", {{"zelmora", {a}}}}}, {"1 zelmora:", "2 a = 1"});
     row("a name and nothing else", file({none}), {});
     row("a first child without children makes a setting", zelmora({a, {"doc", {none, b}}}),
         {"1 zelmora:", "2 a = 1", "2 doc = none"});
@@ -658,8 +654,9 @@ void TestConfigTreeView::itemIntoADocument()
     QString text;
     QTextStream out(&text);
     config->buildConfigFile(element, out);
-    QCOMPARE(text, QString("doc: \n{\n    b = \"1\";\n    a = \"3\";\n"
-                           "    row: \n    {\n        a = \"2\";\n    };\n\n};\n\n"));
+    QCOMPARE(text,
+             QString("doc: \n{\n    b = \"1\";\n    a = \"3\";\n"
+                     "    row: \n    {\n        a = \"2\";\n    };\n\n};\n\n"));
 
     document = QDomDocument();
     QCOMPARE(element.attribute("a"), QString("3"));

@@ -230,8 +230,8 @@ private:
     QByteArray bytes(const QString& text)
     {
         const QByteArray latin1 = text.toLatin1();
-        const bool staysLatin1 = QString::fromLatin1(latin1) == text
-            && QString::fromUtf8(latin1).contains(QChar::ReplacementCharacter);
+        const bool staysLatin1 =
+            QString::fromLatin1(latin1) == text && QString::fromUtf8(latin1).contains(QChar::ReplacementCharacter);
         return staysLatin1 && below(2) == 0 ? latin1 : text.toUtf8();
     }
 
@@ -460,8 +460,8 @@ void TestConfigWriter::bytes_data()
         "        </row>\n"
         "    </doc>\n"
         "</zelmora>\n");
-    row("a first group that holds no setting hides the second one", "first: { doc: { }; }; zelmora: { a = 1; };",
-        "", "\n<first>\n</first>\n");
+    row("a first group that holds no setting hides the second one", "first: { doc: { }; }; zelmora: { a = 1; };", "",
+        "\n<first>\n</first>\n");
     row("values as they are", "zelmora: { a = ; b = \"\"; c = 12:30; d = {x: y=z}; e = \" one\n\ttwo \"; f = <&'>; };",
         "zelmora: \n"
         "{\n"
@@ -684,12 +684,26 @@ void TestConfigWriter::encoding_data()
     row("a cut UTF-8 sequence becomes two characters", "a = \"\xC3\"", "a", "\xC3\x83");
     row("the noncharacter U+FFFE", "a = \xEF\xBF\xBE", "a", "\xEF\xBF\xBE");
     row("control characters stay", "a = \x01\x7F\x1A", "a", "\x01\x7F\x1A");
-    row("a NUL stays", QByteArray("a = 1\0" "2", 7), "a", QByteArray("1\0" "2", 3));
+    row("a NUL stays",
+        QByteArray("a = 1\0"
+                   "2",
+                   7),
+        "a",
+        QByteArray("1\0"
+                   "2",
+                   3));
     row("a NUL for a name", QByteArray("\0 = 1", 5), QByteArray(1, '\0'), "1");
-    row("byte-order marks at the beginning are dropped", "\xEF\xBB\xBF\xEF\xBB\xBF" "a = \xEF\xBB\xBF\xEF\xBB\xBF" "1",
+    row("byte-order marks at the beginning are dropped",
+        "\xEF\xBB\xBF\xEF\xBB\xBF"
+        "a = \xEF\xBB\xBF\xEF\xBB\xBF"
+        "1",
         "a", "1");
-    row("byte-order marks elsewhere stay", "a\xEF\xBB\xBF = \"\xEF\xBB\xBF" "1\xEF\xBB\xBF\"", "a\xEF\xBB\xBF",
-        "\xEF\xBB\xBF" "1\xEF\xBB\xBF");
+    row("byte-order marks elsewhere stay",
+        "a\xEF\xBB\xBF = \"\xEF\xBB\xBF"
+        "1\xEF\xBB\xBF\"",
+        "a\xEF\xBB\xBF",
+        "\xEF\xBB\xBF"
+        "1\xEF\xBB\xBF");
 }
 
 void TestConfigWriter::encoding()
@@ -1136,8 +1150,7 @@ void TestConfigWriter::dump_data()
     row("settings and groups in their order",
         "z = 1; zelmora: { doc: { b = 2; a = 3; }; c = \" 4 \"; lang: { d = ; }; };", "cfg",
         "z = 1\nzelmora\nc =  4 \ndoc\nb = 2\na = 3\nlang\nd = \n");
-    row("all top-level groups", "zelmora: { a = 1; }; other: { b = 2; };", "cfg",
-        "zelmora\na = 1\nother\nb = 2\n");
+    row("all top-level groups", "zelmora: { a = 1; }; other: { b = 2; };", "cfg", "zelmora\na = 1\nother\nb = 2\n");
     row("a repeated setting", "zelmora: { b = 1; a = 2; b = 3; };", "cfg", "zelmora\nb = 3\na = 2\n");
     row("a group without settings", "zelmora: { doc: { none: { }; }; };", "cfg", "zelmora\ndoc\n");
     row("no names", ": { = ; };", "cfg", "\n = \n");
@@ -1190,9 +1203,9 @@ void TestConfigWriter::dumpInTheLocalesEncoding()
     const QString file = path("zelmora.conf");
     writeBytes(file, QString("menù: { caffè = € 漢; };").toUtf8());
     const QByteArray files = QString("menù: \n{\n    caffè = \"€ 漢\";\n};\n\n"
-                                     "\n<menù\n    caffè = \"€ 漢\">\n</menù>\n").toUtf8();
-    QCOMPARE(outputOfProcess(file, "cfg", {"LC_ALL=" + locale}),
-             files + "Tree \n" + file.toUtf8() + '\n' + expected);
+                                     "\n<menù\n    caffè = \"€ 漢\">\n</menù>\n")
+                                 .toUtf8();
+    QCOMPARE(outputOfProcess(file, "cfg", {"LC_ALL=" + locale}), files + "Tree \n" + file.toUtf8() + '\n' + expected);
 }
 
 void TestConfigWriter::unwritableValue_data()
@@ -1200,8 +1213,8 @@ void TestConfigWriter::unwritableValue_data()
     QTest::addColumn<QByteArray>("value"); // as XML has it
     QTest::addColumn<QStringList>("readBack");
 
-    QTest::newRow("a quote is lost")
-        << QByteArray("7&quot; x 5&quot;") << QStringList {"1 zelmora:", "2 a = 7 x 5", "2 b = 2"};
+    QTest::newRow("a quote is lost") << QByteArray("7&quot; x 5&quot;")
+                                     << QStringList {"1 zelmora:", "2 a = 7 x 5", "2 b = 2"};
     QTest::newRow("a semicolon ends the value, the rest becomes part of the next name")
         << QByteArray("one;two") << QStringList {"1 zelmora:", "2 a = one", "2 two\";\n    b = 2"};
 }

@@ -19,7 +19,8 @@ const int threadCount = 32;
 
 /// A type for each number, because a type has its instance for the whole life of the process. Its constructor
 /// takes a while, so that the threads meet in it.
-template <int number> struct Counted {
+template <int number>
+struct Counted {
     Counted()
     {
         ++made;
@@ -32,7 +33,8 @@ template <int number> struct Counted {
 };
 
 /// As Counted, but the first construction fails.
-template <int number> struct FailingOnce {
+template <int number>
+struct FailingOnce {
     FailingOnce()
     {
         std::this_thread::sleep_for(std::chrono::milliseconds(2));
@@ -46,7 +48,8 @@ template <int number> struct FailingOnce {
 };
 
 /// Whether the threads got one good instance, made once.
-template <int number> bool oneInstanceForAll()
+template <int number>
+bool oneInstanceForAll()
 {
     using Singleton = SyncSingleton<Counted<number>>;
     std::vector<Counted<number>*> instances(threadCount);
@@ -66,7 +69,8 @@ template <int number> bool oneInstanceForAll()
 }
 
 /// Whether one thread got the exception and all others one good instance.
-template <int number> bool oneFailureThenOneInstance()
+template <int number>
+bool oneFailureThenOneInstance()
 {
     using Singleton = SyncSingleton<FailingOnce<number>>;
     std::atomic<int> exceptions {0};
@@ -82,12 +86,14 @@ template <int number> bool oneFailureThenOneInstance()
     return FailingOnce<number>::attempts == 2 && exceptions == 1 && goodOnes == threadCount - 1;
 }
 
-template <int... numbers> QVector<bool> creationRounds(std::integer_sequence<int, numbers...>)
+template <int... numbers>
+QVector<bool> creationRounds(std::integer_sequence<int, numbers...>)
 {
     return {oneInstanceForAll<numbers>()...};
 }
 
-template <int... numbers> QVector<bool> failureRounds(std::integer_sequence<int, numbers...>)
+template <int... numbers>
+QVector<bool> failureRounds(std::integer_sequence<int, numbers...>)
 {
     return {oneFailureThenOneInstance<numbers>()...};
 }

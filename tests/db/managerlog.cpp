@@ -45,9 +45,8 @@ QStringList shown(const QString& method, const QString& sql, int rows)
 
 QStringList failed(const QString& method, const QString& sql, const QString& databaseText)
 {
-    return shown(method, sql, -1)
-        << "ERROR: Error in the method " + method + ", to query: " + sql
-        << "ERROR: " + databaseText;
+    return shown(method, sql, -1) << "ERROR: Error in the method " + method + ", to query: " + sql
+                                  << "ERROR: " + databaseText;
 }
 
 QString databaseText(const QString& sql, const QSqlDatabase& db)

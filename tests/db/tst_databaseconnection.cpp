@@ -181,8 +181,10 @@ void TestDatabaseConnection::opened_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("registeredName");
     QTest::newRow("the default connection") << "" << defaultName();
-    QTest::newRow("a name") << "kitchen" << "kitchen";
-    QTest::newRow("a name of blanks and other letters") << "sala è 漢 " << "sala è 漢 ";
+    QTest::newRow("a name") << "kitchen"
+                            << "kitchen";
+    QTest::newRow("a name of blanks and other letters") << "sala è 漢 "
+                                                        << "sala è 漢 ";
     QTest::newRow("the default connection by the toolkit's name") << defaultName() << defaultName();
 }
 
@@ -215,12 +217,18 @@ void TestDatabaseConnection::openedAsOthersSpell_data()
     QTest::addColumn<QString>("user");
     QTest::addColumn<QString>("password");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("quotes and blanks in the password")
-        << "zelmora_test" << "odd" << "it's a \\ \"sècret\" €" << "odd in zelmora_test";
-    QTest::newRow("quotes and blanks in the database's name")
-        << "o'clock \\ € = dbname" << "zelmora" << "correct-horse" << "zelmora in o'clock \\ € = dbname";
-    QTest::newRow("no database: the one of the user's name")
-        << "" << "zelmora" << "correct-horse" << "zelmora in zelmora";
+    QTest::newRow("quotes and blanks in the password") << "zelmora_test"
+                                                       << "odd"
+                                                       << "it's a \\ \"sècret\" €"
+                                                       << "odd in zelmora_test";
+    QTest::newRow("quotes and blanks in the database's name") << "o'clock \\ € = dbname"
+                                                              << "zelmora"
+                                                              << "correct-horse"
+                                                              << "zelmora in o'clock \\ € = dbname";
+    QTest::newRow("no database: the one of the user's name") << ""
+                                                             << "zelmora"
+                                                             << "correct-horse"
+                                                             << "zelmora in zelmora";
 }
 
 void TestDatabaseConnection::openedAsOthersSpell()
@@ -230,8 +238,8 @@ void TestDatabaseConnection::openedAsOthersSpell()
     QFETCH(QString, password);
     QFETCH(QString, expected);
 
-    QSqlDatabase* const db
-        = on.manager->createConnection("QPSQL7", database, user, password, on.server.host(), "kitchen");
+    QSqlDatabase* const db =
+        on.manager->createConnection("QPSQL7", database, user, password, on.server.host(), "kitchen");
     QCOMPARE(on.newRecords(), QStringList {establishedRecord(database)});
     QVERIFY(db);
     QCOMPARE(on.execute(whoAndWhere, db), expected);
@@ -248,18 +256,20 @@ void TestDatabaseConnection::refused_data()
     const QString database = PostgresCluster::database();
     const QString user = PostgresCluster::user();
     const QString password = PostgresCluster::password();
-    QTest::newRow("a wrong password")
-        << database << user << "incorrect-horse" << "" << "password authentication failed for user \"zelmora\"";
-    QTest::newRow("an empty password") << database << user << "" << "" << "no password supplied";
-    QTest::newRow("an unknown user")
-        << database << "nobody" << password << "" << "password authentication failed for user \"nobody\"";
-    QTest::newRow("a missing database")
-        << "nowhere" << user << password << "" << "database \"nowhere\" does not exist";
-    QTest::newRow("a folder without a socket")
-        << database << user << password << "/nowhere"
-        << "\"/nowhere/.s.PGSQL.5432\" failed: No such file or directory";
-    QTest::newRow("a host name that none can have")
-        << database << user << password << "no such host" << "could not translate host name \"no such host\"";
+    QTest::newRow("a wrong password") << database << user << "incorrect-horse"
+                                      << ""
+                                      << "password authentication failed for user \"zelmora\"";
+    QTest::newRow("an empty password") << database << user << ""
+                                       << ""
+                                       << "no password supplied";
+    QTest::newRow("an unknown user") << database << "nobody" << password << ""
+                                     << "password authentication failed for user \"nobody\"";
+    QTest::newRow("a missing database") << "nowhere" << user << password << ""
+                                        << "database \"nowhere\" does not exist";
+    QTest::newRow("a folder without a socket") << database << user << password << "/nowhere"
+                                               << "\"/nowhere/.s.PGSQL.5432\" failed: No such file or directory";
+    QTest::newRow("a host name that none can have") << database << user << password << "no such host"
+                                                    << "could not translate host name \"no such host\"";
 }
 
 void TestDatabaseConnection::refused()
@@ -441,8 +451,8 @@ void TestDatabaseConnection::processes_data()
     const QByteArray noDriver = "ERROR: Failed to connect to driver\n";
     const QByteArray none;
     QTest::newRow("connections are left open") << "--leave-open" << none << none;
-    QTest::newRow("a singleton has a last statement") << "--speak-last" << QByteArray("good night\n")
-                                                        << QByteArray("QSqlQuery::exec: database not open");
+    QTest::newRow("a singleton has a last statement")
+        << "--speak-last" << QByteArray("good night\n") << QByteArray("QSqlQuery::exec: database not open");
     QTest::newRow("a connection was refused") << "--leave-refused" << none << none;
     QTest::newRow("the settings' connection is the first use") << "--leave-from-settings" << noSettings << none;
     QTest::newRow("no plug-in") << "--without-plug-ins" << noSettings + noDriver

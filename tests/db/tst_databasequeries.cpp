@@ -172,22 +172,37 @@ void TestDatabaseQueries::selectedValue_data()
 {
     QTest::addColumn<QString>("expression");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("an empty text") << "''" << "";
-    QTest::newRow("a text of three alphabets") << "'Caffè € 漢字 λ 𝄞'" << "Caffè € 漢字 λ 𝄞";
-    QTest::newRow("a text with line ends, blanks and quotes") << "E'  a\\n\\tb''\"\\\\ '" << "  a\n\tb'\"\\ ";
+    QTest::newRow("an empty text") << "''"
+                                   << "";
+    QTest::newRow("a text of three alphabets") << "'Caffè € 漢字 λ 𝄞'"
+                                               << "Caffè € 漢字 λ 𝄞";
+    QTest::newRow("a text with line ends, blanks and quotes") << "E'  a\\n\\tb''\"\\\\ '"
+                                                              << "  a\n\tb'\"\\ ";
     QTest::newRow("a text of 100,000 characters") << "repeat('è', 100000)" << QString(100000, QChar(0xE8));
-    QTest::newRow("a padded text") << "'ab'::char(4)" << "ab  ";
-    QTest::newRow("a negative number") << "-7" << "-7";
-    QTest::newRow("a number of 64 bits") << "9223372036854775807" << "9223372036854775807";
-    QTest::newRow("an amount") << "12.25::numeric(8, 2)" << "12.25";
-    QTest::newRow("an amount with zeros") << "12.50::numeric(8, 2)" << "12.50";
-    QTest::newRow("a whole amount") << "12.00::numeric(8, 2)" << "12.00";
-    QTest::newRow("an amount of 20 digits") << "123456789012345678.91::numeric" << "123456789012345678.91";
-    QTest::newRow("a small amount") << "0.00001::numeric" << "0.00001";
-    QTest::newRow("true") << "true" << "true";
-    QTest::newRow("false") << "false" << "false";
-    QTest::newRow("a computed number, in 15 digits") << "8.29::float8 * 100" << "829";
-    QTest::newRow("a date") << "date '2025-11-14'" << "2025-11-14";
+    QTest::newRow("a padded text") << "'ab'::char(4)"
+                                   << "ab  ";
+    QTest::newRow("a negative number") << "-7"
+                                       << "-7";
+    QTest::newRow("a number of 64 bits") << "9223372036854775807"
+                                         << "9223372036854775807";
+    QTest::newRow("an amount") << "12.25::numeric(8, 2)"
+                               << "12.25";
+    QTest::newRow("an amount with zeros") << "12.50::numeric(8, 2)"
+                                          << "12.50";
+    QTest::newRow("a whole amount") << "12.00::numeric(8, 2)"
+                                    << "12.00";
+    QTest::newRow("an amount of 20 digits") << "123456789012345678.91::numeric"
+                                            << "123456789012345678.91";
+    QTest::newRow("a small amount") << "0.00001::numeric"
+                                    << "0.00001";
+    QTest::newRow("true") << "true"
+                          << "true";
+    QTest::newRow("false") << "false"
+                           << "false";
+    QTest::newRow("a computed number, in 15 digits") << "8.29::float8 * 100"
+                                                     << "829";
+    QTest::newRow("a date") << "date '2025-11-14'"
+                            << "2025-11-14";
 
     for (const char* type : {"text", "integer", "bigint", "numeric", "float8", "boolean", "date", "timestamp", "bytea"})
         QTest::newRow(qPrintable(QString("NULL, as ") + type)) << QString("null::") + type << "";
@@ -266,9 +281,12 @@ void TestDatabaseQueries::database()
         statements << sql;
         records << shown(selectMethod, sql, 1);
     }
-    QCOMPARE(on.newStatements(), statements << "delete from dishes" << "delete from guests");
-    QCOMPARE(on.newRecords(), records << shown("executeQuery(...)", "delete from dishes", 3)
-                                      << shown("executeQuery(...)", "delete from guests", 0));
+    QCOMPARE(on.newStatements(),
+             statements << "delete from dishes"
+                        << "delete from guests");
+    QCOMPARE(on.newRecords(),
+             records << shown("executeQuery(...)", "delete from dishes", 3)
+                     << shown("executeQuery(...)", "delete from guests", 0));
 }
 
 // The toolkit executes nothing then, and finds no error.
@@ -293,15 +311,18 @@ void TestDatabaseQueries::failures_data()
     QTest::addColumn<QString>("sql");
     QTest::addColumn<QString>("reason"); // the server's
 
-    QTest::newRow("wrong syntax") << "selec * from dishes" << "syntax error at or near \"selec\"";
-    QTest::newRow("wrong syntax in the second line")
-        << "select *\n\tfrom dishes were id = 1" << "syntax error at or near \"id\"";
-    QTest::newRow("a missing table") << "select * from drinks" << "relation \"drinks\" does not exist";
-    QTest::newRow("a missing column") << "select colour from dishes" << "column \"colour\" does not exist";
-    QTest::newRow("a key that is there already")
-        << "insert into dishes (id) values (1)" << "duplicate key value violates unique constraint \"dishes_pkey\"";
-    QTest::newRow("what shows only with the third row")
-        << "select 1 / (3 - id) from dishes order by id" << "division by zero";
+    QTest::newRow("wrong syntax") << "selec * from dishes"
+                                  << "syntax error at or near \"selec\"";
+    QTest::newRow("wrong syntax in the second line") << "select *\n\tfrom dishes were id = 1"
+                                                     << "syntax error at or near \"id\"";
+    QTest::newRow("a missing table") << "select * from drinks"
+                                     << "relation \"drinks\" does not exist";
+    QTest::newRow("a missing column") << "select colour from dishes"
+                                      << "column \"colour\" does not exist";
+    QTest::newRow("a key that is there already") << "insert into dishes (id) values (1)"
+                                                 << "duplicate key value violates unique constraint \"dishes_pkey\"";
+    QTest::newRow("what shows only with the third row") << "select 1 / (3 - id) from dishes order by id"
+                                                        << "division by zero";
 }
 
 void TestDatabaseQueries::failures()
@@ -356,10 +377,14 @@ void TestDatabaseQueries::showCursorError_data()
     QTest::addColumn<QString>("table");
     QTest::addColumn<QString>("filter");
     QTest::addColumn<bool>("wrong");
-    QTest::newRow("rows") << "dishes" << "id > 1" << false;
-    QTest::newRow("no rows") << "dishes" << "id > 99" << false;
-    QTest::newRow("a wrong filter") << "dishes" << "colour = 1" << true;
-    QTest::newRow("a missing table") << "drinks" << "" << true;
+    QTest::newRow("rows") << "dishes"
+                          << "id > 1" << false;
+    QTest::newRow("no rows") << "dishes"
+                             << "id > 99" << false;
+    QTest::newRow("a wrong filter") << "dishes"
+                                    << "colour = 1" << true;
+    QTest::newRow("a missing table") << "drinks"
+                                     << "" << true;
 }
 
 void TestDatabaseQueries::showCursorError()

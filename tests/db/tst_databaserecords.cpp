@@ -102,9 +102,7 @@ void TestDatabaseRecords::getField_data()
     QTest::addColumn<QString>("value");
 
     const auto row = [](const char* name, bool second, const char* field, const char* id, const char* sql, int rows,
-                        const char* value) {
-        QTest::newRow(name) << second << field << id << sql << rows << value;
-    };
+                        const char* value) { QTest::newRow(name) << second << field << id << sql << rows << value; };
     row("a text", false, "name", "2", "select name from orders where id = 2", 1, "second");
     row("a text of the second database", true, "name", "1", "select name from orders where id = 1", 1, "è €");
     row("a number", false, "seats", "1", "select seats from orders where id = 1", 1, "4");
@@ -140,11 +138,14 @@ void TestDatabaseRecords::removeRecord_data()
     QTest::addColumn<int>("rows");
     QTest::addColumn<QString>("left");
 
-    QTest::newRow("a row") << false << "2" << "delete from orders where ID = 2" << 1 << "first, third";
-    QTest::newRow("a row of the second database") << true << "1" << "delete from orders where ID = 1" << 1 << "";
-    QTest::newRow("a row that is not there") << true << "2" << "delete from orders where ID = 2" << 0 << "è €";
-    QTest::newRow("two rows by a condition")
-        << false << "1 or ID = 3" << "delete from orders where ID = 1 or ID = 3" << 2 << "second";
+    QTest::newRow("a row") << false << "2"
+                           << "delete from orders where ID = 2" << 1 << "first, third";
+    QTest::newRow("a row of the second database") << true << "1"
+                                                  << "delete from orders where ID = 1" << 1 << "";
+    QTest::newRow("a row that is not there") << true << "2"
+                                             << "delete from orders where ID = 2" << 0 << "è €";
+    QTest::newRow("two rows by a condition") << false << "1 or ID = 3"
+                                             << "delete from orders where ID = 1 or ID = 3" << 2 << "second";
 }
 
 void TestDatabaseRecords::removeRecord()
@@ -168,12 +169,16 @@ void TestDatabaseRecords::existRecord_data()
     QTest::addColumn<QString>("sql");
     QTest::addColumn<int>("rows");
 
-    QTest::newRow("a row") << false << "3" << "select * from orders where ID = 3" << 1;
-    QTest::newRow("a row that is not there") << false << "4" << "select * from orders where ID = 4" << 0;
-    QTest::newRow("a row of the second database") << true << "1" << "select * from orders where ID = 1" << 1;
-    QTest::newRow("a row of the first database alone") << true << "3" << "select * from orders where ID = 3" << 0;
-    QTest::newRow("several rows by a condition")
-        << false << "1 or ID = 2" << "select * from orders where ID = 1 or ID = 2" << 2;
+    QTest::newRow("a row") << false << "3"
+                           << "select * from orders where ID = 3" << 1;
+    QTest::newRow("a row that is not there") << false << "4"
+                                             << "select * from orders where ID = 4" << 0;
+    QTest::newRow("a row of the second database") << true << "1"
+                                                  << "select * from orders where ID = 1" << 1;
+    QTest::newRow("a row of the first database alone") << true << "3"
+                                                       << "select * from orders where ID = 3" << 0;
+    QTest::newRow("several rows by a condition") << false << "1 or ID = 2"
+                                                 << "select * from orders where ID = 1 or ID = 2" << 2;
 }
 
 void TestDatabaseRecords::existRecord()
@@ -198,10 +203,12 @@ void TestDatabaseRecords::numRecords_data()
     const QString all = "select count(*) from orders where 1=1";
     QTest::newRow("all") << false << "1=1" << all << 1 << 3;
     QTest::newRow("all of the second database") << true << "1=1" << all << 1 << 1;
-    QTest::newRow("some") << false << "id > 1" << "select count(*) from orders where id > 1" << 1 << 2;
-    QTest::newRow("none") << false << "id > 9" << "select count(*) from orders where id > 9" << 1 << 0;
-    QTest::newRow("no answer")
-        << false << "1=1 having false" << "select count(*) from orders where 1=1 having false" << 0 << -1;
+    QTest::newRow("some") << false << "id > 1"
+                          << "select count(*) from orders where id > 1" << 1 << 2;
+    QTest::newRow("none") << false << "id > 9"
+                          << "select count(*) from orders where id > 9" << 1 << 0;
+    QTest::newRow("no answer") << false << "1=1 having false"
+                               << "select count(*) from orders where 1=1 having false" << 0 << -1;
 }
 
 void TestDatabaseRecords::numRecords()
@@ -222,11 +229,16 @@ void TestDatabaseRecords::getLastId_data()
     QTest::addColumn<QString>("table");
     QTest::addColumn<QString>("id");
 
-    QTest::newRow("the largest") << false << "orders" << "3";
-    QTest::newRow("the largest of the second database") << true << "orders" << "1";
-    QTest::newRow("a text") << false << "words" << "b";
-    QTest::newRow("none in an empty table") << false << "empty_tables" << "";
-    QTest::newRow("none in an empty table of the second database") << true << "empty_tables" << "";
+    QTest::newRow("the largest") << false << "orders"
+                                 << "3";
+    QTest::newRow("the largest of the second database") << true << "orders"
+                                                        << "1";
+    QTest::newRow("a text") << false << "words"
+                            << "b";
+    QTest::newRow("none in an empty table") << false << "empty_tables"
+                                            << "";
+    QTest::newRow("none in an empty table of the second database") << true << "empty_tables"
+                                                                   << "";
 }
 
 void TestDatabaseRecords::getLastId()
@@ -258,9 +270,9 @@ void TestDatabaseRecords::newRecord()
     const QString select = "select max(ID) from orders";
     QCOMPARE(on.newStatements(), QStringList({insert, select}));
     QCOMPARE(on.newRecords(), shown("newRecord", insert, 1) + shown("getLastId", select, 1));
-    QCOMPARE(on.execute("select name from orders where seats is null and id = " + id,
-                        on.orDefault(fetchedConnection())),
-             QString("a new one"));
+    QCOMPARE(
+        on.execute("select name from orders where seats is null and id = " + id, on.orDefault(fetchedConnection())),
+        QString("a new one"));
 }
 
 void TestDatabaseRecords::failures_data()
@@ -276,14 +288,12 @@ void TestDatabaseRecords::failures_data()
         });
     };
     const auto removeRecord = [](const char* table, const char* id) {
-        return Operation([=](DatabaseManager* manager, QSqlDatabase* db) {
-            QCOMPARE(manager->removeRecord(table, id, db), -1);
-        });
+        return Operation(
+            [=](DatabaseManager* manager, QSqlDatabase* db) { QCOMPARE(manager->removeRecord(table, id, db), -1); });
     };
     const auto existRecord = [](const char* table, const char* id) {
-        return Operation([=](DatabaseManager* manager, QSqlDatabase* db) {
-            QVERIFY(!manager->existRecord(table, id, db));
-        });
+        return Operation(
+            [=](DatabaseManager* manager, QSqlDatabase* db) { QVERIFY(!manager->existRecord(table, id, db)); });
     };
     const auto numRecords = [](const char* table, const char* condition) {
         return Operation([=](DatabaseManager* manager, QSqlDatabase* db) {
@@ -298,15 +308,15 @@ void TestDatabaseRecords::failures_data()
     QTest::newRow("getField, a missing column")
         << getField("colour", "orders", "1") << getMethod << "select colour from orders where id = 1"
         << "column \"colour\" does not exist";
-    QTest::newRow("getField, no id")
-        << getField("name", "orders", "") << getMethod << "select name from orders where id = "
-        << "syntax error at end of input";
-    QTest::newRow("removeRecord, a missing table")
-        << removeRecord("drinks", "1") << "removeRecord" << "delete from drinks where ID = 1"
-        << "relation \"drinks\" does not exist";
-    QTest::newRow("removeRecord, a wrong id")
-        << removeRecord("orders", "one") << "removeRecord" << "delete from orders where ID = one"
-        << "column \"one\" does not exist";
+    QTest::newRow("getField, no id") << getField("name", "orders", "") << getMethod
+                                     << "select name from orders where id = "
+                                     << "syntax error at end of input";
+    QTest::newRow("removeRecord, a missing table") << removeRecord("drinks", "1") << "removeRecord"
+                                                   << "delete from drinks where ID = 1"
+                                                   << "relation \"drinks\" does not exist";
+    QTest::newRow("removeRecord, a wrong id") << removeRecord("orders", "one") << "removeRecord"
+                                              << "delete from orders where ID = one"
+                                              << "column \"one\" does not exist";
     QTest::newRow("existRecord, a missing table")
         << existRecord("drinks", "1") << existMethod << "select * from drinks where ID = 1"
         << "relation \"drinks\" does not exist";

@@ -233,7 +233,8 @@ void TestDatabaseSequences::decrementSequenceIfPositiveOfTheDefaultDatabase()
     QCOMPARE(lastValue(on.first), QString("2"));
     QCOMPARE(lastValue(on.second), QString("10"));
 
-    QCOMPARE(on.newRecords(), shown(method, readSql, 1) + shown(method, readSql, 1) + shown(method, setSql("-1"), 1)
+    QCOMPARE(on.newRecords(),
+             shown(method, readSql, 1) + shown(method, readSql, 1) + shown(method, setSql("-1"), 1)
                  + shown(method, readSql, 1));
 }
 
@@ -241,12 +242,18 @@ void TestDatabaseSequences::valueThatIsNoNumber_data()
 {
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("set");
-    QTest::newRow("a word") << "seven" << "3";
-    QTest::newRow("empty") << "" << "3";
-    QTest::newRow("a number and a word") << "7 tickets" << "3";
-    QTest::newRow("with decimals") << "7.0" << "3";
-    QTest::newRow("hexadecimal") << "0x10" << "3";
-    QTest::newRow("not octal") << "010" << "13";
+    QTest::newRow("a word") << "seven"
+                            << "3";
+    QTest::newRow("empty") << ""
+                           << "3";
+    QTest::newRow("a number and a word") << "7 tickets"
+                                         << "3";
+    QTest::newRow("with decimals") << "7.0"
+                                   << "3";
+    QTest::newRow("hexadecimal") << "0x10"
+                                 << "3";
+    QTest::newRow("not octal") << "010"
+                               << "13";
 }
 
 // What is read need not be a sequence's; only to set it fails then.

@@ -43,8 +43,7 @@ QStringList TestDatabaseTools::contents(QSqlDatabase* db)
     const QString dishes = "select (id, name, price, encode(picture, 'hex'))::text from dishes order by id";
     return on.manager->executeSelectQuery2(dishes, db)
         << on.manager->sequenceValue("dishes_id_seq", db)
-        << QString::number(on.manager->numRecords("orders", "1=1", db))
-        << on.manager->getLastId("orders", db);
+        << QString::number(on.manager->numRecords("orders", "1=1", db)) << on.manager->getLastId("orders", db);
 }
 
 void TestDatabaseTools::initTestCase()
@@ -73,15 +72,16 @@ void TestDatabaseTools::dumpAndRestore()
     const QTemporaryDir folder;
     const QString dump = folder.filePath("dump");
     const QString database = PostgresCluster::database();
-    const QStringList expected {"(1,\"Caffè \n\t€ '\\\\\",1.20,00ff0a)", "(2,,,)", "(3,\"\",0.00,\"\")", "3", "1000",
-                                "1000"};
+    const QStringList expected {
+        "(1,\"Caffè \n\t€ '\\\\\",1.20,00ff0a)", "(2,,,)", "(3,\"\",0.00,\"\")", "3", "1000", "1000"};
     QCOMPARE(contents(on.first), expected);
 
     QVERIFY2(run(HLibrary::pg_dump(), dumpOptions + QStringList {"--file=" + dump, database}), said);
     QVERIFY2(run(HLibrary::psql(), {"--quiet", "--command=create database copy", database}), said);
     if (plain)
-        QVERIFY2(run(HLibrary::psql(), {"--quiet", "--set=ON_ERROR_STOP=1", "--output=" + folder.filePath("output"),
-                                        "--file=" + dump, "copy"}),
+        QVERIFY2(run(HLibrary::psql(),
+                     {"--quiet", "--set=ON_ERROR_STOP=1", "--output=" + folder.filePath("output"), "--file=" + dump,
+                      "copy"}),
                  said);
     else
         QVERIFY2(run(HLibrary::pg_restore(), {"--exit-on-error", "--dbname=copy", dump}), said);

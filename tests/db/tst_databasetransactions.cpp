@@ -124,12 +124,14 @@ void TestDatabaseTransactions::outsideOfATransaction()
         on.manager->begin(db);
         on.manager->rollback(db);
     });
-    QCOMPARE(said, QByteArray("WARNING:  there is no transaction in progress\n"
-                              "WARNING:  there is no transaction in progress\n"
-                              "WARNING:  there is already a transaction in progress\n"));
+    QCOMPARE(said,
+             QByteArray("WARNING:  there is no transaction in progress\n"
+                        "WARNING:  there is no transaction in progress\n"
+                        "WARNING:  there is already a transaction in progress\n"));
     QCOMPARE(on.newStatements(), QStringList({"COMMIT", "ROLLBACK", "BEGIN", "BEGIN", "ROLLBACK"}));
-    QCOMPARE(on.newRecords(), stepRecords("COMMIT") + stepRecords("ROLLBACK") + stepRecords("BEGIN")
-                 + stepRecords("BEGIN") + stepRecords("ROLLBACK"));
+    QCOMPARE(on.newRecords(),
+             stepRecords("COMMIT") + stepRecords("ROLLBACK") + stepRecords("BEGIN") + stepRecords("BEGIN")
+                 + stepRecords("ROLLBACK"));
 }
 
 // After a failure nothing counts until the end, which is a rollback whatever it is called. The toolkit's own end of a
@@ -169,7 +171,8 @@ void TestDatabaseTransactions::safeNewRecord()
     const QString insert = "insert into orders values(default)";
     const QString select = "select max(ID) from orders";
     QCOMPARE(on.newStatements(), QStringList({"BEGIN", insert, select, "COMMIT"}));
-    QCOMPARE(on.newRecords(), stepRecords("BEGIN") + shown("newRecord", insert, 1) + shown("getLastId", select, 1)
+    QCOMPARE(on.newRecords(),
+             stepRecords("BEGIN") + shown("newRecord", insert, 1) + shown("getLastId", select, 1)
                  + stepRecords("COMMIT"));
     QCOMPARE(count(), QString("2"));
 }
@@ -183,9 +186,8 @@ void TestDatabaseTransactions::safeNewRecordThatFails()
     const QString insertText = databaseText(insert, *on.orDefault(db));
     on.execute("truncate named_tables restart identity", on.orDefault(db));
 
-    const QByteArray said = remarks([this, db] {
-        QCOMPARE(on.manager->safeNewRecord("named_tables", db), QString("Error"));
-    });
+    const QByteArray said =
+        remarks([this, db] { QCOMPARE(on.manager->safeNewRecord("named_tables", db), QString("Error")); });
     QCOMPARE(said, QByteArray());
     QCOMPARE(on.newStatements(), QStringList({"BEGIN", insert, select, "COMMIT"}));
 

@@ -145,9 +145,8 @@ void TestDatabaseTrouble::gone()
     QVERIFY2(onlyRemarksOnTheLoss(said), said.constData());
 
     const auto notExecutedSelect = [this] {
-        const QByteArray remark = remarks([this] {
-            QCOMPARE(on.manager->executeSelectQuery(count, on.first), QString());
-        });
+        const QByteArray remark =
+            remarks([this] { QCOMPARE(on.manager->executeSelectQuery(count, on.first), QString()); });
         QCOMPARE(remark, QByteArray(closedRemark));
         QCOMPARE(on.newRecords(), notExecuted(selectMethod, count));
     };
@@ -158,8 +157,9 @@ void TestDatabaseTrouble::gone()
     QCOMPARE(on.connect(QString()), on.first);
     QCOMPARE(on.manager->executeSelectQuery(count, on.first), QString("1"));
     QCOMPARE(on.manager->executeSelectQuery(count, nullptr), QString("1"));
-    QCOMPARE(on.newRecords(), QStringList {"DEBUG: Connection With zelmora_test DB established"}
-                 + shown(selectMethod, count, 1) + shown(selectMethod, count, 1));
+    QCOMPARE(on.newRecords(),
+             QStringList {"DEBUG: Connection With zelmora_test DB established"} + shown(selectMethod, count, 1)
+                 + shown(selectMethod, count, 1));
 }
 
 void TestDatabaseTrouble::goneWithinATransaction_data()
@@ -221,48 +221,62 @@ void TestDatabaseTrouble::operationsOnALostConnection_data()
     const QStringList noLastId = notExecuted("getLastId", select)
         << "ERROR: getLastId( orders ): select max(ID) from orders return empty result";
     const QStringList noNewRecord = notExecuted("newRecord", insert) + noLastId;
-    const auto step = [](const QString& word) {
-        return notExecuted(queryMethod, word) << "DEBUG: " + word + "\n\n";
-    };
+    const auto step = [](const QString& word) { return notExecuted(queryMethod, word) << "DEBUG: " + word + "\n\n"; };
     using Manager = DatabaseManager*;
     using Connection = QSqlDatabase*;
 
-    row("a statement", [](Manager m, Connection db) { QCOMPARE(m->executeQuery(addOrder, db), -1); },
+    row(
+        "a statement", [](Manager m, Connection db) { QCOMPARE(m->executeQuery(addOrder, db), -1); },
         notExecuted(queryMethod, addOrder));
-    row("a select", [](Manager m, Connection db) { QCOMPARE(m->executeSelectQuery(count, db), QString()); },
+    row(
+        "a select", [](Manager m, Connection db) { QCOMPARE(m->executeSelectQuery(count, db), QString()); },
         notExecuted(selectMethod, count));
-    row("a select of a column",
+    row(
+        "a select of a column",
         [](Manager m, Connection db) { QCOMPARE(m->executeSelectQuery2(count, db), QStringList()); },
         notExecuted(selectMethod, count));
-    row("a select of a row",
+    row(
+        "a select of a row",
         [](Manager m, Connection db) { QCOMPARE(m->executeSelectQuery3(count, 1, db), QStringList()); },
         notExecuted(selectMethod, count));
-    row("a field", [](Manager m, Connection db) { QCOMPARE(m->getField("id", "orders", "1", db), QString()); },
+    row(
+        "a field", [](Manager m, Connection db) { QCOMPARE(m->getField("id", "orders", "1", db), QString()); },
         notExecuted("DatabaseManager::getField(...)", "select id from orders where id = 1"));
-    row("a removal", [](Manager m, Connection db) { QCOMPARE(m->removeRecord("orders", "1", db), -1); },
+    row(
+        "a removal", [](Manager m, Connection db) { QCOMPARE(m->removeRecord("orders", "1", db), -1); },
         notExecuted("removeRecord", "delete from orders where ID = 1"));
-    row("a test", [](Manager m, Connection db) { QVERIFY(!m->existRecord("orders", "1", db)); },
+    row(
+        "a test", [](Manager m, Connection db) { QVERIFY(!m->existRecord("orders", "1", db)); },
         notExecuted("DatabaseManager::existRecord(...)", "select * from orders where ID = 1"));
-    row("a count", [](Manager m, Connection db) { QCOMPARE(m->numRecords("orders", "1=1", db), -1); },
+    row(
+        "a count", [](Manager m, Connection db) { QCOMPARE(m->numRecords("orders", "1=1", db), -1); },
         notExecuted("DatabaseManager::existRecord(...)", "select count(*) from orders where 1=1"));
-    row("the last id", [](Manager m, Connection db) { QCOMPARE(m->getLastId("orders", db), QString("Error")); },
+    row(
+        "the last id", [](Manager m, Connection db) { QCOMPARE(m->getLastId("orders", db), QString("Error")); },
         noLastId);
-    row("a new record", [](Manager m, Connection db) { QCOMPARE(m->newRecord("orders", db), QString("Error")); },
+    row(
+        "a new record", [](Manager m, Connection db) { QCOMPARE(m->newRecord("orders", db), QString("Error")); },
         noNewRecord);
-    row("a safe new record",
+    row(
+        "a safe new record",
         [](Manager m, Connection db) { QCOMPARE(m->safeNewRecord("orders", db), QString("Error")); },
         QStringList {"DEBUG: BEGIN\n\n"} + noNewRecord + QStringList {"DEBUG: COMMIT\n\n"});
-    row("a safe new record by null",
+    row(
+        "a safe new record by null",
         [](Manager m, Connection) { QCOMPARE(m->safeNewRecord("orders", nullptr), QString("Error")); },
         step("BEGIN") + noNewRecord + step("COMMIT"));
     row("a rollback", [](Manager m, Connection db) { m->rollback(db); }, {"DEBUG: ROLLBACK\n\n"});
-    row("a rollback by null", [](Manager m, Connection) { m->rollback(nullptr); }, step("ROLLBACK"));
-    row("a sequence's value", [](Manager m, Connection db) { QCOMPARE(m->sequenceValue("tickets", db), QString()); },
+    row(
+        "a rollback by null", [](Manager m, Connection) { m->rollback(nullptr); }, step("ROLLBACK"));
+    row(
+        "a sequence's value", [](Manager m, Connection db) { QCOMPARE(m->sequenceValue("tickets", db), QString()); },
         notExecuted(selectMethod, read));
-    row("a sequence's step",
+    row(
+        "a sequence's step",
         [](Manager m, Connection db) { QCOMPARE(m->incrementSequence("tickets", 4, db), QString()); },
         notExecuted(selectMethod, read) + notExecuted(selectMethod, "SELECT setval('tickets', 4)"));
-    row("a sequence's step down",
+    row(
+        "a sequence's step down",
         [](Manager m, Connection db) { QVERIFY(!m->decrementSequenceIfPositive("tickets", 4, db)); },
         notExecuted(selectMethod, read));
 }
@@ -308,9 +322,7 @@ void TestDatabaseTrouble::connectionNeverOpened()
     on.newRecords();
     QSqlDatabase closed = QSqlDatabase::database("closed", false);
     QVERIFY(closed.isValid() && !closed.isOpen());
-    const QByteArray said = remarks([this, &closed] {
-        QCOMPARE(on.manager->executeQuery(addOrder, &closed), -1);
-    });
+    const QByteArray said = remarks([this, &closed] { QCOMPARE(on.manager->executeQuery(addOrder, &closed), -1); });
     QCOMPARE(said, QByteArray(closedRemark));
     QCOMPARE(on.newRecords(), notExecuted(queryMethod, addOrder));
     QCOMPARE(on.manager->executeQuery(addOrder, on.first), 1); // others are not concerned

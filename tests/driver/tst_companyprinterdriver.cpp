@@ -176,29 +176,25 @@ void TestCompanyPrinterDriver::lines_data()
         d.println(0, "x");
     });
     addCallRow("an empty line", "nofis riga=''\r\n", [](auto& d) { d.println(""); });
-    addCallRow("a row in a layout that is none", "nofis riga=''\r\n", [](auto& d) {
-        d.println(d.descriptionRow("1", "PIZZA", "3.50", "3.50", QLatin1Char('.'), "qdtp"));
-    });
+    addCallRow("a row in a layout that is none", "nofis riga=''\r\n",
+               [](auto& d) { d.println(d.descriptionRow("1", "PIZZA", "3.50", "3.50", QLatin1Char('.'), "qdtp")); });
     addCallRow("an indentation without text", "nofis riga='   '\r\n", [](auto& d) { d.println(3, ""); });
     addCallRow("an indentation is no column: a longer text is not cut", "nofis riga='  abcdef'\r\n",
                [](auto& d) { d.println(2, "abcdef"); });
-    addCallRow("a long text is not cut", line(QByteArray(100, 'x')),
-               [](auto& d) { d.println(QString(100, 'x')); });
+    addCallRow("a long text is not cut", line(QByteArray(100, 'x')), [](auto& d) { d.println(QString(100, 'x')); });
     addCallRow("blanks stay", "nofis riga=' a  b '\r\n", [](auto& d) { d.println(" a  b "); });
-    addCallRow("a quote is written as it is", "nofis riga='L'olio'\r\n",
-               [](auto& d) { d.println("L'olio"); });
+    addCallRow("a quote is written as it is", "nofis riga='L'olio'\r\n", [](auto& d) { d.println("L'olio"); });
     addCallRow("line ends in the text are written as they are", "nofis riga='2 x 3.50\nPIZZA\r'\r\n",
                [](auto& d) { d.println("2 x 3.50\nPIZZA\r"); });
     addCallRow("two lines", "nofis riga='a'\r\nnofis riga='  b'\r\n", [](auto& d) {
         d.println("a");
         d.println(2, "b");
     });
-    addCallRow("a line begins afresh after a line of pieces", "nofis riga='ab'\r\nnofis riga='c'\r\n",
-               [](auto& d) {
-                   d.print(0, "a");
-                   d.println("b");
-                   d.println("c");
-               });
+    addCallRow("a line begins afresh after a line of pieces", "nofis riga='ab'\r\nnofis riga='c'\r\n", [](auto& d) {
+        d.print(0, "a");
+        d.println("b");
+        d.println("c");
+    });
 }
 
 void TestCompanyPrinterDriver::lines()
@@ -230,11 +226,10 @@ void TestCompanyPrinterDriver::centring_data()
         d.setCenterJustify();
         d.println("12345678901234567890123456789");
     });
-    addCallRow("30 characters: none, and not cut", "nofis riga='123456789012345678901234567890'\r\n",
-               [](auto& d) {
-                   d.setCenterJustify();
-                   d.println("123456789012345678901234567890");
-               });
+    addCallRow("30 characters: none, and not cut", "nofis riga='123456789012345678901234567890'\r\n", [](auto& d) {
+        d.setCenterJustify();
+        d.println("123456789012345678901234567890");
+    });
     addCallRow("the indentation counts as content", "nofis riga='               abc'\r\n", [](auto& d) {
         d.setCenterJustify();
         d.println(4, "abc");
@@ -245,11 +240,10 @@ void TestCompanyPrinterDriver::centring_data()
         d.print(0, "b");
         d.println("c");
     });
-    addCallRow("the register's word counts with its own length", "nofis riga='            SOMMA'\r\n",
-               [](auto& d) {
-                   d.setCenterJustify();
-                   d.println("TOTALE");
-               });
+    addCallRow("the register's word counts with its own length", "nofis riga='            SOMMA'\r\n", [](auto& d) {
+        d.setCenterJustify();
+        d.println("TOTALE");
+    });
     addCallRow("an accent is one character", "nofis riga='            Caffè'\r\n", [](auto& d) {
         d.setCenterJustify();
         d.println("Caffè");
@@ -275,12 +269,11 @@ void TestCompanyPrinterDriver::centring_data()
         d.setCharSize(0);
         d.println("a");
     });
-    addCallRow("the end of the line decides, not its first piece", "nofis riga='              a'\r\n",
-               [](auto& d) {
-                   d.print(0, "a");
-                   d.setCenterJustify();
-                   d.println("");
-               });
+    addCallRow("the end of the line decides, not its first piece", "nofis riga='              a'\r\n", [](auto& d) {
+        d.print(0, "a");
+        d.setCenterJustify();
+        d.println("");
+    });
     addCallRow("left from the start", "nofis riga='a'\r\n", [](auto& d) { d.println("a"); });
 }
 
@@ -298,8 +291,7 @@ void TestCompanyPrinterDriver::centringOfEveryLength()
             driver.println(QString(length, 'x'));
         });
         QCOMPARE(centred, line(QByteArray(blanks, ' ') + QByteArray(length, 'x')));
-        const QByteArray left =
-            written([&](CompanyPrinterDriver& driver) { driver.println(QString(length, 'x')); });
+        const QByteArray left = written([&](CompanyPrinterDriver& driver) { driver.println(QString(length, 'x')); });
         QCOMPARE(left, line(QByteArray(length, 'x')));
     }
 }
@@ -365,8 +357,7 @@ void TestCompanyPrinterDriver::registersWord_data()
 
     addCallRow("once", line("SOMMA"), [](auto& d) { d.println("TOTALE"); });
     addCallRow("twice", line("SOMMA e SOMMA"), [](auto& d) { d.println("TOTALE e TOTALE"); });
-    addCallRow("twice without anything between", line("SOMMASOMMA"),
-               [](auto& d) { d.println("TOTALETOTALE"); });
+    addCallRow("twice without anything between", line("SOMMASOMMA"), [](auto& d) { d.println("TOTALETOTALE"); });
     addCallRow("within a word", line("SUBSOMMAI"), [](auto& d) { d.println("SUBTOTALEI"); });
     addCallRow("in other letter case it stays", line("Totale totale TOTALe"),
                [](auto& d) { d.println("Totale totale TOTALe"); });
@@ -463,8 +454,7 @@ void TestCompanyPrinterDriver::twoMethods_data()
         << "printAbstractOrderFiscal"
         << "printSold" << QByteArray("CLEAR \r\nCHIAVE REG\r\nnofis apri\r\nnofis chiudi\r\n");
     QTest::newRow("the same twice") << "printReport"
-                                    << "printReport"
-                                    << QByteArray("nofis apri\r\nnofis apri\r\nnofis chiudi\r\n");
+                                    << "printReport" << QByteArray("nofis apri\r\nnofis apri\r\nnofis chiudi\r\n");
 }
 
 void TestCompanyPrinterDriver::twoMethods()
@@ -519,17 +509,14 @@ void TestCompanyPrinterDriver::documents_data()
     QTest::newRow("a company: three centred lines, a rule at the left")
         << QByteArray("reportdoc") << "printReport"
         << Job {{"company", {{"c", "Trattoria da Anna"}, {"b", "Via Po 2"}, {"a", "Torino"}}},
-                {"taxrate_item",
-                 {{"taxrate", "22"}, {"taxable", "100.00"}, {"tax", "22.00"}, {"amount", "122.00"}}}}
-        << "nofis apri\r\n" + line("      Trattoria da Anna") + line("          Via Po 2")
-            + line("           Torino") + rule() + line("    22%     100.00      22.00     122.00 ")
-            + "nofis chiudi\r\n";
+                {"taxrate_item", {{"taxrate", "22"}, {"taxable", "100.00"}, {"tax", "22.00"}, {"amount", "122.00"}}}}
+        << "nofis apri\r\n" + line("      Trattoria da Anna") + line("          Via Po 2") + line("           Torino")
+            + rule() + line("    22%     100.00      22.00     122.00 ") + "nofis chiudi\r\n";
     QTest::newRow("a report's section: a centred title, pieces on one line")
         << QByteArray("reportdoc") << "printReport"
         << Job {{"prefiscalssummary", {{"number", "2"}, {"total", "30.00"}}}}
-        << "nofis apri\r\n" + line("              ") + line("      PREFISCAL SUMMARY")
-            + line("              ") + line("Number...........2") + line("TOTAL............30.00")
-            + "nofis chiudi\r\n";
+        << "nofis apri\r\n" + line("              ") + line("      PREFISCAL SUMMARY") + line("              ")
+            + line("Number...........2") + line("TOTAL............30.00") + "nofis chiudi\r\n";
     QTest::newRow("a fiscal receipt: sections write nothing, and neither does the total")
         << QByteArray("fiscaldoc") << "printFullOrderFiscal"
         << Job {{"company", {{"a", "Torino"}}},
@@ -587,8 +574,7 @@ void TestCompanyPrinterDriver::translatedTotalIsTheRegistersWord()
 
     // The row is laid out before the register's word comes in: it is one short.
     const QByteArray bytes = script("printFullOrderReceipt", {{"total", {{"price", "7.00"}}}});
-    QCOMPARE(bytes,
-             "nofis apri\r\n" + line("") + line("    SOMMA...............   7.00") + "nofis chiudi\r\n");
+    QCOMPARE(bytes, "nofis apri\r\n" + line("") + line("    SOMMA...............   7.00") + "nofis chiudi\r\n");
 }
 
 void TestCompanyPrinterDriver::paperWidthIs32()
@@ -696,32 +682,24 @@ void TestCompanyPrinterDriver::payments_data()
     QTest::addColumn<QByteArray>("bytes");
 
     const QByteArray all = "=10*2M\r\n100H1T\r\n200H3T\r\n300H2T\r\n400H5T\r\n";
-    QTest::newRow("all, in their order") << Job {{"totals",
-                                                  {{"discountRate", "10"},
-                                                   {"cash", "1"},
-                                                   {"creditCard", "2"},
-                                                   {"cheque", "3"},
-                                                   {"ticket", "4"}}}}
-                                         << all;
-    QTest::newRow("the attributes' order plays no part") << Job {{"totals",
-                                                                  {{"ticket", "4"},
-                                                                   {"cheque", "3"},
-                                                                   {"creditCard", "2"},
-                                                                   {"cash", "1"},
-                                                                   {"discountRate", "10"}}}}
-                                                         << all;
+    QTest::newRow("all, in their order")
+        << Job {{"totals",
+                 {{"discountRate", "10"}, {"cash", "1"}, {"creditCard", "2"}, {"cheque", "3"}, {"ticket", "4"}}}}
+        << all;
+    QTest::newRow("the attributes' order plays no part")
+        << Job {{"totals",
+                 {{"ticket", "4"}, {"cheque", "3"}, {"creditCard", "2"}, {"cash", "1"}, {"discountRate", "10"}}}}
+        << all;
     QTest::newRow("some of them") << Job {{"totals", {{"ticket", "4"}, {"cash", "0"}, {"creditCard", "2"}}}}
                                   << QByteArray("200H3T\r\n400H5T\r\n");
-    QTest::newRow("all zero") << Job {{"totals",
-                                       {{"discountRate", "0"},
-                                        {"cash", "0"},
-                                        {"creditCard", "0,00"},
-                                        {"cheque", ""},
-                                        {"ticket", "-0"}}}}
-                              << QByteArray();
+    QTest::newRow("all zero")
+        << Job {{"totals",
+                 {{"discountRate", "0"}, {"cash", "0"}, {"creditCard", "0,00"}, {"cheque", ""}, {"ticket", "-0"}}}}
+        << QByteArray();
     QTest::newRow("no attributes") << Job {{"totals", {}}} << QByteArray();
-    QTest::newRow("other attributes")
-        << Job {{"totals", {{"Cash", "1"}, {"total", "2"}, {"price", "3"}, {"other", "4"}}}} << QByteArray();
+    QTest::newRow("other attributes") << Job {{"totals",
+                                               {{"Cash", "1"}, {"total", "2"}, {"price", "3"}, {"other", "4"}}}}
+                                      << QByteArray();
     QTest::newRow("each totals writes") << Job {{"totals", {{"cash", "1"}}}, {"totals", {{"cash", "2"}}}}
                                         << QByteArray("100H1T\r\n200H1T\r\n");
     QTest::newRow("total, in the singular, writes nothing")
@@ -748,9 +726,7 @@ void TestCompanyPrinterDriver::sales_data()
     QTest::addColumn<QString>("price");
     QTest::addColumn<QByteArray>("bytes");
 
-    const auto sale = [](const QByteArray& price) {
-        return "VEND REP=1,QTY=2,PREZZO=" + price + ",DES='PIZZA'\r\n";
-    };
+    const auto sale = [](const QByteArray& price) { return "VEND REP=1,QTY=2,PREZZO=" + price + ",DES='PIZZA'\r\n"; };
     QTest::newRow("a point") << "7.50" << sale("7.50");
     QTest::newRow("a comma becomes a point, nothing else changes") << "7,50" << sale("7.50");
     QTest::newRow("every comma becomes a point") << "1,138,81" << sale("1.138.81");
@@ -785,8 +761,7 @@ void TestCompanyPrinterDriver::sales()
 {
     QFETCH(QString, price);
     QFETCH(QByteArray, bytes);
-    QCOMPARE(written([&](CompanyPrinterDriver& driver) { driver.printRowFiscal("1", "2", "PIZZA", price); }),
-             bytes);
+    QCOMPARE(written([&](CompanyPrinterDriver& driver) { driver.printRowFiscal("1", "2", "PIZZA", price); }), bytes);
 }
 
 void TestCompanyPrinterDriver::salesWithRate_data()
@@ -801,14 +776,12 @@ void TestCompanyPrinterDriver::salesWithRate_data()
                [](auto& d) { d.printRowFiscal("1", "2", "PIZZA", "-1", " 22,50 %"); });
     addCallRow("no rate", "SCONTO VAL=1\r\nPERCA ALIQ=\r\n",
                [](auto& d) { d.printRowFiscal("1", "2", "PIZZA", "-1", ""); });
-    addCallRow("the other texts are written as they are",
-               "VEND REP= a,b,QTY=1,5,PREZZO=5,DES='L'È  <\n>, 3,50 '\r\n",
+    addCallRow("the other texts are written as they are", "VEND REP= a,b,QTY=1,5,PREZZO=5,DES='L'È  <\n>, 3,50 '\r\n",
                [](auto& d) { d.printRowFiscal(" a,b", "1,5", "L'È  <\n>, 3,50 ", "5"); });
     addCallRow("four empty texts", "VEND REP=,QTY=,PREZZO=,DES=''\r\n",
                [](auto& d) { d.printRowFiscal("", "", "", ""); });
     addCallRow("centring has no effect on fiscal commands",
-               "VEND REP=1,QTY=2,PREZZO=5,DES='x'\r\nSCONTO VAL=5\r\nPERCA ALIQ=4\r\n500H1T\r\n",
-               [](auto& d) {
+               "VEND REP=1,QTY=2,PREZZO=5,DES='x'\r\nSCONTO VAL=5\r\nPERCA ALIQ=4\r\n500H1T\r\n", [](auto& d) {
                    d.setCenterJustify();
                    d.printRowFiscal("1", "2", "x", "5");
                    d.printRowFiscal("1", "2", "x", "-5", "4");
@@ -833,9 +806,8 @@ void TestCompanyPrinterDriver::wholeFiscalReceipt()
         driver.endDocument();
     });
     QCOMPARE(bytes,
-             QByteArray(
-                 "CLEAR \r\nCHIAVE REG\r\nVEND REP=1,QTY=2,PREZZO=7.50,DES='PIZZA'\r\nnofis riga='Grazie'\r\n"
-                 "SCONTO VAL=1\r\n2000H1T\r\nCHIUS T=1\r\n"));
+             QByteArray("CLEAR \r\nCHIAVE REG\r\nVEND REP=1,QTY=2,PREZZO=7.50,DES='PIZZA'\r\nnofis riga='Grazie'\r\n"
+                        "SCONTO VAL=1\r\n2000H1T\r\nCHIUS T=1\r\n"));
 }
 
 void TestCompanyPrinterDriver::fileIsEmptiedFirst()

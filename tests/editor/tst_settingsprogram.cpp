@@ -51,7 +51,8 @@ public:
         return QTest::qWaitFor(
             [&] {
                 send("show");
-                while (!program.canReadLine() && program.waitForReadyRead(20000)) { }
+                while (!program.canReadLine() && program.waitForReadyRead(20000)) {
+                }
                 lastShown = QString::fromUtf8(program.readLine()).trimmed();
                 return lastShown == expected;
             },
@@ -127,8 +128,8 @@ void TestSettingsProgram::speaksTheLanguageOfTheDocuments()
 {
     ProgramRun run;
     const QFileInfo catalogue(ZELMORA_CATALOGUE);
-    run.setSettings("zelmora: { language: { basedir = " + catalogue.path().toUtf8() + "/; file = "
-                    + catalogue.fileName().toUtf8() + "; }; };");
+    run.setSettings("zelmora: { language: { basedir = " + catalogue.path().toUtf8()
+                    + "/; file = " + catalogue.fileName().toUtf8() + "; }; };");
     Editor editor(run, {});
     const QString path = run.path("home/.zelmora/conf/zelmora.conf");
     COMPARE_SHOWN(editor, path + "[*] - Impostazioni|&File|&Modifica|" + path);

@@ -283,8 +283,7 @@ void TestSettingsWindow::find_data()
     QTest::newRow("a value") << Labels() << "40" << QVector<Labels> {soldWidth + Labels {"40"}};
     QTest::newRow("a group") << Labels() << "solddoc" << QVector<Labels> {soldGroup};
     QTest::newRow("after the current item") << soldWidth << "paperWidth" << QVector<Labels> {receiptWidth, soldWidth};
-    QTest::newRow("the current item alone")
-        << soldGroup << "solddoc" << QVector<Labels> {soldGroup, soldGroup};
+    QTest::newRow("the current item alone") << soldGroup << "solddoc" << QVector<Labels> {soldGroup, soldGroup};
     QTest::newRow("the name and its value are two places")
         << Labels() << "t" << QVector<Labels> {{"zelmora", "lang", "it"}, {"zelmora", "receiptdoc"}, receiptWidth};
 }
@@ -463,7 +462,8 @@ void TestSettingsWindow::cellKeepsTheRestOfTheValue_data()
     QTest::newRow("tabs and blanks") << QByteArray(" a\t\tb  c ");
     QTest::newRow("a very long value") << QByteArray(40000, 'a') + QByteArray(40000, 'b');
     QTest::newRow("accents, the euro and a pizza") << QByteArray("\xc3\xa8\xe2\x82\xac\xf0\x9f\x8d\x95");
-    QTest::newRow("a line separator") << QByteArray("a\xe2\x80\xa8" "b");
+    QTest::newRow("a line separator") << QByteArray("a\xe2\x80\xa8"
+                                                    "b");
     QTest::newRow("signs of the format") << QByteArray("12:30 = {x}");
 }
 
@@ -511,12 +511,13 @@ void TestSettingsWindow::savesXmlAndBack()
     const QString xml = folder->filePath("zelmora.xml");
     person->willType(xml);
     person->press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
-    QCOMPARE(fileContents(xml), QByteArray("\n<zelmora\n    lang = \"it\">\n"
-                                           "\n    <receiptdoc\n"
-                                           "        paperWidth = \"48\"\n        printDate = \"true\">\n"
-                                           "    </receiptdoc>\n"
-                                           "\n    <solddoc\n        paperWidth = \"40\">\n    </solddoc>\n"
-                                           "</zelmora>\n"));
+    QCOMPARE(fileContents(xml),
+             QByteArray("\n<zelmora\n    lang = \"it\">\n"
+                        "\n    <receiptdoc\n"
+                        "        paperWidth = \"48\"\n        printDate = \"true\">\n"
+                        "    </receiptdoc>\n"
+                        "\n    <solddoc\n        paperWidth = \"40\">\n    </solddoc>\n"
+                        "</zelmora>\n"));
     QCOMPARE(savedBytes(), smallFile);
     QCOMPARE(window->windowTitle(), xml + "[*] - Settings");
     QVERIFY(!window->isWindowModified());
@@ -571,7 +572,7 @@ void TestSettingsWindow::keepsPermissionsAndLink()
     person->press(Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(fileContents(target), smallFileWithReceiptWidth("48"));
     QCOMPARE(QFile::symLinkTarget(link), target);
-    struct stat found {};
+    struct stat found { };
     QCOMPARE(stat(nativeTarget.constData(), &found), 0);
     QCOMPARE(found.st_mode & 0777, mode_t(0720));
     QVERIFY(!window->isWindowModified());
@@ -681,11 +682,16 @@ void TestSettingsWindow::cannotBeRead_data()
 {
     QTest::addColumn<QString>("path"); // from the test's folder
     QTest::addColumn<QString>("reason");
-    QTest::newRow("a missing file") << "missing.conf" << "No such file or directory";
-    QTest::newRow("a folder") << "." << "it is not a file";
-    QTest::newRow("a device") << "/dev/zero" << "it is not a file";
-    QTest::newRow("a file that opens and cannot be read") << "/proc/self/mem" << "Input/output error";
-    QTest::newRow("XML that is damaged") << "damaged.xml" << "it is not XML";
+    QTest::newRow("a missing file") << "missing.conf"
+                                    << "No such file or directory";
+    QTest::newRow("a folder") << "."
+                              << "it is not a file";
+    QTest::newRow("a device") << "/dev/zero"
+                              << "it is not a file";
+    QTest::newRow("a file that opens and cannot be read") << "/proc/self/mem"
+                                                          << "Input/output error";
+    QTest::newRow("XML that is damaged") << "damaged.xml"
+                                         << "it is not XML";
 }
 
 void TestSettingsWindow::cannotBeRead()
@@ -779,9 +785,10 @@ void TestSettingsWindow::fullDisk()
     person->press(Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(setrlimit(RLIMIT_FSIZE, &before), 0);
 
-    QCOMPARE(person->readBoxes(), QStringList("The file " + folder->filePath("zelmora.conf")
-                                              + " cannot be written: a trial copy cannot be made, File too large\n"
-                                                "Your changes are still in this window."));
+    QCOMPARE(person->readBoxes(),
+             QStringList("The file " + folder->filePath("zelmora.conf")
+                         + " cannot be written: a trial copy cannot be made, File too large\n"
+                           "Your changes are still in this window."));
     QCOMPARE(savedBytes(), smallFile);
     QCOMPARE(QDir(folder->path()).entryList(QDir::Files), QStringList("zelmora.conf"));
     QVERIFY(window->isWindowModified());
@@ -843,17 +850,16 @@ void TestSettingsWindow::warnsOfLosses_data()
     QTest::addColumn<QString>("warning");
 
     const QString drops = "Saving will drop from the file:\n\u00B7 ";
-    const QString names
-        = "No program finds what has these names, each of which holds a remark or a stray sign:\n\u00B7 ";
+    const QString names =
+        "No program finds what has these names, each of which holds a remark or a stray sign:\n\u00B7 ";
     const QString swallowing = "These values hold the setting after them; a semicolon is missing, or a remark holds an "
                                "equals sign:\n\u00B7 ";
     QTest::newRow("a second group at top level")
         << "a.conf" << QByteArray("zelmora: { a = 1; }; other: { b = 2; };") << drops + "other";
     QTest::newRow("a remark before a setting")
         << "a.conf" << QByteArray("zelmora: { # paper\n a = 1; };") << names + "# paper a";
-    QTest::newRow("a remark that swallowed a key")
-        << "a.conf" << QByteArray("zelmora: { # w = wide\n a = 1; };")
-        << names + "# w\n\n" + swallowing + "zelmora.# w = wide a = 1";
+    QTest::newRow("a remark that swallowed a key") << "a.conf" << QByteArray("zelmora: { # w = wide\n a = 1; };")
+                                                   << names + "# w\n\n" + swallowing + "zelmora.# w = wide a = 1";
     QTest::newRow("a setting outside every group")
         << "a.conf" << QByteArray("lang = it; zelmora: { a = 1; };")
         << "No program finds these settings, which stand outside every group:\n\u00B7 lang = it";
@@ -905,8 +911,7 @@ void TestSettingsWindow::doesNotWarn_data()
     QTest::newRow("the examples' settings") << fileContents(ZELMORA_EXAMPLES "/home/.zelmora/conf/zelmora.conf");
     QTest::newRow("an empty file") << QByteArray();
     QTest::newRow("names of letters, digits and hyphens") << QByteArray("zelmora: { caff\xc3\xa8-2_b = 1; };");
-    QTest::newRow("values with signs of the format")
-        << QByteArray("zelmora: { a = \"12:30 = {x}\"; b = \"c\nd\"; };");
+    QTest::newRow("values with signs of the format") << QByteArray("zelmora: { a = \"12:30 = {x}\"; b = \"c\nd\"; };");
 }
 
 void TestSettingsWindow::doesNotWarn()
@@ -1002,8 +1007,7 @@ void TestSettingsWindow::emptyingAFileIsAsked()
 
     person->willPress(QMessageBox::Cancel);
     person->press(Qt::Key_S, Qt::ControlModifier);
-    QCOMPARE(person->readBoxes(),
-             QStringList("Nothing of the file " + path + " could be read. Saving empties it."));
+    QCOMPARE(person->readBoxes(), QStringList("Nothing of the file " + path + " could be read. Saving empties it."));
     QCOMPARE(fileContents(path), bytes);
 
     person->willPress(QMessageBox::Save);

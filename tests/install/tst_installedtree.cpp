@@ -102,9 +102,10 @@ void TestInstalledTree::cleanupTestCase()
 QByteArray TestInstalledTree::query(const QByteArray& sql, const QString& database)
 {
     workbench->setEnvironment("PGPASSWORD", PostgresCluster::password());
-    const Outcome outcome = workbench->run("psql", {"--host", cluster->host(), "--username", PostgresCluster::user(),
-                                                    "--dbname", database, "--no-psqlrc", "--quiet", "--no-align",
-                                                    "--tuples-only", "--command", sql});
+    const Outcome outcome =
+        workbench->run("psql",
+                       {"--host", cluster->host(), "--username", PostgresCluster::user(), "--dbname", database,
+                        "--no-psqlrc", "--quiet", "--no-align", "--tuples-only", "--command", sql});
     if (!outcome.succeeded)
         qFatal("psql: %s", outcome.said.constData());
     return outcome.said;
@@ -141,10 +142,11 @@ QByteArray TestInstalledTree::ourSettings(const ProgramRun& run, const QByteArra
 void TestInstalledTree::headers()
 {
     const QStringList headers = filesBelow(workbench->installed("include"), "*");
-    QCOMPARE(headers, QStringList({"zelmora/config/config.h", "zelmora/config/syncsingleton.h",
-                                   "zelmora/config/zmconfiguration.h", "zelmora/db/databasemanager.h",
-                                   "zelmora/log/hlogmanager.h", "zelmora/log/logger.h", "zelmora/util/hlibrary.h",
-                                   "zelmora/util/sleepthread.h"}));
+    QCOMPARE(
+        headers,
+        QStringList({"zelmora/config/config.h", "zelmora/config/syncsingleton.h", "zelmora/config/zmconfiguration.h",
+                     "zelmora/db/databasemanager.h", "zelmora/log/hlogmanager.h", "zelmora/log/logger.h",
+                     "zelmora/util/hlibrary.h", "zelmora/util/sleepthread.h"}));
 
     // Each on its own, in a program that would be content with an older language, and without a warning: the compiler
     // is told that these are no system headers.
@@ -160,8 +162,8 @@ void TestInstalledTree::headers()
         const QByteArray component = include.left(include.indexOf('/'));
         const QByteArray name = include.mid(component.size() + 1).chopped(2);
         project += "file(WRITE ${CMAKE_BINARY_DIR}/" + name + ".cpp \"#include <" + include + ">\\n\")\n"
-            + "add_library(" + name + " OBJECT ${CMAKE_BINARY_DIR}/" + name + ".cpp)\n"
-            + "target_link_libraries(" + name + " PRIVATE Zelmora::" + component + ")\n";
+            + "add_library(" + name + " OBJECT ${CMAKE_BINARY_DIR}/" + name + ".cpp)\n" + "target_link_libraries("
+            + name + " PRIVATE Zelmora::" + component + ")\n";
     }
     workbench->makeProject("headers", project, QByteArray());
     const Outcome outcome = workbench->configureAndBuild("headers");
@@ -218,8 +220,8 @@ void TestInstalledTree::search_data()
     QTest::newRow("config and log need neither Sql nor Widgets")
         << QByteArray("1.0 REQUIRED COMPONENTS config log") << true << QByteArray();
     QTest::newRow("util needs neither") << QByteArray("1.0 REQUIRED COMPONENTS util") << true << QByteArray();
-    QTest::newRow("db needs Sql")
-        << QByteArray("1.0 REQUIRED COMPONENTS db") << false << QByteArray("find_package for module Qt5Sql");
+    QTest::newRow("db needs Sql") << QByteArray("1.0 REQUIRED COMPONENTS db") << false
+                                  << QByteArray("find_package for module Qt5Sql");
     QTest::newRow("utilwidgets needs Widgets") << QByteArray("1.0 REQUIRED COMPONENTS utilwidgets") << false
                                                << QByteArray("find_package for module Qt5Widgets");
     QTest::newRow("an unknown component")
@@ -242,11 +244,14 @@ void TestInstalledTree::search()
     QFETCH(QByteArray, said);
 
     const QString project = QString("search/") + QTest::currentDataTag();
-    workbench->makeProject(project, "cmake_minimum_required(VERSION 3.25)\n"
-                                    "project(Search LANGUAGES CXX)\n"
-                                    "find_package(Zelmora " + wanted + ")\n", QByteArray());
-    const Outcome outcome = workbench->configure(project, {"-DCMAKE_DISABLE_FIND_PACKAGE_Qt5Sql=ON",
-                                                           "-DCMAKE_DISABLE_FIND_PACKAGE_Qt5Widgets=ON"});
+    workbench->makeProject(project,
+                           "cmake_minimum_required(VERSION 3.25)\n"
+                           "project(Search LANGUAGES CXX)\n"
+                           "find_package(Zelmora "
+                               + wanted + ")\n",
+                           QByteArray());
+    const Outcome outcome = workbench->configure(
+        project, {"-DCMAKE_DISABLE_FIND_PACKAGE_Qt5Sql=ON", "-DCMAKE_DISABLE_FIND_PACKAGE_Qt5Widgets=ON"});
     QVERIFY2(outcome.succeeded == found, outcome.said.constData());
     QVERIFY2(outcome.said.simplified().contains(said), outcome.said.constData());
 }
@@ -257,8 +262,9 @@ void TestInstalledTree::everyProgramIsFound()
     QStringList headings;
     for (const DocumentedProgram& program : documentedPrograms(page))
         headings += program.heading;
-    QCOMPARE(headings, QStringList({"ZMConfiguration", "Config", "The tree view", "SyncSingleton", "Logger", "HLogManager",
-                                    "HLibrary", "With widgets", "SleepThread", "DatabaseManager"}));
+    QCOMPARE(headings,
+             QStringList({"ZMConfiguration", "Config", "The tree view", "SyncSingleton", "Logger", "HLogManager",
+                          "HLibrary", "With widgets", "SleepThread", "DatabaseManager"}));
     QCOMPARE(page.count("```cpp\n// Zelmora::"), headings.size());
 }
 

@@ -23,7 +23,8 @@ Workbench::Workbench()
     setEnvironment("HOME", folder.path());
     setEnvironment("LC_ALL", "C.UTF-8");
 
-    const Outcome installation = run(ZELMORA_CMAKE, {"--install", ZELMORA_BUILD, "--prefix", path("place of the installation")});
+    const Outcome installation =
+        run(ZELMORA_CMAKE, {"--install", ZELMORA_BUILD, "--prefix", path("place of the installation")});
     if (!installation.succeeded || !QFile::rename(path("place of the installation"), installed()))
         qFatal("The build can't be installed: %s", installation.said.constData());
 }

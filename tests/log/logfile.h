@@ -26,8 +26,7 @@ inline void useLog(const QString& path, const QString& type = "APPEND", const QS
 /// The lines of a log without their times: "ERROR: connection refused". A line without a good time stays as it is.
 inline QByteArrayList records(const QString& path)
 {
-    const QRegularExpression time(R"(^\[\d\d-\d\d-\d{4} \d\d:\d\d:\d\d:\d{3}\] )",
-                                  QRegularExpression::MultilineOption);
+    const QRegularExpression time(R"(^\[\d\d-\d\d-\d{4} \d\d:\d\d:\d\d:\d{3}\] )", QRegularExpression::MultilineOption);
     QByteArrayList lines = QString::fromUtf8(fileContents(path)).remove(time).toUtf8().split('\n');
     if (lines.last().isEmpty())
         lines.removeLast();

@@ -20,9 +20,8 @@ const char logAndEnd[] = "--log-and-end";
 std::vector<HLogManager*> managersOfThreads()
 {
     std::vector<HLogManager*> managers(32);
-    runTogether(static_cast<int>(managers.size()), [&managers](int i) {
-        managers[static_cast<std::size_t>(i)] = SyncSingleton<HLogManager>::instance();
-    });
+    runTogether(static_cast<int>(managers.size()),
+                [&managers](int i) { managers[static_cast<std::size_t>(i)] = SyncSingleton<HLogManager>::instance(); });
     return managers;
 }
 

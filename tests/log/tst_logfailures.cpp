@@ -207,16 +207,16 @@ void TestLogFailures::processOfItsOwn_data()
 
     const QByteArray writesALot = "\"$writer\" a 100 5000 </dev/null";
     QTest::newRow("a full disk") << "/dev/full" << writesALot << QByteArray();
-    QTest::newRow("a file size limit") << "log" << "ulimit -f 8; " + writesALot << QByteArray();
+    QTest::newRow("a file size limit") << "log"
+                                       << "ulimit -f 8; " + writesALot << QByteArray();
     QTest::newRow("a missing folder") << "missing/log" << writesALot
                                       << QByteArray("Error in the method Logger::setType(APPEND)\n");
     // The reader leaves after the start line, and only then the writer goes on.
-    QTest::newRow("a pipe whose reader has left")
-        << "log"
-        << QByteArray("mkfifo log gate; head -n 1 log >first & reader=$!; "
-                      "\"$writer\" a 3 5000 <gate & writer_id=$!; "
-                      "exec 3>gate; wait $reader; exec 3>&-; wait $writer_id")
-        << QByteArray();
+    QTest::newRow("a pipe whose reader has left") << "log"
+                                                  << QByteArray("mkfifo log gate; head -n 1 log >first & reader=$!; "
+                                                                "\"$writer\" a 3 5000 <gate & writer_id=$!; "
+                                                                "exec 3>gate; wait $reader; exec 3>&-; wait $writer_id")
+                                                  << QByteArray();
 }
 
 void TestLogFailures::processOfItsOwn()

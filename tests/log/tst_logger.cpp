@@ -265,8 +265,8 @@ void TestLogger::operationForEachLevel_data()
     QTest::addColumn<QByteArrayList>("lines");
 
     QTest::newRow("DEBUG") << "DEBUG"
-                           << QByteArrayList({"DEBUG: Start Logger", "DEBUG: a", "INFO: b", "WARNING: c",
-                                              "ERROR: d", "FATAL: e"});
+                           << QByteArrayList(
+                                  {"DEBUG: Start Logger", "DEBUG: a", "INFO: b", "WARNING: c", "ERROR: d", "FATAL: e"});
     QTest::newRow("INFO") << "INFO" << QByteArrayList({"INFO: b", "WARNING: c", "ERROR: d", "FATAL: e"});
     QTest::newRow("WARNING") << "WARNING" << QByteArrayList({"WARNING: c", "ERROR: d", "FATAL: e"});
     QTest::newRow("ERROR") << "ERROR" << QByteArrayList({"ERROR: d", "FATAL: e"});
@@ -411,8 +411,7 @@ void TestLogger::openFailure()
         });
         QCOMPARE(output, "Error in the method Logger::setType(" + word + ")\n");
     }
-    QCOMPARE(QDir(folder->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-             QStringList({"file", "folder"}));
+    QCOMPARE(QDir(folder->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList({"file", "folder"}));
     QCOMPARE(fileContents(folder->filePath("file")), QByteArray());
 }
 
@@ -494,8 +493,7 @@ void TestLogger::line()
     const PinnedClock clock(utc(moment), zone);
     writeAtEachLevel(logger);
     const QByteArray start = '[' + time + "] ";
-    QCOMPARE(log(),
-             start + "INFO: x\n" + start + "WARNING: x\n" + start + "ERROR: x\n" + start + "FATAL: x\n");
+    QCOMPARE(log(), start + "INFO: x\n" + start + "WARNING: x\n" + start + "ERROR: x\n" + start + "FATAL: x\n");
 }
 
 void TestLogger::text_data()
@@ -512,9 +510,10 @@ void TestLogger::text_data()
     QTest::newRow("a NUL") << QString("a%1b").arg(QChar(0)) << QByteArray("a\0b", 3);
     const char signs[] = R"(%1 %n %s \n "<&]: )";
     QTest::newRow("signs that mean something elsewhere") << signs << QByteArray(signs);
-    QTest::newRow("UTF-8") << "è€漢😀"
-                           << QByteArray("\xC3\xA8\xE2\x82\xAC\xE6\xBC\xA2\xF0\x9F\x98\x80");
-    QTest::newRow("a byte order mark") << QString(QChar(0xFEFF)) + "a" << QByteArray("\xEF\xBB\xBF" "a");
+    QTest::newRow("UTF-8") << "è€漢😀" << QByteArray("\xC3\xA8\xE2\x82\xAC\xE6\xBC\xA2\xF0\x9F\x98\x80");
+    QTest::newRow("a byte order mark") << QString(QChar(0xFEFF)) + "a"
+                                       << QByteArray("\xEF\xBB\xBF"
+                                                     "a");
     QTest::newRow("70,000 characters") << QString(70000, 'x') << QByteArray(70000, 'x');
     QTest::newRow("a million characters of two bytes")
         << QString(1000000, QChar(0xE8)) << QByteArray("\xC3\xA8").repeated(1000000);

@@ -54,8 +54,7 @@ void TestAccounts::statement_data()
     addJob("a type just as wide as its column is whole",
            {{"statement", {{"date", "1"}, {"type", "Discount"}, {"amount", "10.00"}}}},
            {R"(println("1:             Discount.10.00"))"});
-    addJob("a longer type is cut",
-           {{"statement", {{"date", "1"}, {"type", "Credit Note"}, {"amount", "10.00"}}}},
+    addJob("a longer type is cut", {{"statement", {{"date", "1"}, {"type", "Credit Note"}, {"amount", "10.00"}}}},
            {R"(println("1:             Credit N.10.00"))"});
     addJob("an amount wider than its column widens the row",
            {{"statement", {{"date", "1"}, {"type", "Payment"}, {"amount", "12345.67"}}}},
@@ -65,10 +64,8 @@ void TestAccounts::statement_data()
            {R"(println("1:             Payment....abc"))"});
     addJob("the order information", {{"orderinfo", {{"table", "12"}}}},
            {"setCharSize()", R"(print(1, "Table:"))", R"(println(1, "12"))", separator()});
-    addJob(
-        "other elements are ignored",
-        elementsNamed({"customer", "receipe", "Statement", "statements", "statement_List", "total", "date"}),
-        {});
+    addJob("other elements are ignored",
+           elementsNamed({"customer", "receipe", "Statement", "statements", "statement_List", "total", "date"}), {});
 }
 
 void TestAccounts::statement()
@@ -179,8 +176,7 @@ void TestAccounts::sold_data()
     addJob("the order information", {{"orderinfo", {{"table", "12"}}}},
            {"setCharSize()", R"(print(1, "Table:"))", R"(println(1, "12"))", separator()});
     addJob("other elements are ignored",
-           elementsNamed(
-               {"customer", "statement", "statement_list", "Receipe", "receipe_type", "variant", "total"}),
+           elementsNamed({"customer", "statement", "statement_list", "Receipe", "receipe_type", "variant", "total"}),
            {});
 }
 

@@ -5,9 +5,9 @@
 namespace {
 
 /// Elements of which no fiscal receipt takes notice.
-const Job otherElements = elementsNamed({"printers", "geometry", "headers", "logo", "company", "receipt",
-                                         "invoice", "delivery", "orderinfo", "customer", "variant",
-                                         "otherreceipe", "totals", "Total", "notPaid", "Receipe"})
+const Job otherElements =
+    elementsNamed({"printers", "geometry", "headers", "logo", "company", "receipt", "invoice", "delivery", "orderinfo",
+                   "customer", "variant", "otherreceipe", "totals", "Total", "notPaid", "Receipe"})
     + Job {{"orderinfo", {{"credit", "5.00"}}}, {"totals", {{"cash", "5.00"}}}};
 
 const QByteArray allFlags = "printGeometry = true; topMargin = 2; printHeader = true; printCompany = true;"
@@ -50,8 +50,7 @@ void TestFiscalDocuments::fullReceipt_data()
 {
     addJobColumns();
 
-    addJob("a dish",
-           {{"receipe", {{"price", "3,50"}, {"name", "PIZZA"}, {"number", "2"}, {"department", "1"}}}},
+    addJob("a dish", {{"receipe", {{"price", "3,50"}, {"name", "PIZZA"}, {"number", "2"}, {"department", "1"}}}},
            {R"(printRowFiscal("1", "2", "PIZZA", "3,50"))"});
     addJob("dishes in the job's order, and the total after them",
            {{"receipe", {{"name", "PIZZA"}, {"number", "2"}, {"department", "1"}, {"price", "3.50"}}},
@@ -72,8 +71,7 @@ void TestFiscalDocuments::fullReceipt_data()
            {{"total", {{"ticket", "5"}, {"cash", "20,00"}, {"other", "x"}, {"discountRate", ""}}}},
            {R"(printRowFiscal("total", ticket="5", cash="20,00", other="x", discountRate=""))"});
     addJob("a total without attributes", {{"total", {}}}, {R"(printRowFiscal("total"))"});
-    addJob("a dish type is not for this receipt", {{"receipe_type", {{"name", "PRIMI"}, {"price", "24.00"}}}},
-           {});
+    addJob("a dish type is not for this receipt", {{"receipe_type", {{"name", "PRIMI"}, {"price", "24.00"}}}}, {});
 }
 
 void TestFiscalDocuments::fullReceipt()
@@ -91,14 +89,11 @@ void TestFiscalDocuments::summaryReceipt_data()
     addJob("a type is sold as one unit, whatever its number",
            {{"receipe_type", {{"price", "24,00"}, {"name", "PRIMI"}, {"number", "5"}, {"department", "1"}}}},
            {R"(printRowFiscal("1", "1", "PRIMI", "24,00"))"});
-    addJob("no attributes: empty texts and one unit", {{"receipe_type", {}}},
-           {R"(printRowFiscal("", "1", "", ""))"});
-    addJob("a name is never cut",
-           {{"receipe_type", {{"name", "PRIMI PIATTI, ASCIUTTI E IN BRODO, E RISOTTI"}}}},
+    addJob("no attributes: empty texts and one unit", {{"receipe_type", {}}}, {R"(printRowFiscal("", "1", "", ""))"});
+    addJob("a name is never cut", {{"receipe_type", {{"name", "PRIMI PIATTI, ASCIUTTI E IN BRODO, E RISOTTI"}}}},
            {R"(printRowFiscal("", "1", "PRIMI PIATTI, ASCIUTTI E IN BRODO, E RISOTTI", ""))"});
     addJob("the total is passed on with all its attributes in their order",
-           {{"total", {{"ticket", "5"}, {"cash", "20,00"}}}},
-           {R"(printRowFiscal("total", ticket="5", cash="20,00"))"});
+           {{"total", {{"ticket", "5"}, {"cash", "20,00"}}}}, {R"(printRowFiscal("total", ticket="5", cash="20,00"))"});
     addJob("a dish is not for this receipt", {{"receipe", {{"name", "PIZZA"}, {"price", "3.50"}}}}, {});
 }
 
@@ -128,10 +123,8 @@ void TestFiscalDocuments::descriptionWidth_data()
     QTest::newRow("empty: the device's width") << QByteArray("descriptionWidth = ;") << deviceWide;
     QTest::newRow("zero: the device's width") << QByteArray("descriptionWidth = 0;") << deviceWide;
     QTest::newRow("a word: the device's width") << QByteArray("descriptionWidth = abc;") << deviceWide;
-    QTest::newRow("a number and a word: the device's width")
-        << QByteArray("descriptionWidth = 4 mm;") << deviceWide;
-    QTest::newRow("beyond 32 bits: the device's width")
-        << QByteArray("descriptionWidth = 2147483648;") << deviceWide;
+    QTest::newRow("a number and a word: the device's width") << QByteArray("descriptionWidth = 4 mm;") << deviceWide;
+    QTest::newRow("beyond 32 bits: the device's width") << QByteArray("descriptionWidth = 2147483648;") << deviceWide;
     QTest::newRow("the paper width plays no part") << QByteArray("paperWidth = 5;") << deviceWide;
     QTest::newRow("negative: nothing is cut") << QByteArray("descriptionWidth = -3;") << name;
     QTest::newRow("another document's setting plays no part")
@@ -173,8 +166,7 @@ void TestFiscalDocuments::descriptionWidthIsReadAfreshForEachElement()
     useSettings(documentSettings("fiscaldoc", "descriptionWidth = 4;"));
     RecordingDriver driver;
     const Job job {{"receipe", {{"name", "ABCDEFGHIJ"}}}};
-    QCOMPARE(callsOf(driver, "printFullOrderFiscal", job),
-             QStringList {R"(printRowFiscal("", "", "ABCD", ""))"});
+    QCOMPARE(callsOf(driver, "printFullOrderFiscal", job), QStringList {R"(printRowFiscal("", "", "ABCD", ""))"});
 
     useSettings(documentSettings("fiscaldoc", "descriptionWidth = 6;"));
     deliver(driver, job);

@@ -5,8 +5,7 @@
 
 namespace {
 
-const Element taxes {"totals",
-                     {{"total", "12.20"}, {"tax", "2.20"}, {"taxrate", "22"}, {"taxable", "10.00"}}};
+const Element taxes {"totals", {{"total", "12.20"}, {"tax", "2.20"}, {"taxrate", "22"}, {"taxable", "10.00"}}};
 
 QStringList taxBlock()
 {
@@ -26,20 +25,17 @@ void addRowsOfBothInvoices()
     addJob("each tax block is printed", {taxes, taxes}, taxBlock() + taxBlock());
     addJob("a tax block with a total only", {{"totals", {{"total", "12.20"}}}},
            {"setBold()", R"(println(""))", R"(println("    Taxable..............       "))",
-            R"(println("    TaxRate..............       "))",
-            R"(println("    Tax..................       "))",
+            R"(println("    TaxRate..............       "))", R"(println("    Tax..................       "))",
             R"(println("    TOTAL................  12.20"))", "setCharSize()"});
     addJob("the total of the tax block is not the attribute price",
            {{"totals", {{"price", "12.20"}, {"totalPrice", "12.20"}}}},
            {"setBold()", R"(println(""))", R"(println("    Taxable..............       "))",
-            R"(println("    TaxRate..............       "))",
-            R"(println("    Tax..................       "))",
+            R"(println("    TaxRate..............       "))", R"(println("    Tax..................       "))",
             R"(println("    TOTAL................       "))", "setCharSize()"});
     addJob("amounts and rates are printed as they stand",
            {{"totals", {{"total", "123456.78"}, {"tax", "-2,2"}, {"taxrate", "abc"}, {"taxable", " 1 "}}}},
            {"setBold()", R"(println(""))", R"(println("    Taxable..............     1 "))",
-            R"(println("    TaxRate..............    abc"))",
-            R"(println("    Tax..................   -2,2"))",
+            R"(println("    TaxRate..............    abc"))", R"(println("    Tax..................   -2,2"))",
             R"(println("    TOTAL................123456.78"))", "setCharSize()"});
     addJob("the customer block", {{"customer", {{"name", "Rossi"}}}},
            {R"(println("CUSTOMER"))", R"(println(1, "Rossi"))", separator()});
@@ -103,8 +99,7 @@ void TestInvoices::fullInvoice_data()
     addRowsOfBothInvoices();
 
     const QString titles = R"(println("Num Description     Price Amount"))";
-    const Element dish {"receipe",
-                        {{"name", "PIZZA"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}};
+    const Element dish {"receipe", {{"name", "PIZZA"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}};
     const QString row = R"(println("  2 PIZZA............3.50   7.00"))";
     addJob("two dishes after one row of titles, and the tax block", {dish, dish, taxes},
            QStringList {"setBold()", titles, "setCharSize()", row, row} + taxBlock());
@@ -114,12 +109,10 @@ void TestInvoices::fullInvoice_data()
     addJob("no attributes: dots alone", {{"receipe", {}}},
            {"setBold()", titles, "setCharSize()", R"(println("    .....................       "))"});
     addJob("a name just as wide as its column is whole",
-           {{"receipe",
-             {{"name", "ABCDEFGHIJKLMNO"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}}},
+           {{"receipe", {{"name", "ABCDEFGHIJKLMNO"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}}},
            {"setBold()", titles, "setCharSize()", R"(println("  2 ABCDEFGHIJKLMNO..3.50   7.00"))"});
     addJob("a name one wider loses its last character",
-           {{"receipe",
-             {{"name", "ABCDEFGHIJKLMNOP"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}}},
+           {{"receipe", {{"name", "ABCDEFGHIJKLMNOP"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}}},
            {"setBold()", titles, "setCharSize()", R"(println("  2 ABCDEFGHIJKLMNO..3.50   7.00"))"});
     addJob("other elements are ignored",
            elementsNamed({"variant", "receipe_type", "total", "notPaid", "Totals", "order"}), {});
@@ -146,8 +139,8 @@ void TestInvoices::summaryInvoice_data()
     addJob("a name one wider than its column loses its last character",
            {{"receipe_type", {{"price", "24.00"}, {"name", "ABCDEFGHIJKLMN"}, {"number", "3"}}}},
            {"setBold()", titles, "setCharSize()", R"(println("  3 x ABCDEFGHIJKLM......  24.00"))"});
-    addJob("other elements are ignored",
-           elementsNamed({"variant", "receipe", "total", "notPaid", "Totals", "order"}), {});
+    addJob("other elements are ignored", elementsNamed({"variant", "receipe", "total", "notPaid", "Totals", "order"}),
+           {});
 }
 
 void TestInvoices::summaryInvoice()
@@ -164,8 +157,7 @@ void TestInvoices::noTitlesAfterOneTime()
 
     RecordingDriver summary;
     summary.oneTime();
-    QCOMPARE(callsOf(summary, "printAbstractOrderInvoice",
-                     {{"receipe_type", {{"name", "PRIMI"}, {"number", "2"}}}}),
+    QCOMPARE(callsOf(summary, "printAbstractOrderInvoice", {{"receipe_type", {{"name", "PRIMI"}, {"number", "2"}}}}),
              QStringList {R"(println("  2 x PRIMI..............       "))"});
 }
 
@@ -276,10 +268,9 @@ void TestInvoices::summaryOrderPrintsNothing_data()
 void TestInvoices::summaryOrderPrintsNothing()
 {
     QFETCH(QString, element);
-    useSettings(
-        documentSettings("doc",
-                         "printGeometry = true; topMargin = 2; printHeader = true; printCompany = true;"
-                         " printCustomer = true; printTable = true;"));
+    useSettings(documentSettings("doc",
+                                 "printGeometry = true; topMargin = 2; printHeader = true; printCompany = true;"
+                                 " printCustomer = true; printTable = true;"));
     PartialOrderDriver driver;
 
     const QByteArray name = element.toUtf8();
@@ -294,8 +285,7 @@ void TestInvoices::summaryOrderKeepsNothing()
     useSettings(documentSettings("doc", "printCredit = true;"));
     RecordingDriver driver;
 
-    callsOf(driver, "printAbstractOrder",
-            {{"printers", {{"name", "Bar"}}}, {"orderinfo", {{"credit", "5.00"}}}});
+    callsOf(driver, "printAbstractOrder", {{"printers", {{"name", "Bar"}}}, {"orderinfo", {{"credit", "5.00"}}}});
     QCOMPARE(driver.printerName, QString());
     QCOMPARE(driver.credit, QString());
     QCOMPARE(driver.oneTime(), true);

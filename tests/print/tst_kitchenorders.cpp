@@ -79,16 +79,15 @@ void TestKitchenOrders::partialOrder_data()
     addJob("a name one wider is cut, not wrapped",
            {{"receipe", {{"name", "ABCDEFGHIJKLMNOPQRSTUVWXYZa"}, {"number", "2"}}}},
            {"setCharSize()", R"(println("  2 ABCDEFGHIJKLMNOPQRSTUVWXYZ"))"});
-    addJob("a number wider than its column widens the row",
-           {{"receipe", {{"name", "PIZZA"}, {"number", "1000"}}}},
+    addJob("a number wider than its column widens the row", {{"receipe", {{"name", "PIZZA"}, {"number", "1000"}}}},
            {"setCharSize()", R"(println("1000 PIZZA                     "))"});
     addJob("the order information, and no titles", {{"orderinfo", {{"table", "12"}}}},
            {"setCharSize()", R"(print(1, "Table:"))", R"(println(1, "12"))", separator()});
     addJob("the customer block", {{"customer", {{"name", "Rossi"}}}},
            {R"(println("CUSTOMER"))", R"(println(1, "Rossi"))", separator()});
     addJob("other elements are ignored",
-           elementsNamed({"total", "totals", "notPaid", "receipe_type", "Receipe", "recipe", "VARIANT",
-                          "statement", "order"}),
+           elementsNamed(
+               {"total", "totals", "notPaid", "receipe_type", "Receipe", "recipe", "VARIANT", "statement", "order"}),
            {});
 }
 
@@ -101,8 +100,8 @@ void TestKitchenOrders::partialOrderWhoseSectionsAreLeftAlone()
 {
     NoSectionsDriver driver;
 
-    const QStringList calls = callsOf(driver, "printPartialOrder",
-                                      {{"orderinfo", {{"table", "12"}}}, {"headers", {}}, {"logo", {}}});
+    const QStringList calls =
+        callsOf(driver, "printPartialOrder", {{"orderinfo", {{"table", "12"}}}, {"headers", {}}, {"logo", {}}});
     const QStringList expected {"setBold()", R"(println("Num Description               "))"};
     QCOMPARE(calls, expected);
 }
@@ -111,8 +110,7 @@ void TestKitchenOrders::fullOrder_data()
 {
     addJobColumns();
 
-    const Element dish {"receipe",
-                        {{"name", "PIZZA"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}};
+    const Element dish {"receipe", {{"name", "PIZZA"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}};
     const QString row = R"(println("  2 PIZZA............3.50   7.00"))";
     addJob("a dish, after the titles", {dish}, {"setBold()", titles, "setCharSize()", row});
     addJob("titles come once", {dish, dish, dish}, {"setBold()", titles, "setCharSize()", row, row, row});
@@ -136,20 +134,14 @@ void TestKitchenOrders::fullOrder_data()
            {{"receipe", {{"name", "PIZZA"}, {"number", "2,0"}, {"price", "3,5"}, {"totalPrice", "abc"}}}},
            {"setBold()", titles, "setCharSize()", R"(println("2,0 PIZZA.............3,5    abc"))"});
     addJob("a name just as wide as its column is whole",
-           {{"receipe",
-             {{"name", "ABCDEFGHIJKLMNO"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}}},
+           {{"receipe", {{"name", "ABCDEFGHIJKLMNO"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}}},
            {"setBold()", titles, "setCharSize()", R"(println("  2 ABCDEFGHIJKLMNO..3.50   7.00"))"});
     addJob("a name one wider is cut, not wrapped",
-           {{"receipe",
-             {{"name", "ABCDEFGHIJKLMNOP"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}}},
+           {{"receipe", {{"name", "ABCDEFGHIJKLMNOP"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}}},
            {"setBold()", titles, "setCharSize()", R"(println("  2 ABCDEFGHIJKLMNO..3.50   7.00"))"});
     addJob("a variant, without titles of its own",
            {{"variant",
-             {{"quantity", "1"},
-              {"name", "cheese"},
-              {"number", "2"},
-              {"price", "0.50"},
-              {"totalPrice", "1.00"}}}},
+             {{"quantity", "1"}, {"name", "cheese"}, {"number", "2"}, {"price", "0.50"}, {"totalPrice", "1.00"}}}},
            {R"(println("  2 + cheese.........0.50   1.00"))"});
     addJob("a variant named = is printed", {{"variant", {{"quantity", "-1"}, {"name", "=salt"}}}},
            {R"(println("    - =salt..............       "))"});
@@ -164,8 +156,7 @@ void TestKitchenOrders::fullOrder_data()
     addJob("the customer block", {{"customer", {{"name", "Rossi"}}}},
            {R"(println("CUSTOMER"))", R"(println(1, "Rossi"))", separator()});
     addJob("other elements are ignored",
-           elementsNamed({"otherreceipe", "totals", "notPaid", "receipe_type", "Receipe", "Total", "order"}),
-           {});
+           elementsNamed({"otherreceipe", "totals", "notPaid", "receipe_type", "Receipe", "Total", "order"}), {});
 }
 
 void TestKitchenOrders::fullOrder()
@@ -177,8 +168,7 @@ void TestKitchenOrders::fullOrder()
 void TestKitchenOrders::fullOrderWhoseSectionsAreLeftAlone()
 {
     NoSectionsDriver driver;
-    QCOMPARE(callsOf(driver, "printFullOrder", {{"orderinfo", {}}, {"headers", {}}, {"logo", {}}}),
-             QStringList());
+    QCOMPARE(callsOf(driver, "printFullOrder", {{"orderinfo", {}}, {"headers", {}}, {"logo", {}}}), QStringList());
 }
 
 void TestKitchenOrders::fullOrderAfterOneTimeHasNoTitles()
@@ -187,8 +177,7 @@ void TestKitchenOrders::fullOrderAfterOneTimeHasNoTitles()
     RecordingDriver driver;
     driver.oneTime();
 
-    const QStringList calls =
-        callsOf(driver, "printFullOrder", {{"receipe", {{"name", "PIZZA"}, {"number", "2"}}}});
+    const QStringList calls = callsOf(driver, "printFullOrder", {{"receipe", {{"name", "PIZZA"}, {"number", "2"}}}});
     QCOMPARE(calls, QStringList {R"(println("  2 PIZZA................       "))"});
 }
 
@@ -264,15 +253,13 @@ void TestKitchenOrders::variantMark()
     const QString description = mark + " ham";
 
     RecordingDriver partial;
-    QCOMPARE(
-        callsOf(partial, "printPartialOrder", job),
-        QStringList {R"(println("    )" + description + QString(26 - description.size(), ' ') + R"("))"});
+    QCOMPARE(callsOf(partial, "printPartialOrder", job),
+             QStringList {R"(println("    )" + description + QString(26 - description.size(), ' ') + R"("))"});
 
     useSettings(documentSettings("prefiscaldoc"));
     RecordingDriver full;
     QCOMPARE(callsOf(full, "printFullOrder", job),
-             QStringList {R"(println("    )" + description + QString(21 - description.size(), '.')
-                          + R"(       "))"});
+             QStringList {R"(println("    )" + description + QString(21 - description.size(), '.') + R"(       "))"});
 }
 
 void TestKitchenOrders::sectionsAreAskedFirst_data()
@@ -299,8 +286,7 @@ void TestKitchenOrders::labelsAreTranslated()
     const MarkedTexts marked;
 
     RecordingDriver full;
-    const Job job {
-        {"receipe", {{"name", "TOTAL"}, {"number", "2"}}}, {"variant", {{"name", "Num"}}}, {"total", {}}};
+    const Job job {{"receipe", {{"name", "TOTAL"}, {"number", "2"}}}, {"variant", {{"name", "Num"}}}, {"total", {}}};
     const QStringList expected {"setBold()",
                                 R"(println("<Num> <Description>  <Price><Amount>"))",
                                 "setCharSize()",

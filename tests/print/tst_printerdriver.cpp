@@ -71,10 +71,7 @@ class DispatchDriver : public RecordingDriver {
 public:
     QStringList reached;
 
-    void printPartialOrder(const QString& q, const QXmlAttributes& a) override
-    {
-        note("printPartialOrder", q, a);
-    }
+    void printPartialOrder(const QString& q, const QXmlAttributes& a) override { note("printPartialOrder", q, a); }
     void printFullOrder(const QString& q, const QXmlAttributes& a) override { note("printFullOrder", q, a); }
     void printFullOrderReceipt(const QString& q, const QXmlAttributes& a) override
     {
@@ -92,10 +89,7 @@ public:
     {
         note("printFullOrderFiscal", q, a);
     }
-    void printAbstractOrder(const QString& q, const QXmlAttributes& a) override
-    {
-        note("printAbstractOrder", q, a);
-    }
+    void printAbstractOrder(const QString& q, const QXmlAttributes& a) override { note("printAbstractOrder", q, a); }
     void printAbstractOrderReceipt(const QString& q, const QXmlAttributes& a) override
     {
         note("printAbstractOrderReceipt", q, a);
@@ -128,11 +122,10 @@ private:
 /// Elements that print something in one document or another.
 Job everyElement()
 {
-    return elementsNamed({"printers",        "geometry",     "headers",      "logo",      "company",
-                          "receipt",         "invoice",      "delivery",     "orderinfo", "customer",
-                          "receipe",         "otherreceipe", "receipe_type", "variant",   "total",
-                          "totals",          "notPaid",      "date",         "statement", "statement_list",
-                          "cancelledsummary"});
+    return elementsNamed({"printers",     "geometry",       "headers",         "logo",     "company", "receipt",
+                          "invoice",      "delivery",       "orderinfo",       "customer", "receipe", "otherreceipe",
+                          "receipe_type", "variant",        "total",           "totals",   "notPaid", "date",
+                          "statement",    "statement_list", "cancelledsummary"});
 }
 
 void writeText(const QString& path, bool append, const QString& text)
@@ -550,10 +543,8 @@ void TestPrinterDriver::titlesOfAMethodThatIsCalledDirectly_data()
     QTest::newRow("full order") << &PrinterDriver::printFullOrder << "receipe" << itemTitles;
     QTest::newRow("receipt") << &PrinterDriver::printFullOrderReceipt << "receipe" << itemTitles;
     QTest::newRow("invoice") << &PrinterDriver::printFullOrderInvoice << "receipe" << itemTitles;
-    QTest::newRow("summary receipt") << &PrinterDriver::printAbstractOrderReceipt << "receipe_type"
-                                     << typeTitles;
-    QTest::newRow("summary invoice") << &PrinterDriver::printAbstractOrderInvoice << "receipe_type"
-                                     << typeTitles;
+    QTest::newRow("summary receipt") << &PrinterDriver::printAbstractOrderReceipt << "receipe_type" << typeTitles;
+    QTest::newRow("summary invoice") << &PrinterDriver::printAbstractOrderInvoice << "receipe_type" << typeTitles;
     QTest::newRow("statement of account") << &PrinterDriver::printStatementOfAccount << "statement_list"
                                           << R"(println("Date           DescriptAmount"))";
 }

@@ -193,12 +193,9 @@ void TestPrintSettings::documentPathOfAnUnknownType_data()
     QTest::newRow("upper case") << "BILL" << QByteArray("Error into PrinterDriver::documentPath:  bill\n");
     QTest::newRow("an accent") << "CAFFÈ" << QByteArray("Error into PrinterDriver::documentPath:  caffè\n");
     QTest::newRow("empty") << "" << QByteArray("Error into PrinterDriver::documentPath:  \n");
-    QTest::newRow("a blank before") << " Order"
-                                    << QByteArray("Error into PrinterDriver::documentPath:   order\n");
-    QTest::newRow("a blank after") << "order "
-                                   << QByteArray("Error into PrinterDriver::documentPath:  order \n");
-    QTest::newRow("the settings group")
-        << "doc" << QByteArray("Error into PrinterDriver::documentPath:  doc\n");
+    QTest::newRow("a blank before") << " Order" << QByteArray("Error into PrinterDriver::documentPath:   order\n");
+    QTest::newRow("a blank after") << "order " << QByteArray("Error into PrinterDriver::documentPath:  order \n");
+    QTest::newRow("the settings group") << "doc" << QByteArray("Error into PrinterDriver::documentPath:  doc\n");
 }
 
 void TestPrintSettings::documentPathOfAnUnknownType()
@@ -278,9 +275,8 @@ void TestPrintSettings::columnWidths()
 
 void TestPrintSettings::eachWidthHasItsOwnKey()
 {
-    useSettings(
-        "zelmora: { receiptdoc: { quantityFieldWidth = 1; priceFieldWidth = 2; totalPriceFieldWidth = 3;"
-        " paperWidth = 4; paperRows = 5; }; };");
+    useSettings("zelmora: { receiptdoc: { quantityFieldWidth = 1; priceFieldWidth = 2; totalPriceFieldWidth = 3;"
+                " paperWidth = 4; paperRows = 5; }; };");
     RecordingDriver driver;
 
     driver.loadValues("receipt");
@@ -431,10 +427,9 @@ void TestPrintSettings::noSettings()
 
 void TestPrintSettings::settingsReplaceTheEarlierOnes()
 {
-    useSettings(
-        "zelmora: { receiptdoc: { quantityFieldWidth = 1; priceFieldWidth = 2; totalPriceFieldWidth = 3;"
-        " paperWidth = 4; paperRows = 5; printNote = true; openCashDrawer = true; };"
-        " invoicedoc: { printGeometry = true; }; };");
+    useSettings("zelmora: { receiptdoc: { quantityFieldWidth = 1; priceFieldWidth = 2; totalPriceFieldWidth = 3;"
+                " paperWidth = 4; paperRows = 5; printNote = true; openCashDrawer = true; };"
+                " invoicedoc: { printGeometry = true; }; };");
     RecordingDriver driver;
     driver.loadValues("receipt");
 

@@ -29,8 +29,7 @@ void TestReceipts::fullReceipt_data()
     addJobColumns();
 
     const QString titles = R"(println("Num Description     Price Amount"))";
-    const Element dish {"receipe",
-                        {{"name", "PIZZA"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}};
+    const Element dish {"receipe", {{"name", "PIZZA"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}};
     const QString row = R"(println("  2 x PIZZA..........3.50   7.00"))";
     addJob("a dish, after the titles", {dish}, {"setBold()", titles, "setCharSize()", row});
     addJob("titles come once", {dish, dish}, {"setBold()", titles, "setCharSize()", row, row});
@@ -40,12 +39,10 @@ void TestReceipts::fullReceipt_data()
     addJob("no attributes: dots alone", {{"receipe", {}}},
            {"setBold()", titles, "setCharSize()", R"(println("    x ...................       "))"});
     addJob("a name just as wide as its column is whole",
-           {{"receipe",
-             {{"name", "ABCDEFGHIJKLM"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}}},
+           {{"receipe", {{"name", "ABCDEFGHIJKLM"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}}},
            {"setBold()", titles, "setCharSize()", R"(println("  2 x ABCDEFGHIJKLM..3.50   7.00"))"});
     addJob("a name one wider loses its last character",
-           {{"receipe",
-             {{"name", "ABCDEFGHIJKLMN"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}}},
+           {{"receipe", {{"name", "ABCDEFGHIJKLMN"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}}},
            {"setBold()", titles, "setCharSize()", R"(println("  2 x ABCDEFGHIJKLM..3.50   7.00"))"});
     addJob("amounts are printed as they stand",
            {{"receipe", {{"name", "PIZZA"}, {"number", "2,5"}, {"price", "-1,5"}, {"totalPrice", "abc"}}}},
@@ -58,16 +55,14 @@ void TestReceipts::fullReceipt_data()
            {R"(println(""))", R"(println("    Amount not paid: 5.00"))"});
     addJob("what is not paid is the attribute price alone", {{"notPaid", {{"total", "5.00"}}}},
            {R"(println(""))", R"(println("    Amount not paid: "))"});
-    addJob("what is not paid may be longer than the paper",
-           {{"notPaid", {{"price", "12345678901234567890"}}}},
+    addJob("what is not paid may be longer than the paper", {{"notPaid", {{"price", "12345678901234567890"}}}},
            {R"(println(""))", R"(println("    Amount not paid: 12345678901234567890"))"});
     addJob("the customer block", {{"customer", {{"name", "Rossi"}}}},
            {R"(println("CUSTOMER"))", R"(println(1, "Rossi"))", separator()});
     addJob("the receipt's number is a section", {{"receipt", {{"serialnumber", "7"}}}},
            {R"(println(1, "Serial Number: 7"))", separator()});
     addJob("other elements are ignored",
-           elementsNamed({"variant", "otherreceipe", "receipe_type", "totals", "notpaid", "Total", "order"}),
-           {});
+           elementsNamed({"variant", "otherreceipe", "receipe_type", "totals", "notpaid", "Total", "order"}), {});
 }
 
 void TestReceipts::fullReceipt()
@@ -121,8 +116,7 @@ void TestReceipts::noTitlesAfterOneTime()
 
     RecordingDriver summary;
     summary.oneTime();
-    QCOMPARE(callsOf(summary, "printAbstractOrderReceipt",
-                     {{"receipe_type", {{"name", "PRIMI"}, {"number", "2"}}}}),
+    QCOMPARE(callsOf(summary, "printAbstractOrderReceipt", {{"receipe_type", {{"name", "PRIMI"}, {"number", "2"}}}}),
              QStringList {R"(println("  2 x PRIMI..............       "))"});
 }
 
@@ -131,8 +125,7 @@ void TestReceipts::labelsOfTheFullReceiptAreTranslated()
     const MarkedTexts marked;
     RecordingDriver driver;
 
-    const Job job {
-        {"receipe", {{"name", "TOTAL"}, {"number", "2"}}}, {"total", {}}, {"notPaid", {{"price", "Num"}}}};
+    const Job job {{"receipe", {{"name", "TOTAL"}, {"number", "2"}}}, {"total", {}}, {"notPaid", {{"price", "Num"}}}};
     const QStringList expected {"setBold()",      R"(println("<Num> <Description>  <Price><Amount>"))",
                                 "setCharSize()",  R"(println("  2 x TOTAL..............       "))",
                                 R"(println(""))", R"(println("    <TOTAL>..............       "))",
@@ -145,9 +138,8 @@ void TestReceipts::labelsOfTheSummaryReceiptAreTranslatedButOne()
     const MarkedTexts marked;
     RecordingDriver driver;
 
-    const Job job {{"receipe_type", {{"name", "TOTAL"}, {"number", "2"}}},
-                   {"total", {}},
-                   {"notPaid", {{"price", "Num"}}}};
+    const Job job {
+        {"receipe_type", {{"name", "TOTAL"}, {"number", "2"}}}, {"total", {}}, {"notPaid", {{"price", "Num"}}}};
     const QStringList expected {"setBold()",      R"(println("<Num> <Description>        <Price>"))",
                                 "setCharSize()",  R"(println("  2 x TOTAL..............       "))",
                                 R"(println(""))", R"(println("    <TOTAL>..............       "))",

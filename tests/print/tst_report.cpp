@@ -63,8 +63,8 @@ void TestReport::period_data()
 
     addJob("both dates", {{"date", {{"enddate", "02/02/2006"}, {"begindate", "01/02/2006"}}}},
            title("SUMMARIES")
-               + QStringList {R"(print(0, "BeginDate: "))", R"(println("01/02/2006"))",
-                              R"(print(0, "EndDate: "))", R"(println("02/02/2006"))"});
+               + QStringList {R"(print(0, "BeginDate: "))", R"(println("01/02/2006"))", R"(print(0, "EndDate: "))",
+                              R"(println("02/02/2006"))"});
     addJob("no dates", {{"date", {}}},
            title("SUMMARIES")
                + QStringList {R"(print(0, "BeginDate: "))", R"(println(""))", R"(print(0, "EndDate: "))",
@@ -82,12 +82,12 @@ void TestReport::prefiscals_data()
 
     addJob("number and total", {{"prefiscalssummary", {{"total", "30.00"}, {"number", "2"}}}},
            title("PREFISCAL SUMMARY")
-               + QStringList {R"(print(0, "Number..........."))", R"(println("2"))",
-                              R"(print(0, "TOTAL............"))", R"(println("30.00"))"});
+               + QStringList {R"(print(0, "Number..........."))", R"(println("2"))", R"(print(0, "TOTAL............"))",
+                              R"(println("30.00"))"});
     addJob("the total is not the attribute totals", {{"prefiscalssummary", {{"totals", "30.00"}}}},
            title("PREFISCAL SUMMARY")
-               + QStringList {R"(print(0, "Number..........."))", R"(println(""))",
-                              R"(print(0, "TOTAL............"))", R"(println(""))"});
+               + QStringList {R"(print(0, "Number..........."))", R"(println(""))", R"(print(0, "TOTAL............"))",
+                              R"(println(""))"});
 }
 
 void TestReport::prefiscals()
@@ -115,17 +115,16 @@ void TestReport::receipts_data()
                + QStringList {R"(print(0, "Number..........."))", R"(println("5 + 0"))",
                               R"(print(0, "Serials.........."))", R"(print(0, "8"))", R"(print(0, " - "))",
                               R"(println("12"))", R"(println("Amount not paid: 1"))", R"(println("Cash: 2"))",
-                              R"(println("Credit Card: 3"))", R"(println("Bancomat: 4"))",
-                              R"(println("Other: 5"))", R"(print(0, "TOTAL............"))",
-                              R"(println("15"))", R"(println(""))", separator(), heading});
+                              R"(println("Credit Card: 3"))", R"(println("Bancomat: 4"))", R"(println("Other: 5"))",
+                              R"(print(0, "TOTAL............"))", R"(println("15"))", R"(println(""))", separator(),
+                              heading});
     addJob("nothing: every line all the same", {{"receiptssummary", {}}},
            title("RECEIPTS SUMMARY")
-               + QStringList {R"(print(0, "Number..........."))", R"(println(""))",
-                              R"(print(0, "Serials.........."))", R"(print(0, ""))", R"(print(0, " - "))",
-                              R"(println(""))", R"(println("Amount not paid: "))", R"(println("Cash: "))",
-                              R"(println("Credit Card: "))", R"(println("Bancomat: "))",
-                              R"(println("Other: "))", R"(print(0, "TOTAL............"))", R"(println(""))",
-                              R"(println(""))", separator(), heading});
+               + QStringList {R"(print(0, "Number..........."))", R"(println(""))", R"(print(0, "Serials.........."))",
+                              R"(print(0, ""))", R"(print(0, " - "))", R"(println(""))",
+                              R"(println("Amount not paid: "))", R"(println("Cash: "))", R"(println("Credit Card: "))",
+                              R"(println("Bancomat: "))", R"(println("Other: "))", R"(print(0, "TOTAL............"))",
+                              R"(println(""))", R"(println(""))", separator(), heading});
 }
 
 void TestReport::receipts()
@@ -138,24 +137,16 @@ void TestReport::taxRate_data()
     addJobColumns();
 
     addJob("one line of 41 characters, no size or justification",
-           {{"taxrate_item",
-             {{"amount", "122.00"}, {"tax", "22.00"}, {"taxable", "100.00"}, {"taxrate", "22"}}}},
+           {{"taxrate_item", {{"amount", "122.00"}, {"tax", "22.00"}, {"taxable", "100.00"}, {"taxrate", "22"}}}},
            {R"(println("    22%     100.00      22.00     122.00 "))"});
-    addJob("no attributes", {{"taxrate_item", {}}},
-           {R"(println("      %                                  "))"});
+    addJob("no attributes", {{"taxrate_item", {}}}, {R"(println("      %                                  "))"});
     addJob("texts just as wide as their columns",
            {{"taxrate_item",
-             {{"taxrate", "123456"},
-              {"taxable", "1234567.89"},
-              {"tax", "2345678.90"},
-              {"amount", "3456789.01"}}}},
+             {{"taxrate", "123456"}, {"taxable", "1234567.89"}, {"tax", "2345678.90"}, {"amount", "3456789.01"}}}},
            {R"(println("123456% 1234567.89 2345678.90 3456789.01 "))"});
     addJob("wider texts are not cut",
            {{"taxrate_item",
-             {{"taxrate", "1234567"},
-              {"taxable", "12345678.90"},
-              {"tax", "23456789.01"},
-              {"amount", "34567890.12"}}}},
+             {{"taxrate", "1234567"}, {"taxable", "12345678.90"}, {"tax", "23456789.01"}, {"amount", "34567890.12"}}}},
            {R"(println("1234567% 12345678.90 23456789.01 34567890.12 "))"});
 }
 
@@ -177,18 +168,17 @@ void TestReport::invoices_data()
               {"firstserial", "8"},
               {"number", "5"}}}},
            QStringList {separator(), R"(println(""))"} + title("INVOICES SUMMARY")
-               + QStringList {R"(print(0, "Number..........."))", R"(println("5"))",
-                              R"(print(0, "Serials.........."))", R"(print(0, "8"))", R"(print(0, " - "))",
-                              R"(println("12"))", R"(print(0, "Taxable.........."))", R"(println("100"))",
+               + QStringList {R"(print(0, "Number..........."))", R"(println("5"))", R"(print(0, "Serials.........."))",
+                              R"(print(0, "8"))", R"(print(0, " - "))", R"(println("12"))",
+                              R"(print(0, "Taxable.........."))", R"(println("100"))",
                               R"(print(0, "Tax.............."))", R"(println("22"))",
                               R"(print(0, "TOTAL............"))", R"(println("122"))"});
     addJob("nothing: every line all the same", {{"invoicessummary", {}}},
            QStringList {separator(), R"(println(""))"} + title("INVOICES SUMMARY")
-               + QStringList {R"(print(0, "Number..........."))", R"(println(""))",
-                              R"(print(0, "Serials.........."))", R"(print(0, ""))", R"(print(0, " - "))",
-                              R"(println(""))", R"(print(0, "Taxable.........."))", R"(println(""))",
-                              R"(print(0, "Tax.............."))", R"(println(""))",
-                              R"(print(0, "TOTAL............"))", R"(println(""))"});
+               + QStringList {R"(print(0, "Number..........."))", R"(println(""))", R"(print(0, "Serials.........."))",
+                              R"(print(0, ""))", R"(print(0, " - "))", R"(println(""))",
+                              R"(print(0, "Taxable.........."))", R"(println(""))", R"(print(0, "Tax.............."))",
+                              R"(println(""))", R"(print(0, "TOTAL............"))", R"(println(""))"});
 }
 
 void TestReport::invoices()
@@ -204,18 +194,15 @@ void TestReport::cancelled_data()
         addJob(name, {{"cancelledsummary", attributes}}, cancelledHead + lines);
     };
 
-    const QStringList first {R"(print(0, "7         "))", R"(print(0, "10.00      "))",
-                             R"(println("22        "))"};
-    const QStringList second {R"(print(0, "9         "))", R"(print(0, "20.00      "))",
-                              R"(println("4         "))"};
+    const QStringList first {R"(print(0, "7         "))", R"(print(0, "10.00      "))", R"(println("22        "))"};
+    const QStringList second {R"(print(0, "9         "))", R"(print(0, "20.00      "))", R"(println("4         "))"};
     addRow("a heading and no rows", {}, {});
     addRow("one row", {{"a", "7"}, {"b", "10.00"}, {"c", "22"}}, first);
     addRow("two rows", {{"a", "7"}, {"b", "10.00"}, {"c", "22"}, {"d", "9"}, {"e", "20.00"}, {"f", "4"}},
            first + second);
-    addRow("rows are counted by place, whatever their names",
-           {{"taxrate", "7"}, {"serial", "10.00"}, {"total", "22"}}, first);
-    addRow("a last row without a tax rate",
-           {{"a", "7"}, {"b", "10.00"}, {"c", "22"}, {"d", "9"}, {"e", "20.00"}},
+    addRow("rows are counted by place, whatever their names", {{"taxrate", "7"}, {"serial", "10.00"}, {"total", "22"}},
+           first);
+    addRow("a last row without a tax rate", {{"a", "7"}, {"b", "10.00"}, {"c", "22"}, {"d", "9"}, {"e", "20.00"}},
            first + QStringList {second[0], second[1], R"(println("          "))"});
     addRow("a last row of a serial alone", {{"a", "7"}, {"b", "10.00"}, {"c", "22"}, {"d", "9"}},
            first + QStringList {second[0], R"(print(0, "           "))", R"(println("          "))"});
@@ -226,18 +213,16 @@ void TestReport::cancelled_data()
     addJob("the first two attributes are skipped, number and totals found where they are",
            {{"cancelledsummary", {{"x", "1"}, {"y", "2"}, {"totals", "30.00"}, {"number", "2"}, {"z", "5"}}}},
            cancelledHead
-               + QStringList {R"(print(0, "30.00     "))", R"(print(0, "2          "))",
-                              R"(println("5         "))"});
-    addJob("the total is not the attribute total",
-           {{"cancelledsummary", {{"number", "2"}, {"total", "30.00"}}}},
+               + QStringList {R"(print(0, "30.00     "))", R"(print(0, "2          "))", R"(println("5         "))"});
+    addJob("the total is not the attribute total", {{"cancelledsummary", {{"number", "2"}, {"total", "30.00"}}}},
            title("CANCELLED DOC SUMMARY")
-               + QStringList {R"(print(0, "Number..........."))", R"(println("2"))",
-                              R"(print(0, "TOTAL............"))", R"(println(""))"}
+               + QStringList {R"(print(0, "Number..........."))", R"(println("2"))", R"(print(0, "TOTAL............"))",
+                              R"(println(""))"}
                + cancelledHeading);
     addJob("no attributes", {{"cancelledsummary", {}}},
            title("CANCELLED DOC SUMMARY")
-               + QStringList {R"(print(0, "Number..........."))", R"(println(""))",
-                              R"(print(0, "TOTAL............"))", R"(println(""))"}
+               + QStringList {R"(print(0, "Number..........."))", R"(println(""))", R"(print(0, "TOTAL............"))",
+                              R"(println(""))"}
                + cancelledHeading);
 }
 
@@ -298,20 +283,15 @@ void TestReport::dottedLabel()
     const QStringList expected = title("PREFISCAL SUMMARY")
         + QStringList {QString(R"(print(0, "%1"))").arg(number), R"(println("2"))",
                        QString(R"(print(0, "%1"))").arg(total), R"(println("30.00"))"};
-    QCOMPARE(callsOf(driver, "printReport", {{"prefiscalssummary", {{"number", "2"}, {"total", "30.00"}}}}),
-             expected);
+    QCOMPARE(callsOf(driver, "printReport", {{"prefiscalssummary", {{"number", "2"}, {"total", "30.00"}}}}), expected);
 }
 
 void TestReport::sectionsComeInTheJobsOrder()
 {
     RecordingDriver driver;
-    const Job job {{"cancelledsummary", {}},
-                   {"taxrate_item", {}},
-                   {"date", {}},
-                   {"date", {}},
-                   {"invoicessummary", {}},
-                   {"receiptssummary", {}},
-                   {"prefiscalssummary", {}}};
+    const Job job {
+        {"cancelledsummary", {}}, {"taxrate_item", {}},     {"date", {}}, {"date", {}}, {"invoicessummary", {}},
+        {"receiptssummary", {}},  {"prefiscalssummary", {}}};
 
     QStringList titles;
     for (const QString& call : callsOf(driver, "printReport", job)) {
@@ -331,9 +311,8 @@ void TestReport::sectionsComeInTheJobsOrder()
 void TestReport::otherElementsAreIgnored()
 {
     RecordingDriver driver;
-    const Job job =
-        elementsNamed({"customer", "receipe", "total", "Date", "prefiscalsummary", "receiptsummary",
-                       "taxrate_items", "cancelledSummary", "statement", "report"});
+    const Job job = elementsNamed({"customer", "receipe", "total", "Date", "prefiscalsummary", "receiptsummary",
+                                   "taxrate_items", "cancelledSummary", "statement", "report"});
     QCOMPARE(callsOf(driver, "printReport", job), QStringList());
 }
 
@@ -346,26 +325,20 @@ void TestReport::labelsAreTranslated_data()
                             << QStringList {R"(println("<SUMMARIES>"))", R"(print(0, "<BeginDate: >"))",
                                             R"(print(0, "<EndDate: >"))"};
     QTest::newRow("prefiscals") << "prefiscalssummary"
-                                << QStringList {R"(println("<PREFISCAL SUMMARY>"))",
-                                                R"(print(0, "<Number>........."))",
+                                << QStringList {R"(println("<PREFISCAL SUMMARY>"))", R"(print(0, "<Number>........."))",
                                                 R"(print(0, "<TOTAL>.........."))"};
-    QTest::newRow("receipts") << "receiptssummary"
-                              << QStringList {R"(println("<RECEIPTS SUMMARY>"))",
-                                              R"(print(0, "<Number>........."))",
-                                              R"(print(0, "<Serials>........"))",
-                                              R"(println("<Amount not paid: >"))",
-                                              R"(println("<Cash: >"))",
-                                              R"(println("<Credit Card: >"))",
-                                              R"(println("<Bancomat: >"))",
-                                              R"(println("<Other: >"))",
-                                              R"(print(0, "<TOTAL>.........."))",
-                                              R"(println("<TAXRATE>  <TAXABLE>      <TAX>   <AMOUNT>"))"};
+    QTest::newRow("receipts")
+        << "receiptssummary"
+        << QStringList {R"(println("<RECEIPTS SUMMARY>"))", R"(print(0, "<Number>........."))",
+                        R"(print(0, "<Serials>........"))", R"(println("<Amount not paid: >"))",
+                        R"(println("<Cash: >"))",           R"(println("<Credit Card: >"))",
+                        R"(println("<Bancomat: >"))",       R"(println("<Other: >"))",
+                        R"(print(0, "<TOTAL>.........."))", R"(println("<TAXRATE>  <TAXABLE>      <TAX>   <AMOUNT>"))"};
     QTest::newRow("a tax rate has no label") << "taxrate_item" << QStringList();
     QTest::newRow("invoices") << "invoicessummary"
-                              << QStringList {
-                                     R"(println("<INVOICES SUMMARY>"))", R"(print(0, "<Number>........."))",
-                                     R"(print(0, "<Serials>........"))", R"(print(0, "<Taxable>........"))",
-                                     R"(print(0, "<Tax>............"))", R"(print(0, "<TOTAL>.........."))"};
+                              << QStringList {R"(println("<INVOICES SUMMARY>"))", R"(print(0, "<Number>........."))",
+                                              R"(print(0, "<Serials>........"))", R"(print(0, "<Taxable>........"))",
+                                              R"(print(0, "<Tax>............"))", R"(print(0, "<TOTAL>.........."))"};
     QTest::newRow("cancelled documents") << "cancelledsummary"
                                          << QStringList {R"(println("<CANCELLED DOC SUMMARY>"))",
                                                          R"(print(0, "<Number>........."))",

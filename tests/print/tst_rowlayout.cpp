@@ -87,8 +87,7 @@ void TestRowLayout::qdpt_data()
     addRow("pads the total with blanks and the price with the fill", usual, {"", "TOTAL", "", "12.50"}, ".",
            "     TOTAL......................   12.50");
     addRow("filled with blanks", usual, pizza, " ", "   2 PIZZA                  3.50    7.00");
-    addRow("filled with a character beyond ASCII", usual, pizza, "·",
-           "   2 PIZZA··················3.50    7.00");
+    addRow("filled with a character beyond ASCII", usual, pizza, "·", "   2 PIZZA··················3.50    7.00");
     addRow("four empty texts", usual, {"", "", "", ""}, ".", "     ...........................        ");
 
     addRow("a description just as wide as its column is whole", usual, named("ABCDEFGHIJKLMNOPQRS"), ".",
@@ -119,8 +118,7 @@ void TestRowLayout::qdpt_data()
     addRow("a negative paper", {-40, 4, 8, 8}, pizza, ".", "   2 PIZZA....3.50    7.00");
 
     addRow("all widths zero", {0, 0, 0, 0}, pizza, ".", "2 PIZZA3.507.00");
-    addRow("columns of zero give the description the paper", {10, 0, 0, 0}, pizza, ".",
-           "2 PIZZA....3.507.00");
+    addRow("columns of zero give the description the paper", {10, 0, 0, 0}, pizza, ".", "2 PIZZA....3.507.00");
     addRow("a negative quantity width pads nothing and widens the description", {40, -4, 8, 8}, pizza, ".",
            "2 PIZZA" + dots(22) + "....3.50    7.00");
     addRow("a negative price width pads nothing and widens the description", {40, 4, -8, 8}, pizza, ".",
@@ -131,8 +129,7 @@ void TestRowLayout::qdpt_data()
     addRow("huge columns", {0, 10000, 10000, 10000}, pizza, ".",
            blanks(9999) + "2 PIZZA" + dots(9996) + "3.50" + blanks(9996) + "7.00");
 
-    addRow("an accent is one character", usual, named("CAFFÈ"), ".",
-           "   2 CAFFÈ..................3.50    7.00");
+    addRow("an accent is one character", usual, named("CAFFÈ"), ".", "   2 CAFFÈ..................3.50    7.00");
     addRow("characters are UTF-16 units: an emoji counts two", {24, 4, 8, 8}, named("A😀B"), ".",
            "   2 A😀....3.50    7.00");
     addRow("an emoji at the cut is split", {24, 4, 8, 8}, named("AB😀"), ".",
@@ -185,22 +182,20 @@ void TestRowLayout::qxdtDoubleLine_data()
     addColumns();
     const QVector<int> narrow {32, 4, 8, 8};
 
-    addRow("two lines, the second fills the paper", narrow, pizza, ".",
-           "2 x 3.50\nPIZZA.......................7.00");
+    addRow("two lines, the second fills the paper", narrow, pizza, ".", "2 x 3.50\nPIZZA.......................7.00");
     addRow("the fill pads the total too", narrow, pizza, " ", "2 x 3.50\nPIZZA                       7.00");
     addRow("quantity and price widths play no part", {32, 20, 20, 8}, pizza, ".",
            "2 x 3.50\nPIZZA.......................7.00");
-    addRow("the first line is never cut", narrow,
-           {"1234567890123456", "PIZZA", "1234567890123456.78", "7.00"}, ".",
+    addRow("the first line is never cut", narrow, {"1234567890123456", "PIZZA", "1234567890123456.78", "7.00"}, ".",
            "1234567890123456 x 1234567890123456.78\nPIZZA.......................7.00");
     addRow("four empty texts", narrow, {"", "", "", ""}, ".", " x \n................................");
 
-    addRow("a description just as wide as its column is whole", narrow, named("ABCDEFGHIJKLMNOPQRSTUVWX"),
-           ".", "2 x 3.50\nABCDEFGHIJKLMNOPQRSTUVWX....7.00");
-    addRow("a description one wider loses its last character", narrow, named("ABCDEFGHIJKLMNOPQRSTUVWXY"),
-           ".", "2 x 3.50\nABCDEFGHIJKLMNOPQRSTUVWX....7.00");
-    addRow("a total wider than its column widens the second line", narrow,
-           {"2", "PIZZA", "3.50", "123456.78"}, ".", "2 x 3.50\nPIZZA...................123456.78");
+    addRow("a description just as wide as its column is whole", narrow, named("ABCDEFGHIJKLMNOPQRSTUVWX"), ".",
+           "2 x 3.50\nABCDEFGHIJKLMNOPQRSTUVWX....7.00");
+    addRow("a description one wider loses its last character", narrow, named("ABCDEFGHIJKLMNOPQRSTUVWXY"), ".",
+           "2 x 3.50\nABCDEFGHIJKLMNOPQRSTUVWX....7.00");
+    addRow("a total wider than its column widens the second line", narrow, {"2", "PIZZA", "3.50", "123456.78"}, ".",
+           "2 x 3.50\nPIZZA...................123456.78");
     addRow("a description width of one", {9, 4, 8, 8}, pizza, ".", "2 x 3.50\nP....7.00");
     addRow("a description width of zero", {8, 4, 8, 8}, pizza, ".", "2 x 3.50\n....7.00");
     addRow("a description width of minus one neither pads nor cuts", {7, 4, 8, 8}, pizza, ".",
@@ -231,8 +226,7 @@ void TestRowLayout::qxd_data()
            "12345 x PIZZA........");
     addRow("a description width of one", {8, 4, 8, 8}, pizza, ".", "   2 x P");
     addRow("a description width of zero", {7, 4, 8, 8}, pizza, ".", "   2 x ");
-    addRow("a description width of minus one neither pads nor cuts", {6, 4, 8, 8}, pizza, ".",
-           "   2 x PIZZA");
+    addRow("a description width of minus one neither pads nor cuts", {6, 4, 8, 8}, pizza, ".", "   2 x PIZZA");
     addRow("a negative quantity width pads nothing and widens the description", {10, -4, 8, 8}, pizza, ".",
            "2 x PIZZA......");
 }
@@ -280,14 +274,14 @@ void TestRowLayout::dateAmountType_data()
     addRow("three empty texts", usual, {"", "", "", "unused"}, ".", "               ......................");
     addRow("a date of fifteen characters", usual, {"ABCDEFGHIJKLMNO", "Payment", "10.00", ""}, ".",
            "ABCDEFGHIJKLMNOPayment..........10.00");
-    addRow("a longer date is not cut and widens the row", usual, {"ABCDEFGHIJKLMNOP", "Payment", "10.00", ""},
-           ".", "ABCDEFGHIJKLMNOPPayment..........10.00");
-    addRow("a middle text just as wide as its column is whole", usual, {"1: ", "ABCDEFGHIJKLMN", "10.00", ""},
-           ".", "1:             ABCDEFGHIJKLMN...10.00");
-    addRow("a middle text one wider loses its last character", usual, {"1: ", "ABCDEFGHIJKLMNO", "10.00", ""},
-           ".", "1:             ABCDEFGHIJKLMN...10.00");
-    addRow("a last text wider than its column widens the row", usual, {"1: ", "Payment", "123456.78", ""},
-           ".", "1:             Payment.......123456.78");
+    addRow("a longer date is not cut and widens the row", usual, {"ABCDEFGHIJKLMNOP", "Payment", "10.00", ""}, ".",
+           "ABCDEFGHIJKLMNOPPayment..........10.00");
+    addRow("a middle text just as wide as its column is whole", usual, {"1: ", "ABCDEFGHIJKLMN", "10.00", ""}, ".",
+           "1:             ABCDEFGHIJKLMN...10.00");
+    addRow("a middle text one wider loses its last character", usual, {"1: ", "ABCDEFGHIJKLMNO", "10.00", ""}, ".",
+           "1:             ABCDEFGHIJKLMN...10.00");
+    addRow("a last text wider than its column widens the row", usual, {"1: ", "Payment", "123456.78", ""}, ".",
+           "1:             Payment.......123456.78");
     addRow("a middle width of one", {27, 4, 8, 8}, payment, ".", "01-02-2024:    P...10.00");
     addRow("a middle width of zero", {26, 4, 8, 8}, payment, ".", "01-02-2024:    ...10.00");
     addRow("a middle width of minus one neither pads nor cuts", {25, 4, 8, 8}, payment, ".",

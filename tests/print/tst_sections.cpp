@@ -74,10 +74,7 @@ public:
     void printOrderInfo(const QXmlAttributes& atts) override { note("printOrderInfo", atts); }
 
 private:
-    void note(const QString& operation, const QXmlAttributes& atts)
-    {
-        operations += operation + ' ' + atts.value("a");
-    }
+    void note(const QString& operation, const QXmlAttributes& atts) { operations += operation + ' ' + atts.value("a"); }
 };
 
 /// Hands every operation of the sections on to the engine, but draws the rule otherwise.
@@ -148,8 +145,7 @@ void TestSections::sectionsCallTheirOperations_data()
 
     QTest::newRow("printers") << "printers" << QStringList {"initPrinter"};
     QTest::newRow("geometry") << "geometry" << QStringList {"printGeometry 1"};
-    QTest::newRow("headers, then the printer")
-        << "headers" << QStringList {"printHeaders 1", "printPrinterInfo"};
+    QTest::newRow("headers, then the printer") << "headers" << QStringList {"printHeaders 1", "printPrinterInfo"};
     QTest::newRow("logo") << "logo" << QStringList {"printLogo"};
     QTest::newRow("company") << "company" << QStringList {"printCompanyHeader 1"};
     QTest::newRow("receipt") << "receipt" << QStringList {"printReceiptHeader 1"};
@@ -225,8 +221,7 @@ void TestSections::printersAreStored()
 void TestSections::printersWithoutAttributesAreEmpty()
 {
     RecordingDriver driver;
-    const Attributes attributes {
-        {"name", "Bar"}, {"charsize", "2"}, {"ipaddress", "10.0.0.7"}, {"port", "9100"}};
+    const Attributes attributes {{"name", "Bar"}, {"charsize", "2"}, {"ipaddress", "10.0.0.7"}, {"port", "9100"}};
     driver.printSections("printers", xmlAttributes(attributes));
 
     driver.printSections("printers", QXmlAttributes());
@@ -273,14 +268,12 @@ void TestSections::headers_data()
 {
     addColumns();
     const Element printer {"printers", {{"name", "Kitchen"}}};
-    const Element lines {"headers",
-                         {{"z", "Welcome"}, {"a", "to the trattoria"}, {"m", ""}, {"b", " open "}}};
+    const Element lines {"headers", {{"z", "Welcome"}, {"a", "to the trattoria"}, {"m", ""}, {"b", " open "}}};
     const QString center = "setCenterJustify()";
 
     addRow("flag off: the printer all the same", QByteArray(), {printer, lines},
            {"initPrinter()", center, R"(println("Kitchen"))", separator()});
-    addRow("flag on: every attribute in the file's order, then the printer", "printHeader = true;",
-           {printer, lines},
+    addRow("flag on: every attribute in the file's order, then the printer", "printHeader = true;", {printer, lines},
            {"initPrinter()", R"(println("Welcome"))", R"(println("to the trattoria"))", R"(println(""))",
             R"(println(" open "))", separator(), center, R"(println("Kitchen"))", separator()});
     addRow("flag on, no attributes: still a rule", "printHeader = true;", {printer, {"headers", {}}},
@@ -312,10 +305,9 @@ void TestSections::company_data()
     const Element company {"company", {{"z", "Trattoria da Anna"}, {"address", "Via Po 2"}, {"a", "Torino"}}};
 
     addRow("flag off: nothing", QByteArray(), {company}, {});
-    addRow("flag on: centred lines in the file's order, a rule at the left", "printCompany = true;",
-           {company},
-           {"setCharSize()", "setCenterJustify()", R"(println("Trattoria da Anna"))",
-            R"(println("Via Po 2"))", R"(println("Torino"))", "setCharSize()", separator()});
+    addRow("flag on: centred lines in the file's order, a rule at the left", "printCompany = true;", {company},
+           {"setCharSize()", "setCenterJustify()", R"(println("Trattoria da Anna"))", R"(println("Via Po 2"))",
+            R"(println("Torino"))", "setCharSize()", separator()});
     addRow("flag on, no attributes", "printCompany = true;", {{"company", {}}},
            {"setCharSize()", "setCenterJustify()", "setCharSize()", separator()});
 }
@@ -365,14 +357,12 @@ void TestSections::orderInfo_data()
     addLines("note", "printNote = true;", {R"(print(1, "Note:"))", R"(println(1, "window"))"});
     addLines("credit", "printCredit = true;", {R"(print(1, "Credit:"))", R"(println(1, "5.00"))"});
     addLines("all, in an order that is not the file's", allFlags,
-             {R"(print(1, "Date:"))", R"(println(1, "01/02/2006"))", R"(print(1, "Time:"))",
-              R"(println(1, "20:15"))", R"(print(1, "Table:"))", R"(println(1, "12"))",
-              R"(print(1, "Waiter:"))", R"(println(1, "Anna"))", R"(print(1, "Note:"))",
-              R"(println(1, "window"))", R"(print(1, "Credit:"))", R"(println(1, "5.00"))"});
-    addRow("absent attributes leave their labels", "printDate = true; printCredit = true;",
-           {{"orderinfo", {}}},
-           {"setCharSize()", R"(print(1, "Date:"))", R"(println(1, ""))", R"(print(1, "Credit:"))",
-            R"(println(1, ""))", separator()});
+             {R"(print(1, "Date:"))", R"(println(1, "01/02/2006"))", R"(print(1, "Time:"))", R"(println(1, "20:15"))",
+              R"(print(1, "Table:"))", R"(println(1, "12"))", R"(print(1, "Waiter:"))", R"(println(1, "Anna"))",
+              R"(print(1, "Note:"))", R"(println(1, "window"))", R"(print(1, "Credit:"))", R"(println(1, "5.00"))"});
+    addRow("absent attributes leave their labels", "printDate = true; printCredit = true;", {{"orderinfo", {}}},
+           {"setCharSize()", R"(print(1, "Date:"))", R"(println(1, ""))", R"(print(1, "Credit:"))", R"(println(1, ""))",
+            separator()});
 }
 
 void TestSections::orderInfo()
@@ -389,8 +379,7 @@ void TestSections::credit_data()
 
     const Job five {{"orderinfo", {{"credit", "5.00"}}}};
     QTest::newRow("flag on: stored") << QByteArray("printCredit = true;") << "" << five << "5.00";
-    QTest::newRow("flag on: replaces the earlier one")
-        << QByteArray("printCredit = true;") << "1.00" << five << "5.00";
+    QTest::newRow("flag on: replaces the earlier one") << QByteArray("printCredit = true;") << "1.00" << five << "5.00";
     QTest::newRow("flag on, no attribute: stored as empty")
         << QByteArray("printCredit = true;") << "1.00" << Job {{"orderinfo", {}}} << "";
     QTest::newRow("flag off: stays empty") << QByteArray() << "" << five << "";
@@ -419,8 +408,7 @@ void TestSections::customer_data()
 
     const QStringList head {R"(println("CUSTOMER"))", R"(println(1, "Rossi"))"};
     const auto addLines = [&](const char* name, const QByteArray& settings, const QStringList& lines) {
-        QTest::newRow(name) << "printCustomer = true; " + settings
-                            << head + lines + QStringList {separator()};
+        QTest::newRow(name) << "printCustomer = true; " + settings << head + lines + QStringList {separator()};
     };
 
     QTest::newRow("flag off: nothing, not even a rule") << QByteArray() << QStringList();
@@ -467,8 +455,7 @@ void TestSections::address_data()
         << "Via Roma 1, ,Roma" << QStringList {"Via Roma 1", "", "Roma"};
     QTest::newRow("a blank alone is an empty line") << " " << QStringList {""};
     QTest::newRow("two blank fields are two empty lines") << " ,  " << QStringList {"", ""};
-    QTest::newRow("a comma at the end adds nothing")
-        << "Via Roma 1,Roma," << QStringList {"Via Roma 1", "Roma"};
+    QTest::newRow("a comma at the end adds nothing") << "Via Roma 1,Roma," << QStringList {"Via Roma 1", "Roma"};
     QTest::newRow("two commas at the end add nothing") << "Roma,," << QStringList {"Roma"};
     QTest::newRow("a comma and a blank at the end add an empty line") << "Roma, " << QStringList {"Roma", ""};
     QTest::newRow("a comma at the start ends it at once") << ",Via Roma 1" << QStringList();
@@ -492,13 +479,11 @@ void TestSections::address()
     const QByteArray text = value.toUtf8();
     RecordingDriver driver;
     load(driver, "printCustomer = true; printBillingAddress = true;");
-    driver.printCustomerHeader(
-        xmlAttributes({{"billingaddress", text.constData()}, {"deliveryaddress", "x"}}));
+    driver.printCustomerHeader(xmlAttributes({{"billingaddress", text.constData()}, {"deliveryaddress", "x"}}));
     QCOMPARE(driver.takeCalls(), calls);
 
     load(driver, "printCustomer = true; printDeliveryAddress = true;");
-    driver.printCustomerHeader(
-        xmlAttributes({{"billingaddress", "x"}, {"deliveryaddress", text.constData()}}));
+    driver.printCustomerHeader(xmlAttributes({{"billingaddress", "x"}, {"deliveryaddress", text.constData()}}));
     QCOMPARE(driver.takeCalls(), calls);
 }
 
@@ -541,15 +526,14 @@ void TestSections::columnsHeader_data()
     QTest::addColumn<QStringList>("titles");
     QTest::addColumn<QString>("line");
 
-    QTest::newRow("four titles, filled with blanks") << QStringList {"Num", "Description", "Price", "Amount"}
-                                                     << R"(println("Num Description     Price Amount"))";
+    QTest::newRow("four titles, filled with blanks")
+        << QStringList {"Num", "Description", "Price", "Amount"} << R"(println("Num Description     Price Amount"))";
     QTest::newRow("no price") << QStringList {"Num", "Description", "", "Price"}
                               << R"(println("Num Description            Price"))";
     QTest::newRow("wider than their columns")
         << QStringList {"Number", "Description of the dish", "Unit price", "Total amount"}
         << R"(println("Number Description of Unit priceTotal amount"))";
-    QTest::newRow("empty") << QStringList {"", "", "", ""}
-                           << R"(println("                                "))";
+    QTest::newRow("empty") << QStringList {"", "", "", ""} << R"(println("                                "))";
 }
 
 void TestSections::columnsHeader()

@@ -23,8 +23,7 @@ inline Job elementsNamed(std::initializer_list<const char*> names)
 {
     Job job;
     for (const char* name : names)
-        job +=
-            Element {name, {{"name", "a"}, {"number", "1"}, {"price", "2"}, {"total", "3"}, {"date", "4"}}};
+        job += Element {name, {{"name", "a"}, {"number", "1"}, {"price", "2"}, {"total", "3"}, {"date", "4"}}};
     return job;
 }
 
@@ -39,8 +38,8 @@ inline QString separator()
 inline QByteArray documentSettings(const QByteArray& group, const QByteArray& more = QByteArray())
 {
     return "zelmora: { " + group
-        + ": { paperWidth = 32; quantityFieldWidth = 3; priceFieldWidth = 6; totalPriceFieldWidth = 7; "
-        + more + " }; };";
+        + ": { paperWidth = 32; quantityFieldWidth = 3; priceFieldWidth = 6; totalPriceFieldWidth = 7; " + more
+        + " }; };";
 }
 
 /// Selects the print method @p method; false when the driver does not know it.

@@ -80,7 +80,8 @@ PostgresCluster::PostgresCluster()
 PostgresCluster::~PostgresCluster()
 {
     shutdown(script, SHUT_WR);
-    while (!readSome(script).isEmpty()) { }
+    while (!readSome(script).isEmpty()) {
+    }
     close(script);
 }
 

@@ -17,12 +17,18 @@ void TestEightBit::text_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("expected");
 
-    QTest::newRow("empty") << "" << "";
-    QTest::newRow("ASCII stays") << "Pizza 4 stagioni\t\r\n" << "Pizza 4 stagioni\t\r\n";
-    QTest::newRow("Latin-1 accents stay") << "caffè perché così ÿ" << "caffè perché così ÿ";
-    QTest::newRow("the euro sign is not in Latin-1") << "12 €" << "12 ?";
-    QTest::newRow("one question mark for each character") << "漢字." << "??.";
-    QTest::newRow("two question marks beyond the first 65,536") << "a🍕b" << "a??b";
+    QTest::newRow("empty") << ""
+                           << "";
+    QTest::newRow("ASCII stays") << "Pizza 4 stagioni\t\r\n"
+                                 << "Pizza 4 stagioni\t\r\n";
+    QTest::newRow("Latin-1 accents stay") << "caffè perché così ÿ"
+                                          << "caffè perché così ÿ";
+    QTest::newRow("the euro sign is not in Latin-1") << "12 €"
+                                                     << "12 ?";
+    QTest::newRow("one question mark for each character") << "漢字."
+                                                          << "??.";
+    QTest::newRow("two question marks beyond the first 65,536") << "a🍕b"
+                                                                << "a??b";
     QTest::newRow("a decomposed accent loses its mark") << QString("e") + QChar(0x0300) << "e?";
 }
 

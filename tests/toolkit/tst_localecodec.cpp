@@ -86,9 +86,7 @@ void TestLocaleCodec::encoding_data()
 
     const QByteArray utf8 = sampleInUtf8;
     const QByteArray latin9 = sampleInLatin9;
-    const auto set = [](const char* variable, const char* locale) {
-        return QString("%1=%2").arg(variable, locale);
-    };
+    const auto set = [](const char* variable, const char* locale) { return QString("%1=%2").arg(variable, locale); };
     const QString allLatin9 = set("LC_ALL", latin9Locale);
     const QString ctypeLatin9 = set("LC_CTYPE", latin9Locale);
     const QString langLatin9 = set("LANG", latin9Locale);
@@ -105,8 +103,7 @@ void TestLocaleCodec::encoding_data()
     QTest::newRow("LC_ALL goes before LANG") << QStringList {allLatin9, "LANG=C"} << latin9;
     QTest::newRow("LC_CTYPE goes before LANG") << QStringList {ctypeLatin9, "LANG=C.UTF-8"} << latin9;
     QTest::newRow("an empty LC_ALL counts as absent") << QStringList {"LC_ALL=", langLatin9} << latin9;
-    QTest::newRow("an unknown LANG does not matter below LC_CTYPE")
-        << QStringList {ctypeLatin9, "LANG=xx"} << latin9;
+    QTest::newRow("an unknown LANG does not matter below LC_CTYPE") << QStringList {ctypeLatin9, "LANG=xx"} << latin9;
     QTest::newRow("other categories do not matter") << QStringList {set("LC_NUMERIC", latin9Locale)} << utf8;
 }
 

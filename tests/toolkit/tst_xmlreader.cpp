@@ -22,8 +22,7 @@ public:
     bool startDocument() override { return add("startDocument"); }
     bool endDocument() override { return add("endDocument"); }
 
-    bool startElement(const QString&, const QString&, const QString& qName,
-                      const QXmlAttributes& atts) override
+    bool startElement(const QString&, const QString&, const QString& qName, const QXmlAttributes& atts) override
     {
         QString event = "start " + qName;
         for (int i = 0; i < atts.count(); ++i)
@@ -31,10 +30,7 @@ public:
         return add(event);
     }
 
-    bool endElement(const QString&, const QString&, const QString& qName) override
-    {
-        return add("end " + qName);
-    }
+    bool endElement(const QString&, const QString&, const QString& qName) override { return add("end " + qName); }
 
     bool characters(const QString& text) override { return add("text " + text); }
     bool ignorableWhitespace(const QString& text) override { return add("white space " + text); }
@@ -155,8 +151,7 @@ void TestXmlReader::events_data()
         << QStringList {"start job", "start row [n=1]", "end row",         "start total", "start tax",
                         "end tax",   "end total",       "start row [n=2]", "end row",     "end job"};
     QTest::newRow("attributes in the order of the file")
-        << "<job z='1' a='2' m='3' b='' Z='4'/>"
-        << QStringList {"start job [z=1] [a=2] [m=3] [b=] [Z=4]", "end job"};
+        << "<job z='1' a='2' m='3' b='' Z='4'/>" << QStringList {"start job [z=1] [a=2] [m=3] [b=] [Z=4]", "end job"};
     QTest::newRow("text is not delivered") << "<job> a <row>b</row> <![CDATA[<c/>]]> &amp; \n</job>"
                                            << QStringList {"start job", "start row", "end row", "end job"};
     QTest::newRow("comments and instructions are not delivered")
@@ -167,8 +162,7 @@ void TestXmlReader::events_data()
     QTest::newRow("references by number in an attribute")
         << "<job a='&#65;&#xe8;&#x20AC;'/>" << QStringList {"start job [a=Aè€]", "end job"};
     QTest::newRow("line breaks and tabs in an attribute stay")
-        << "<job a='one\ntwo\n\nthree\tfour'/>"
-        << QStringList {"start job [a=one\ntwo\n\nthree\tfour]", "end job"};
+        << "<job a='one\ntwo\n\nthree\tfour'/>" << QStringList {"start job [a=one\ntwo\n\nthree\tfour]", "end job"};
     QTest::newRow("blanks in an attribute stay")
         << "<job a='  one  two  '/>" << QStringList {"start job [a=  one  two  ]", "end job"};
     QTest::newRow("xmlns attributes are left out, the others keep their order")
@@ -178,8 +172,7 @@ void TestXmlReader::events_data()
         << "<job xmlns='u' xmlns:p='v'/>" << QStringList {"start job", "end job"};
     QTest::newRow("names that only begin like xmlns stay")
         << "<job xmlnsa='1' xmlns-b='2' xmlns.c='3' p:xmlns='4' xmln='5' XMLNS='6'/>"
-        << QStringList {"start job [xmlnsa=1] [xmlns-b=2] [xmlns.c=3] [p:xmlns=4] [xmln=5] [XMLNS=6]",
-                        "end job"};
+        << QStringList {"start job [xmlnsa=1] [xmlns-b=2] [xmlns.c=3] [p:xmlns=4] [xmln=5] [XMLNS=6]", "end job"};
     QTest::newRow("names are delivered with their prefix")
         << "<p:job xmlns:p='u'><p:row/></p:job>"
         << QStringList {"start p:job", "start p:row", "end p:row", "end p:job"};
@@ -190,8 +183,7 @@ void TestXmlReader::events_data()
     QTest::newRow("an entity of the file's own in an attribute")
         << "<!DOCTYPE job [<!ELEMENT job EMPTY><!ENTITY dish 'Tagliatelle'>]><job a='&dish; al ragù'/>"
         << QStringList {"start job [a=Tagliatelle al ragù]", "end job"};
-    QTest::newRow("a declaration without a body")
-        << "<!DOCTYPE job><job/>" << QStringList {"start job", "end job"};
+    QTest::newRow("a declaration without a body") << "<!DOCTYPE job><job/>" << QStringList {"start job", "end job"};
 }
 
 void TestXmlReader::events()
@@ -323,12 +315,10 @@ void TestXmlReader::fault_data()
         << "<job><row></ro" << QStringList {"startDocument", "start job", "start row"};
     QTest::newRow("an attribute without quotes")
         << "<job><row a=1/></job>" << QStringList {"startDocument", "start job"};
-    QTest::newRow("'<' in an attribute")
-        << "<job><row a='<'/></job>" << QStringList {"startDocument", "start job"};
+    QTest::newRow("'<' in an attribute") << "<job><row a='<'/></job>" << QStringList {"startDocument", "start job"};
     QTest::newRow("a lone '&' in an attribute")
         << "<job><row a='Franco & Figli'/></job>" << QStringList {"startDocument", "start job"};
-    QTest::newRow("a second root element")
-        << "<job/><job/>" << QStringList {"startDocument", "start job", "end job"};
+    QTest::newRow("a second root element") << "<job/><job/>" << QStringList {"startDocument", "start job", "end job"};
     QTest::newRow("text after the root element")
         << "<job/>more" << QStringList {"startDocument", "start job", "end job"};
 }
@@ -393,8 +383,8 @@ void TestXmlReader::refusal()
     const Outcome outcome = read("<job><row xa='1'/><note xmlns='u' a='1'/></job>", refused);
     QVERIFY(!outcome.result);
     QCOMPARE(outcome.events,
-             QStringList({"startDocument", "start job", "start row [xa=1]", "end row", "start note [a=1]",
-                          "end note", "end job", "endDocument"})
+             QStringList({"startDocument", "start job", "start row [xa=1]", "end row", "start note [a=1]", "end note",
+                          "end job", "endDocument"})
                  .mid(0, delivered));
 }
 
@@ -413,13 +403,13 @@ void TestXmlReader::encoding_data()
 
     QTest::newRow("UTF-8 without a declaration") << text.toUtf8() << "caffè € 漢";
     QTest::newRow("UTF-8 with a byte-order mark") << "\xEF\xBB\xBF" + text.toUtf8() << "caffè € 漢";
-    QTest::newRow("UTF-8 declared") << "<?xml version='1.0' encoding='UTF-8'?>" + text.toUtf8()
-                                    << "caffè € 漢";
+    QTest::newRow("UTF-8 declared") << "<?xml version='1.0' encoding='UTF-8'?>" + text.toUtf8() << "caffè € 漢";
     QTest::newRow("UTF-16, little-endian") << utf16("UTF-16LE", text) << "caffè € 漢";
     QTest::newRow("UTF-16, big-endian") << utf16("UTF-16BE", text) << "caffè € 漢";
     QTest::newRow("UTF-16 declared too") << utf16("UTF-16LE", declared) << "caffè € 漢";
-    QTest::newRow("ISO-8859-1 declared")
-        << QByteArray("<?xml version='1.0' encoding='ISO-8859-1'?><job a='caff\xE8 \xA4'/>") << "caffè ¤";
+    QTest::newRow("ISO-8859-1 declared") << QByteArray(
+        "<?xml version='1.0' encoding='ISO-8859-1'?><job a='caff\xE8 \xA4'/>")
+                                         << "caffè ¤";
     QTest::newRow("ISO-8859-15 declared")
         << QByteArray("<?xml version='1.0' encoding='ISO-8859-15'?><job a='caff\xE8 \xA4'/>") << "caffè €";
 }
@@ -431,8 +421,7 @@ void TestXmlReader::encoding()
 
     const Outcome outcome = read(bytes);
     QVERIFY(outcome.result);
-    QCOMPARE(outcome.events,
-             (QStringList {"startDocument", "start job [a=" + value + ']', "end job", "endDocument"}));
+    QCOMPARE(outcome.events, (QStringList {"startDocument", "start job [a=" + value + ']', "end job", "endDocument"}));
 }
 
 void TestXmlReader::nesting_data()
@@ -459,8 +448,7 @@ void TestXmlReader::nesting()
 
 void TestXmlReader::elementsSideBySideAreNotNested()
 {
-    const Outcome outcome =
-        read("<job>" + nested(999) + QByteArray("<a/>").repeated(5000) + nested(999) + "</job>");
+    const Outcome outcome = read("<job>" + nested(999) + QByteArray("<a/>").repeated(5000) + nested(999) + "</job>");
     QVERIFY(outcome.result);
     QCOMPARE(outcome.events.count("end a"), 6998);
 }
@@ -556,17 +544,15 @@ void TestXmlReader::entitySize_data()
 
     QTest::newRow("1,000 characters") << entity("e", hundred.repeated(10)) << hundred.repeated(10);
     QTest::newRow("1,001 characters") << entity("e", hundred.repeated(10) + 'x') << refused;
-    QTest::newRow("references to an earlier entity")
-        << entity("a", "x") + entity("e", "&a;-&a;") << QByteArray("x-x");
+    QTest::newRow("references to an earlier entity") << entity("a", "x") + entity("e", "&a;-&a;") << QByteArray("x-x");
     QTest::newRow("references that XML declares itself")
         << entity("e", "&lt;&amp;&gt;&quot;&apos;") << QByteArray("<&>\"'");
     QTest::newRow("a reference by number") << entity("e", "&#38;#38;") << QByteArray("&");
     QTest::newRow("a percent sign") << entity("e", "10&#37; or 20&#37;;") << QByteArray("10% or 20%;");
     QTest::newRow("a parameter entity") << entity("% p", "x") + entity("e", "-%p;-") << QByteArray("-x-");
     // A reference counts with its own characters too: 3 + 96 + 901.
-    QTest::newRow("1,000 characters with a reference")
-        << entity("a", QByteArray(96, 'x')) + entity("e", "&a;" + QByteArray(901, 'y'))
-        << QByteArray(96, 'x') + QByteArray(901, 'y');
+    QTest::newRow("1,000 characters with a reference") << entity("a", QByteArray(96, 'x'))
+            + entity("e", "&a;" + QByteArray(901, 'y')) << QByteArray(96, 'x') + QByteArray(901, 'y');
     QTest::newRow("1,001 characters with a reference")
         << entity("a", QByteArray(97, 'x')) + entity("e", "&a;" + QByteArray(901, 'y')) << refused;
     QTest::newRow("too large by references alone")
@@ -634,20 +620,17 @@ void TestXmlReader::agreesWithTheToolkit_data()
     QTest::newRow("an attribute given twice") << QByteArray("<job a='1' b='2' a='3'/>");
     QTest::newRow("a name with two colons") << QByteArray("<p:q:job p:q:a='1'/>");
     QTest::newRow("a name that begins with a colon") << QByteArray("<:job :a='1'/>");
-    QTest::newRow("a prefix declared anew")
-        << QByteArray("<p:a xmlns:p='u'><p:a xmlns:p='v' p:b='1'/></p:a>");
+    QTest::newRow("a prefix declared anew") << QByteArray("<p:a xmlns:p='u'><p:a xmlns:p='v' p:b='1'/></p:a>");
     QTest::newRow("one attribute under two prefixes")
         << QByteArray("<job xmlns:p='u' xmlns:q='u' p:a='1' q:a='2' a='3'/>");
     QTest::newRow("a default value from the declaration")
         << QByteArray("<!DOCTYPE a [<!ATTLIST a b CDATA 'x' xmlns CDATA 'u'>]><a/>");
-    QTest::newRow("an entity with elements in it")
-        << QByteArray("<!DOCTYPE a [<!ENTITY e '<b/>'>]><a>&e;</a>");
+    QTest::newRow("an entity with elements in it") << QByteArray("<!DOCTYPE a [<!ENTITY e '<b/>'>]><a>&e;</a>");
     QTest::newRow("an unknown entity in an attribute") << QByteArray("<job><row a='1&euro;2'/></job>");
     QTest::newRow("an unknown entity in the text") << QByteArray("<job><row>&euro;</row></job>");
     QTest::newRow("a wrong UTF-8 sequence") << QByteArray("<job a='caff\xE8'/>");
     QTest::newRow("a NUL") << QByteArray("<job a='1\0x'/>", 14);
-    QTest::newRow("an unknown encoding")
-        << QByteArray("<?xml version='1.0' encoding='none'?><job a='\xC3\xA8'/>");
+    QTest::newRow("an unknown encoding") << QByteArray("<?xml version='1.0' encoding='none'?><job a='\xC3\xA8'/>");
     QTest::newRow("XML 1.1") << QByteArray("<?xml version='1.1'?><job/>");
 }
 

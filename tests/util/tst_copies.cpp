@@ -45,11 +45,12 @@ void addPieces()
     QTest::newRow("300 characters, no line end") << QByteArrayList {x(127), x(127), x(46)};
     QTest::newRow("carriage returns stay") << QByteArrayList {"one\r\n", "two\rthree\n"};
     QTest::newRow("form feeds stay") << QByteArrayList {"one\f\n", "\f"};
-    QTest::newRow("NUL bytes")
-        << QByteArrayList {QByteArray("a\0b\n", 4), QByteArray("\0\n", 2), QByteArray("\0", 1)};
+    QTest::newRow("NUL bytes") << QByteArrayList {QByteArray("a\0b\n", 4), QByteArray("\0\n", 2), QByteArray("\0", 1)};
     QTest::newRow("bytes that are no UTF-8") << QByteArrayList {"\xE8\x80\xFF\n", "\xC3"};
     QTest::newRow("a character is cut in two") << QByteArrayList {x(126) + '\xC3', "\xA8\n"};
-    QTest::newRow("control sequences of a printer") << QByteArrayList {"\x1B@\x1D" "V\x01\n", "\x04\n"};
+    QTest::newRow("control sequences of a printer") << QByteArrayList {"\x1B@\x1D"
+                                                                       "V\x01\n",
+                                                                       "\x04\n"};
 }
 
 } // namespace
@@ -172,9 +173,8 @@ void TestCopies::sheets()
     QFETCH(int, requests);
     const ScratchFiles files(numberedLines(lines));
 
-    const int made = requestsDuring([&] {
-        QVERIFY(HLibrary::copy(files.source, files.destination, linesPerSheet, 0u));
-    });
+    const int made =
+        requestsDuring([&] { QVERIFY(HLibrary::copy(files.source, files.destination, linesPerSheet, 0u)); });
     QCOMPARE(made, requests);
     QCOMPARE(files.copied(), numberedLines(lines));
 }
@@ -208,9 +208,8 @@ void TestCopies::numbersAsText()
     QFETCH(int, requests);
     const ScratchFiles files(numberedLines(5));
 
-    const int made = requestsDuring([&] {
-        QVERIFY(HLibrary::copy(files.source, files.destination, linesPerSheet, QString("0")));
-    });
+    const int made =
+        requestsDuring([&] { QVERIFY(HLibrary::copy(files.source, files.destination, linesPerSheet, QString("0"))); });
     QCOMPARE(made, requests);
     QCOMPARE(files.copied(), numberedLines(5));
 }

@@ -44,13 +44,19 @@ void TestLibrarySettings::pathWithBinaryFile_data()
     QTest::addColumn<QString>("path");
 
     const QByteArray folder = "zelmora: { bin: { path = \"/opt/suite/bin\"; }; };";
-    QTest::newRow("a program") << folder << "till" << "/opt/suite/bin/till";
-    QTest::newRow("no name") << folder << "" << "/opt/suite/bin/";
-    QTest::newRow("a name with a folder") << folder << "/tools/till" << "/opt/suite/bin//tools/till";
+    QTest::newRow("a program") << folder << "till"
+                               << "/opt/suite/bin/till";
+    QTest::newRow("no name") << folder << ""
+                             << "/opt/suite/bin/";
+    QTest::newRow("a name with a folder") << folder << "/tools/till"
+                                          << "/opt/suite/bin//tools/till";
     QTest::newRow("a final separator is not looked at")
-        << QByteArray("zelmora: { bin: { path = \"/opt/\"; }; };") << "till" << "/opt//till";
-    QTest::newRow("an empty setting") << QByteArray("zelmora: { bin: { path = \"\"; }; };") << "till" << "/till";
-    QTest::newRow("no settings") << QByteArray() << "till" << "/till";
+        << QByteArray("zelmora: { bin: { path = \"/opt/\"; }; };") << "till"
+        << "/opt//till";
+    QTest::newRow("an empty setting") << QByteArray("zelmora: { bin: { path = \"\"; }; };") << "till"
+                                      << "/till";
+    QTest::newRow("no settings") << QByteArray() << "till"
+                                 << "/till";
 }
 
 void TestLibrarySettings::pathWithBinaryFile()

@@ -60,8 +60,7 @@ void TestPaperPrompt::start(QProcess& process, const QString& program, const QSt
     process.start(program, {application, folder.filePath("source"), "/proc/self/fd/1", "2"});
 }
 
-QByteArray TestPaperPrompt::outputFor(const QByteArray& input, const QString& program,
-                                      const QString& application) const
+QByteArray TestPaperPrompt::outputFor(const QByteArray& input, const QString& program, const QString& application) const
 {
     QProcess process;
     start(process, program, application);

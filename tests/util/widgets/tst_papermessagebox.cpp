@@ -83,10 +83,7 @@ private slots:
     void translated();
 
 private:
-    bool copy(unsigned int linesPerSheet) const
-    {
-        return HLibrary::copy(source, destination, linesPerSheet, 0u);
-    }
+    bool copy(unsigned int linesPerSheet) const { return HLibrary::copy(source, destination, linesPerSheet, 0u); }
 
     const QTemporaryDir folder;
     const QString source = folder.filePath("source");
@@ -117,8 +114,8 @@ void TestPaperMessageBox::boxesOfACopy_data()
     QTest::addColumn<QByteArrayList>("printed"); // at each box
 
     QTest::newRow("no sheets") << 0u << QByteArrayList();
-    QTest::newRow("sheets of one line")
-        << 1u << QByteArrayList({"1\n2\n", "1\n2\n3\n", "1\n2\n3\n4\n", "1\n2\n3\n4\n5\n"});
+    QTest::newRow("sheets of one line") << 1u
+                                        << QByteArrayList({"1\n2\n", "1\n2\n3\n", "1\n2\n3\n4\n", "1\n2\n3\n4\n5\n"});
     QTest::newRow("sheets of two lines") << 2u << QByteArrayList({"1\n2\n3\n", "1\n2\n3\n4\n5\n"});
     QTest::newRow("one sheet for all") << 5u << QByteArrayList();
 }
