@@ -1,0 +1,36 @@
+#ifndef ZELMORA_TOOLKIT_TEXTENCODER_H
+#define ZELMORA_TOOLKIT_TEXTENCODER_H
+
+#include <QByteArray>
+
+#include <memory>
+
+class QString;
+class QTextEncoder;
+
+namespace toolkit {
+
+/// Turns text into bytes, piece by piece: what an encoding remembers from one piece to the next (half of a surrogate
+/// pair, a shift) is kept. What the encoding lacks becomes '?'. No byte-order mark is written.
+class TextEncoder {
+public:
+    enum class Encoding {
+        Locale, ///< that of localeCodec()
+        Utf8
+    };
+
+    explicit TextEncoder(Encoding encoding);
+    ~TextEncoder();
+
+    TextEncoder(const TextEncoder&) = delete;
+    TextEncoder& operator=(const TextEncoder&) = delete;
+
+    QByteArray encoded(const QString& text);
+
+private:
+    std::unique_ptr<QTextEncoder> encoder;
+};
+
+} // namespace toolkit
+
+#endif
