@@ -1,28 +1,24 @@
 #include "config/config.h"
 
+#include "config/attributeorder.h"
+#include "config/bracescanner.h"
 #include "toolkit/literals.h"
 
-#include <algorithm>
+#include <QBuffer>
+
+#include <cstdio>
 
 using toolkit::operator""_L1;
 
 namespace libconfig {
 
-namespace {
-
-/// What two QDomNodes share when they are the same node; it lives as long as the document.
-struct NodeIdentity : QDomNode {
-    explicit NodeIdentity(const QDomNode& node)
-        : QDomNode(node)
-    {
-    }
-
-    const void* value() const { return impl; }
-};
-
-} // namespace
+Config::Config()
+    : order(std::make_unique<AttributeOrder>())
+{
+}
 
 Config::Config(const QString& file, const QString& format)
+    : Config()
 {
     constructor(file, format);
 }
@@ -36,18 +32,41 @@ void Config::readFile(const QString& file, const QString& format)
 
 void Config::constructor(const QString& file, const QString& format)
 {
-    fileName = file;
-    this->format = format;
-    newDocument();
+    begin(file, format);
     if (format == "cfg"_L1)
         loadFile();
     else if (format == "xml"_L1)
         loadXmlFile();
 }
 
+void Config::readBytes(const QByteArray& bytes, const QString& name, const QString& fileFormat)
+{
+    begin(name, fileFormat);
+    if (format == "cfg"_L1) {
+        auto* const text = const_cast<char*>(bytes.constData()); // which is opened for reading
+        if (std::FILE* const file = fmemopen(text, static_cast<std::size_t>(bytes.size()), "rb"))
+            stream = std::make_unique<BraceScanner>(file);
+        readTopLevel();
+        closeFile();
+    } else if (format == "xml"_L1) {
+        QBuffer device;
+        device.setData(bytes);
+        readXml(device);
+    }
+}
+
+/// An empty tree for @p file, whatever was loaded before.
+void Config::begin(const QString& file, const QString& fileFormat)
+{
+    fileName = file;
+    format = fileFormat;
+    closeFile();
+    newDocument();
+}
+
 void Config::newDocument()
 {
-    orderedSettings.clear();
+    order->clear();
     document = std::make_unique<QDomDocument>(QString()); // made without a name it would be a null node
 }
 
@@ -61,41 +80,14 @@ QDomElement Config::newElement(QDomDocument& owner, const QString& name)
 
 void Config::setSetting(QDomElement group, QStringList& names, const QString& name, const QString& value)
 {
-    ++settingCount;
     if (!group.hasAttribute(name))
         names += name;
-    else if (dropped)
-        *dropped += name + " = "_L1 + group.attribute(name);
     group.setAttribute(name, value);
-}
-
-void Config::setOrder(const QDomElement& group, const QStringList& names)
-{
-    if (!names.isEmpty())
-        orderedSettings.insert(NodeIdentity(group).value(), {group, names});
-}
-
-/// Takes over the names of the attributes of all elements below @p parent, in the order of the file.
-void Config::setOrderBelow(const QDomNode& parent, const QVector<QStringList>& names, int& next)
-{
-    for (QDomElement child = parent.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
-        setOrder(child, names.value(next++));
-        setOrderBelow(child, names, next);
-    }
 }
 
 QStringList Config::settingNames(const QDomElement& group) const
 {
-    QStringList names = orderedSettings.value(NodeIdentity(group).value()).names;
-    const QDomNamedNodeMap attributes = group.attributes();
-    if (names.size() == attributes.size())
-        return names;
-
-    names.clear();
-    for (int i = 0; i < attributes.size(); ++i)
-        names += attributes.item(i).nodeName();
-    std::sort(names.begin(), names.end());
-    return names;
+    return order->names(group);
 }
 
 QDomElement Config::rootElement() const

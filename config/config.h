@@ -2,21 +2,21 @@
 #define ZELMORA_CONFIG_CONFIG_H
 
 #include <QDomDocument>
-#include <QHash>
 #include <QString>
 #include <QStringList>
-#include <QVector>
 
-#include <cstdio>
 #include <memory>
-#include <string>
 
 class QFileDevice;
+class QIODevice;
 class QTextStream;
 class QTreeWidget;
 class QTreeWidgetItem;
 
 namespace libconfig {
+
+class AttributeOrder;
+class BraceScanner;
 
 /// A settings file as a tree: read, looked up by dotted keys, written back, shown for editing.
 ///
@@ -32,7 +32,7 @@ namespace libconfig {
 class Config {
 public:
     /// No file, no tree: every look-up gives an empty string until readFile().
-    Config() = default;
+    Config();
     /// As the default constructor followed by readFile().
     Config(const QString& file, const QString& format);
     ~Config();
@@ -116,6 +116,8 @@ protected:
 
     /// Null when nothing was read.
     QDomElement rootElement() const;
+    /// As readFile(), of the bytes of the file @p name: nothing is opened, and nothing is reported.
+    void readBytes(const QByteArray& bytes, const QString& name, const QString& fileFormat);
     /// The names of a group's settings in their order; in that of their names when the group came from elsewhere.
     QStringList settingNames(const QDomElement& group) const;
     /// Writes the tree in the format @p fileFormat, as buildConfigFile() does. Empty when that succeeded, else the
@@ -124,51 +126,30 @@ protected:
     /// The tree that @p list shows, in place of the old one; nothing is written.
     void rebuildTree(const QTreeWidget& list);
 
-    /// When set, readFile() adds the texts that it drops, and that a file written from the tree would lack: remarks,
-    /// stray words, groups without settings, values with lost quotes, earlier values of a repeated setting, all that
-    /// follows the end of the top level; of XML comments, instructions and texts, and a whole file with an error.
-    QStringList* dropped = nullptr;
-
 private:
     enum class LevelEnd { Brace, EndOfInput };
 
-    struct FileCloser {
-        void operator()(std::FILE* file) const { std::fclose(file); }
-    };
-
-    /// The settings of an element in the order of the file: the toolkit keeps them in the order of a hash that is
-    /// another in every process.
-    struct OrderedSettings {
-        QDomElement element; ///< kept, so that no other element gets the same identity
-        QStringList names;
-    };
+    class XmlListener;
 
     static QDomElement newElement(QDomDocument& owner, const QString& name);
-    /// @p names are those of the group's settings so far, for setOrder() when there are no more.
-    void setSetting(QDomElement group, QStringList& names, const QString& name, const QString& value);
-    void setOrder(const QDomElement& group, const QStringList& names);
-    void setOrderBelow(const QDomNode& parent, const QVector<QStringList>& names, int& next);
+    /// @p names are those of the group's settings so far, in their order, for @p order when there are no more.
+    static void setSetting(QDomElement group, QStringList& names, const QString& name, const QString& value);
+    void begin(const QString& file, const QString& fileFormat);
     void newDocument();
     bool writeTree(QFileDevice& file, const QString& fileFormat) const;
     void writeTree(QTextStream& out, const QString& fileFormat) const;
     void writeGroup(const QDomElement& group, QTextStream& out, const QString& indentation, QString& heads) const;
     void writeElement(const QDomElement& element, QTextStream& out, const QString& indentation) const;
     void writeSettings(const QDomElement& group, QTextStream& out, const QString& indentation) const;
+    void readTopLevel();
     LevelEnd readLevel(QDomElement element, QDomNode parent);
-    QString readValue();
-    void noteDropped(const std::string& bytes);
-    bool noteDroppedNodes(const QDomNode& parent);
-    std::string restOfInput();
-    /// The next byte of the stream, or EOF: at its end, after an error, and when it is closed.
-    int nextCharacter();
+    void readXml(QIODevice& device);
 
     QString fileName;
     QString format;
-    std::unique_ptr<std::FILE, FileCloser> stream; ///< of the brace reader; null when closed
+    std::unique_ptr<BraceScanner> stream; ///< of the brace reader; null when closed
     std::unique_ptr<QDomDocument> document;
-    QHash<const void*, OrderedSettings> orderedSettings; ///< by the element's identity
-    int groupDepth = 0;
-    int settingCount = 0; ///< of all settings read so far, repeated ones too
+    std::unique_ptr<AttributeOrder> order; ///< of the settings of each group, in the file
 };
 
 } // namespace libconfig

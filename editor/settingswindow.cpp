@@ -44,6 +44,15 @@ QString bulletList(const QStringList& texts)
     return list;
 }
 
+/// Each with its line in the file.
+QStringList withLines(const QVector<FileRemark>& remarks)
+{
+    QStringList texts;
+    for (const FileRemark& remark : remarks)
+        texts += QObject::tr("line %1: %2").arg(QString::number(remark.place.line), remark.text);
+    return texts;
+}
+
 /// A message in which texts from the file stand as they are, whatever they look like.
 class Message : public QMessageBox {
 public:
@@ -111,23 +120,25 @@ bool SettingsWindow::openFile(const QString& path)
 
 void SettingsWindow::warnOfLosses()
 {
+    const FileReview& review = file.review();
     QStringList warnings;
-    const auto addWarning = [&warnings](const QString& text, const QStringList& details) {
+    const auto addWarning = [&](const QString& text, FileRemark::Kind kind) {
+        const QStringList details = withLines(review.only(kind));
         if (!details.isEmpty())
             warnings += text + bulletList(details);
     };
-    if (file.isHiddenByItsBeginning())
+    if (review.isHiddenByItsBeginning)
         warnings +=
             QObject::tr("Nothing may stand before the first group of an XML file, no declaration and no comment: "
                         "no program finds a setting in this file.");
-    addWarning(QObject::tr("Saving will drop from the file:"), file.losses());
+    addWarning(QObject::tr("Saving will drop from the file:"), FileRemark::Kind::Dropped);
     addWarning(QObject::tr("No program finds what has these names, each of which holds a remark or a stray sign:"),
-               file.unreachableNames());
+               FileRemark::Kind::NoKey);
     addWarning(QObject::tr("No program finds these settings, which stand outside every group:"),
-               file.settingsOutside());
+               FileRemark::Kind::Outside);
     addWarning(QObject::tr("These values hold the setting after them; a semicolon is missing, or a remark holds an "
                            "equals sign:"),
-               file.swallowingSettings());
+               FileRemark::Kind::Swallowing);
     if (!warnings.isEmpty())
         Message(this, QMessageBox::Warning, warnings.join("\n\n"_L1)).exec();
 }
@@ -219,7 +230,7 @@ bool SettingsWindow::saveAs()
 bool SettingsWindow::saveTo(const QString& path)
 {
     finishEditing();
-    file.takeEdits(*tree);
+    file.rebuildTree(*tree);
     const SettingsFile::Trial trial = file.tryWriting(path);
     if (!mayBeWritten(path, trial))
         return false;
@@ -233,7 +244,8 @@ bool SettingsWindow::saveTo(const QString& path)
     }
     setWindowModified(false);
     // The window shows what the file holds now; where that cannot be read, this is still the only copy.
-    const bool holdsOtherThings = path != file.path() || !trial.changed.isEmpty() || !file.losses().isEmpty();
+    const bool holdsOtherThings =
+        path != file.path() || !trial.changed.isEmpty() || !file.review().only(FileRemark::Kind::Dropped).isEmpty();
     if (holdsOtherThings && !openFile(path)) {
         setWindowModified(true);
         return false;
@@ -244,7 +256,7 @@ bool SettingsWindow::saveTo(const QString& path)
 
 bool SettingsWindow::mayBeWritten(const QString& path, const SettingsFile::Trial& trial)
 {
-    if (file.isHiddenByItsBeginning() && path == file.path()
+    if (file.review().isHiddenByItsBeginning && path == file.path()
         && !confirmed(QObject::tr("Nothing of the file %1 could be read. Saving empties it.").arg(path)))
         return false;
     if (!trial.notXml.isEmpty()

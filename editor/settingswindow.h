@@ -1,7 +1,7 @@
 #ifndef ZELMORA_EDITOR_SETTINGSWINDOW_H
 #define ZELMORA_EDITOR_SETTINGSWINDOW_H
 
-#include "editor/settingsfile.h"
+#include "settings/settingsfile.h"
 
 #include <QMainWindow>
 

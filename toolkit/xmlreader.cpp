@@ -1,12 +1,15 @@
 #include "toolkit/xmlreader.h"
 
 #include "toolkit/literals.h"
+#include "toolkit/xmlplaces.h"
 
-#include <QFile>
 #include <QHash>
+#include <QIODevice>
 #include <QXmlDefaultHandler>
 #include <QXmlInputSource>
 #include <QXmlSimpleReader>
+
+#include <utility>
 
 namespace toolkit {
 
@@ -33,10 +36,11 @@ struct ParseState {
 /// rest on.
 class Guard : public QXmlDefaultHandler {
 public:
-    Guard(QXmlDefaultHandler& handler, ParseState& state, NamespaceDeclarations declarations)
+    Guard(QXmlDefaultHandler& handler, ParseState& state, NamespaceDeclarations declarations, XmlPlaces* places)
         : handler(handler)
         , state(state)
         , dropsNamespaces(declarations == NamespaceDeclarations::Drop)
+        , places(places)
     {
     }
 
@@ -49,27 +53,38 @@ public:
             return false;
         for (int i = 0; dropsNamespaces && i < atts.count(); ++i) {
             if (isNamespaceDeclaration(atts.qName(i)))
-                return handler.startElement(QString(), QString(), qName, withoutNamespaces(atts));
+                return markupDelivered(handler.startElement(QString(), QString(), qName, withoutNamespaces(atts)));
         }
-        return handler.startElement(QString(), QString(), qName, atts);
+        return markupDelivered(handler.startElement(QString(), QString(), qName, atts));
     }
 
     bool endElement(const QString&, const QString&, const QString& qName) override
     {
         --nesting;
-        return handler.endElement(QString(), QString(), qName);
+        return markupDelivered(handler.endElement(QString(), QString(), qName));
     }
 
-    bool startDTD(const QString&, const QString&, const QString&) override
+    bool processingInstruction(const QString& target, const QString& data) override
+    {
+        return markupDelivered(handler.processingInstruction(target, data));
+    }
+
+    bool comment(const QString& text) override { return markupDelivered(handler.comment(text)); }
+    bool startCDATA() override { return handler.startCDATA(); }
+    bool endCDATA() override { return markupDelivered(handler.endCDATA()); }
+    bool characters(const QString& text) override { return textDelivered(handler.characters(text)); }
+    bool skippedEntity(const QString& name) override { return textDelivered(handler.skippedEntity(name)); }
+
+    bool startDTD(const QString& name, const QString& publicId, const QString& systemId) override
     {
         state.insideDeclaration = true;
-        return true;
+        return handler.startDTD(name, publicId, systemId);
     }
 
     bool endDTD() override
     {
         state.insideDeclaration = false;
-        return true;
+        return markupDelivered(true);
     }
 
     bool internalEntityDecl(const QString& name, const QString& value) override
@@ -83,6 +98,20 @@ public:
     }
 
 private:
+    bool markupDelivered(bool goOn) const
+    {
+        if (places)
+            places->markupIsDelivered();
+        return goOn;
+    }
+
+    bool textDelivered(bool goOn) const
+    {
+        if (places)
+            places->textIsDelivered();
+        return goOn;
+    }
+
     /// At least the characters that @p value becomes when the references in it, which begin with @p mark, are
     /// followed; more than the greatest size allowed when one leads to an entity that is not declared yet.
     int expandedSize(const QString& value, QChar mark) const
@@ -117,6 +146,7 @@ private:
     QXmlDefaultHandler& handler;
     ParseState& state;
     const bool dropsNamespaces;
+    XmlPlaces* const places;
     int nesting = 0;
     /// Characters that a reference such as "&name" or "%name" stands for in the end. Those that XML declares
     /// itself stand for one.
@@ -130,8 +160,8 @@ private:
 /// Feeds the reader chunk by chunk and ends the input, which is a syntax error, where a bound is passed.
 class BoundedSource : public QXmlInputSource {
 public:
-    BoundedSource(QFile& file, const ParseState& state)
-        : QXmlInputSource(&file)
+    BoundedSource(QIODevice& device, const ParseState& state)
+        : QXmlInputSource(&device)
         , state(state)
     {
     }
@@ -159,12 +189,42 @@ private:
     int references = 0;
 };
 
+/// Says what the reader goes past. It looks one character ahead: the one that it got last is not passed yet.
+class PlacedSource : public BoundedSource {
+public:
+    PlacedSource(QIODevice& device, const ParseState& state, XmlPlaces& places)
+        : BoundedSource(device, state)
+        , places(places)
+    {
+    }
+
+    QChar next() override
+    {
+        const bool isNested = std::exchange(isInside, true); // the toolkit's calls this one where a chunk begins
+        const QChar character = BoundedSource::next();
+        if (isNested)
+            return character;
+        isInside = false;
+        if (isCharacter(ahead))
+            places.pass(ahead);
+        ahead = character;
+        return character;
+    }
+
+private:
+    static bool isCharacter(QChar character) { return character != EndOfData && character != EndOfDocument; }
+
+    XmlPlaces& places;
+    QChar ahead = EndOfDocument;
+    bool isInside = false;
+};
+
 } // namespace
 
-bool readXml(QFile& file, QXmlDefaultHandler& handler, NamespaceDeclarations declarations)
+bool readXml(QIODevice& device, QXmlDefaultHandler& handler, NamespaceDeclarations declarations, XmlPlaces* places)
 {
     ParseState state;
-    Guard guard(handler, state, declarations);
+    Guard guard(handler, state, declarations, places);
     QXmlSimpleReader reader;
     // The reader's name space tables cost a search for each element and prefix (measured: 2,000 of each take
     // 22 s). Nobody here asks for name spaces, and the guard drops their declarations just as the tables would.
@@ -172,7 +232,11 @@ bool readXml(QFile& file, QXmlDefaultHandler& handler, NamespaceDeclarations dec
     reader.setContentHandler(&guard);
     reader.setLexicalHandler(&guard);
     reader.setDeclHandler(&guard);
-    BoundedSource source(file, state);
+    if (places) {
+        PlacedSource source(device, state, *places);
+        return reader.parse(&source);
+    }
+    BoundedSource source(device, state);
     return reader.parse(&source);
 }
 

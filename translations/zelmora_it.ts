@@ -232,6 +232,10 @@
         <translation>e altri %1</translation>
     </message>
     <message>
+        <source>line %1: %2</source>
+        <translation>riga %1: %2</translation>
+    </message>
+    <message>
         <source>&amp;File</source>
         <translation>&amp;File</translation>
     </message>

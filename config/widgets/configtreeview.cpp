@@ -3,6 +3,8 @@
 
 #include "config/zmconfiguration.h"
 
+#include "config/attributeorder.h"
+
 #include <QTreeWidget>
 
 namespace {
@@ -106,7 +108,7 @@ void Config::loadListView(QTreeWidgetItem* item, QDomNode parent)
         else
             loadListView(child, group);
     }
-    setOrder(group, names);
+    order->set(group, names);
 }
 
 } // namespace libconfig

@@ -14,7 +14,7 @@ class OpenConfig : public libconfig::Config {
 public:
     using Config::Config;
 
-    using Config::dropped;
+    using Config::readBytes;
     using Config::rebuildTree;
     using Config::rootElement;
     using Config::settingNames;

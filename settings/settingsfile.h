@@ -1,11 +1,13 @@
-#ifndef ZELMORA_EDITOR_SETTINGSFILE_H
-#define ZELMORA_EDITOR_SETTINGSFILE_H
+#ifndef ZELMORA_SETTINGS_SETTINGSFILE_H
+#define ZELMORA_SETTINGS_SETTINGSFILE_H
 
 #include "config/config.h"
+#include "settings/filereview.h"
 
 #include <QVector>
 
-/// The settings file in the editor. It says beforehand what the format, or the writer, would lose.
+/// A settings file that is changed and saved without a loss that nobody heard of: it says beforehand what the format,
+/// or the writer, would lose.
 ///
 /// Where a list holds settings, each is a text "key = value".
 class SettingsFile : public libconfig::Config {
@@ -16,26 +18,11 @@ public:
 
     QString path() const { return filePath; } ///< as given; empty when nothing was loaded
 
-    /// What is in the file and not in the tree as a saved file would have it: remarks, stray words, top-level groups
-    /// but the first, earlier values of a repeated setting.
-    QStringList losses() const;
+    /// What load() found in the file's bytes.
+    const FileReview& review() const { return fileReview; }
 
-    /// The groups and settings that no program finds, because something is part of their names that no key has: a
-    /// remark, a blank, a point.
-    QStringList unreachableNames() const;
-
-    /// The settings that no program finds, because they stand outside every group.
-    QStringList settingsOutside() const;
-
-    /// The settings whose values run on into the next line, with a setting, a group or the end of one: a semicolon is
-    /// missing.
-    QStringList swallowingSettings() const;
-
-    /// Whether a declaration or a comment stands before the first group of an XML file: then no setting is found.
-    bool isHiddenByItsBeginning() const { return hiddenByItsBeginning; }
-
-    /// Takes the tree over from the list that is edited.
-    void takeEdits(const QTreeWidget& list);
+    /// Takes the tree over from the list that is edited. Link Zelmora::configwidgets.
+    using Config::rebuildTree;
 
     struct Trial {
         QString reason; ///< why there was none; empty when there was
@@ -68,8 +55,7 @@ private:
 
     QString filePath;
     QByteArray contents; ///< of the file, as it was loaded or saved
-    QStringList droppedTexts;
-    bool hiddenByItsBeginning = false;
+    FileReview fileReview;
 };
 
 #endif

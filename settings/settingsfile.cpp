@@ -1,4 +1,4 @@
-#include "editor/settingsfile.h"
+#include "settings/settingsfile.h"
 
 #include "toolkit/literals.h"
 
@@ -8,8 +8,6 @@
 #include <QRegularExpression>
 #include <QSet>
 #include <QTemporaryDir>
-
-#include <algorithm>
 
 using toolkit::operator""_L1;
 
@@ -24,14 +22,6 @@ QByteArray contentsOf(const QString& path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-/// A look-up splits its key at the points; all else that is no letter, digit, "_" or "-" came there by a slip.
-bool canBeLookedUp(const QString& name)
-{
-    static const QRegularExpression word(QStringLiteral("\\A[\\w-]+\\z"),
-                                         QRegularExpression::UseUnicodePropertiesOption);
-    return word.match(name).hasMatch();
 }
 
 /// Of a name that comes out of the settings: begins with a letter, "_" or ":". XML 1.0 allows a few signs more.
@@ -61,65 +51,15 @@ QString SettingsFile::load(const QString& path)
     const QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
         return file.errorString();
-    if (formatOf(path) == "xml"_L1 && !bytes.isEmpty()) {
-        SettingsFile trial; // where that reads nothing, the reader is silent, and saving would empty the file
-        trial.readFile(path, formatOf(path));
-        if (trial.rootElement().isNull())
-            return QObject::tr("it is not XML");
-    }
+    const FileReview found = reviewOf(bytes, formatOf(path));
+    if (!found.isWellFormed && !bytes.isEmpty())
+        return QObject::tr("it is not XML"); // nothing would be read, and saving would empty the file
 
     contents = bytes;
     filePath = path;
-    droppedTexts.clear();
-    dropped = &droppedTexts;
-    readFile(path, formatOf(path));
-    dropped = nullptr;
-    hiddenByItsBeginning = rootElement().hasChildNodes() && !rootElement().firstChild().isElement();
+    fileReview = found;
+    readBytes(bytes, path, formatOf(path));
     return QString();
-}
-
-QStringList SettingsFile::losses() const
-{
-    QStringList texts = droppedTexts;
-    QDomElement first = rootElement().firstChildElement();
-    while (!first.isNull() && !first.hasAttributes() && !first.hasChildNodes())
-        first = first.nextSiblingElement(); // the list has no place for it
-    for (QDomElement group = first.nextSiblingElement(); !group.isNull(); group = group.nextSiblingElement())
-        texts += group.tagName();
-    return texts;
-}
-
-QStringList SettingsFile::unreachableNames() const
-{
-    QStringList names;
-    for (const Group& group : writtenGroups().mid(1))
-        names += QStringList(group.element.tagName()) + settingNames(group.element);
-    names.erase(std::remove_if(names.begin(), names.end(), canBeLookedUp), names.end());
-    return names;
-}
-
-QStringList SettingsFile::settingsOutside() const
-{
-    return settingsOf(writtenGroups().first());
-}
-
-QStringList SettingsFile::swallowingSettings() const
-{
-    // A line that ends the group, or begins a setting or a group.
-    static const QRegularExpression nextLine(QStringLiteral("\\n\\s*(\\}|[\\w-]+\\s*(=|:\\s*\\{))"));
-    QStringList settings;
-    for (const Group& group : writtenGroups()) {
-        for (const QString& name : settingNames(group.element)) {
-            if (group.element.attribute(name).contains(nextLine))
-                settings += asText(group, name);
-        }
-    }
-    return settings;
-}
-
-void SettingsFile::takeEdits(const QTreeWidget& list)
-{
-    rebuildTree(list);
 }
 
 SettingsFile::Trial SettingsFile::tryWriting(const QString& path) const

@@ -1,0 +1,140 @@
+#include "config/bracescanner.h"
+
+#include <QTextCodec>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace libconfig {
+
+namespace {
+
+bool isAscii(char byte)
+{
+    return static_cast<unsigned char>(byte) < 0x80;
+}
+
+/// Of the white space that nearly all of it is: what comes from beyond ASCII is looked at as text.
+bool isBlank(char byte)
+{
+    return byte == ' ' || (byte >= '\t' && byte <= '\r');
+}
+
+/// @p bytes as text. UTF-8 where they are that: @p isUtf8 says so.
+QString decoded(const std::string& bytes, bool& isUtf8)
+{
+    const int size = static_cast<int>(std::min<std::size_t>(bytes.size(), std::numeric_limits<int>::max()));
+    isUtf8 = false;
+    // Nearly all texts are plain ASCII, which needs no converter.
+    if (!std::all_of(bytes.begin(), bytes.end(), isAscii)) {
+        QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
+        const QString text = QTextCodec::codecForName("UTF-8")->toUnicode(bytes.data(), size, &state);
+        isUtf8 = state.invalidChars == 0 && state.remainingChars == 0;
+        if (isUtf8)
+            return text;
+    }
+    return QString::fromLatin1(bytes.data(), size);
+}
+
+/// How many characters at the start of @p text do not belong to what it says.
+int leadingCharacters(const QString& text)
+{
+    const auto isLeading = [](QChar character) { return character.isSpace() || character == QChar::ByteOrderMark; };
+    return static_cast<int>(std::find_if_not(text.begin(), text.end(), isLeading) - text.begin());
+}
+
+} // namespace
+
+QString ScannedText::text() const
+{
+    bool isUtf8 = false;
+    const QString whole = decoded(bytes, isUtf8);
+    return whole.mid(leadingCharacters(whole)).trimmed();
+}
+
+qint64 ScannedText::textOffset() const
+{
+    bool isUtf8 = false;
+    const QString whole = decoded(bytes, isUtf8);
+    const int leading = leadingCharacters(whole);
+    return offset + (isUtf8 ? whole.left(leading).toUtf8().size() : leading);
+}
+
+BraceScanner::BraceScanner(std::FILE* input)
+    : input(input)
+{
+}
+
+ScanEvent BraceScanner::next()
+{
+    while (pending.empty())
+        scan();
+    ScanEvent event = std::move(pending.front());
+    pending.pop_front();
+    return event;
+}
+
+/// Reads as far as the next thing that is worth an event.
+void BraceScanner::scan()
+{
+    ScannedText text = readUpTo(":=}");
+    switch (stop) {
+    case ':':
+        beginGroup(std::move(text));
+        break;
+    case '=':
+        pending.push_back({ScanEvent::Kind::Setting, std::move(text), readUpTo(";")});
+        break;
+    case '}':
+        addSkipped(std::move(text), ScanEvent::Reason::BeforeEnd);
+        addSkipped(readUpTo(";"), ScanEvent::Reason::AfterBrace);
+        pending.push_back({ScanEvent::Kind::GroupEnds});
+        depth = std::max(0, depth - 1);
+        break;
+    default:
+        addSkipped(std::move(text), ScanEvent::Reason::BeforeEnd);
+        pending.push_back({ScanEvent::Kind::EndOfInput});
+    }
+}
+
+void BraceScanner::beginGroup(ScannedText name)
+{
+    pending.push_back({ScanEvent::Kind::GroupBegins, std::move(name)});
+    addSkipped(readUpTo("{"), ScanEvent::Reason::BeforeBrace);
+    if (++depth > greatestGroupDepth)
+        addSkipped(rest(), ScanEvent::Reason::TooDeep);
+}
+
+void BraceScanner::addSkipped(ScannedText text, ScanEvent::Reason reason)
+{
+    if (!std::all_of(text.bytes.begin(), text.bytes.end(), isBlank))
+        pending.push_back({ScanEvent::Kind::Skipped, std::move(text), {}, reason});
+}
+
+bool BraceScanner::skipTo(char target)
+{
+    readUpTo(std::string_view(&target, 1));
+    return stop != EOF;
+}
+
+ScannedText BraceScanner::rest()
+{
+    return readUpTo({});
+}
+
+ScannedText BraceScanner::readUpTo(std::string_view stops)
+{
+    ScannedText text;
+    text.offset = offset;
+    // Not locked for each byte: one thread reads a file.
+    for (stop = getc_unlocked(input.get()); stop != EOF; stop = getc_unlocked(input.get())) {
+        ++offset;
+        if (stops.find(static_cast<char>(stop)) != std::string_view::npos)
+            break;
+        text.bytes += static_cast<char>(stop);
+    }
+    return text;
+}
+
+} // namespace libconfig

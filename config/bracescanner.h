@@ -1,0 +1,93 @@
+#ifndef ZELMORA_CONFIG_BRACESCANNER_H
+#define ZELMORA_CONFIG_BRACESCANNER_H
+
+#include <QString>
+
+#include <cstdio>
+#include <deque>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace libconfig {
+
+/// A piece of a settings file as it stands there, white space around it included.
+struct ScannedText {
+    std::string bytes;
+    qint64 offset = 0; ///< of the first byte, from the beginning of the input
+
+    /// What it says: UTF-8 where the bytes are that, ISO-8859-1 otherwise, without white space around it and without
+    /// byte-order marks at its start (all of them, so that what is written and read again stays the same).
+    QString text() const;
+    /// Where text() begins in the input.
+    qint64 textOffset() const;
+};
+
+/// What the scanner met.
+struct ScanEvent {
+    enum class Kind {
+        GroupBegins, ///< text is its name
+        GroupEnds, ///< by a brace; at the top level, where no group is open, that is the end of the settings
+        Setting, ///< text is its name, and value is what stands between '=' and ';', quotes and all
+        Skipped, ///< text counts for nothing
+        EndOfInput ///< and so on for ever
+    };
+    /// Why text counts for nothing.
+    enum class Reason {
+        None,
+        BeforeBrace, ///< it stands between the ':' of a group and its '{'
+        AfterBrace, ///< it stands between a '}' and the next ';'
+        BeforeEnd, ///< neither ':' nor '=' comes before the '}', or before the end of the input
+        TooDeep ///< all that follows a group inside more than greatestGroupDepth others
+    };
+
+    Kind kind = Kind::EndOfInput;
+    ScannedText text = {};
+    ScannedText value = {};
+    Reason reason = Reason::None;
+};
+
+/// Reads the brace format, a byte at a time and each byte once, and says what it meets, in the order of the file:
+///
+///     group   = name ":" ... "{" { setting | group } "}" ... ";"      (what stands at the dots is skipped)
+///     setting = name "=" value ";"
+///
+/// A file is one level without braces around it. There is no comment syntax, and nothing is ever an error. Who wants
+/// to hear of it pulls: the tree is one listener, a review of the file another.
+class BraceScanner {
+public:
+    /// Listeners may recurse once for each group; deeper files are read up to here.
+    static const int greatestGroupDepth = 1000;
+
+    /// Takes @p input over and closes it; it is read from where it stands, and offsets count from there.
+    explicit BraceScanner(std::FILE* input);
+
+    /// The next thing that was met. Text that is white space alone is skipped without a word.
+    ScanEvent next();
+
+    /// Reads up to and including @p target; false when the input ended before it.
+    bool skipTo(char target);
+
+    /// All that has not been read yet.
+    ScannedText rest();
+
+private:
+    struct FileCloser {
+        void operator()(std::FILE* file) const { std::fclose(file); }
+    };
+
+    void scan();
+    void beginGroup(ScannedText name);
+    void addSkipped(ScannedText text, ScanEvent::Reason reason);
+    ScannedText readUpTo(std::string_view stops);
+
+    std::unique_ptr<std::FILE, FileCloser> input;
+    qint64 offset = 0; ///< of the next byte
+    int stop = EOF; ///< the byte that ended the last text, which is not part of it
+    int depth = 0; ///< of groups that are open
+    std::deque<ScanEvent> pending; ///< met, and not asked for yet
+};
+
+} // namespace libconfig
+
+#endif

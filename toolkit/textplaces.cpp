@@ -1,0 +1,34 @@
+#include "toolkit/textplaces.h"
+
+#include <algorithm>
+
+namespace toolkit {
+
+TextPlaces::TextPlaces(const QByteArray& bytes)
+    : bytes(bytes)
+{
+}
+
+TextPlace TextPlaces::at(qint64 offset)
+{
+    if (offset < reached) {
+        reached = 0;
+        place = TextPlace();
+    }
+    for (const qint64 end = std::min<qint64>(offset, bytes.size()); reached < end; ++reached)
+        pass(reached);
+    return place;
+}
+
+void TextPlaces::pass(qint64 offset)
+{
+    static const char byteOrderMark[] = "\xEF\xBB\xBF";
+    const char* const byte = bytes.constData() + offset; // followed by a NUL at the end
+    const bool continues = (static_cast<unsigned char>(*byte) & 0xC0) == 0x80;
+    if (*byte == '\n')
+        place = {place.line + 1, 1};
+    else if (!continues && qstrncmp(byte, byteOrderMark, 3) != 0)
+        ++place.column;
+}
+
+} // namespace toolkit

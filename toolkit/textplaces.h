@@ -1,0 +1,40 @@
+#ifndef ZELMORA_TOOLKIT_TEXTPLACES_H
+#define ZELMORA_TOOLKIT_TEXTPLACES_H
+
+#include <QByteArray>
+
+namespace toolkit {
+
+/// A place in a text, as editors count: the first character of a file stands at 1, 1.
+struct TextPlace {
+    int line = 1;
+    int column = 1;
+};
+
+inline bool operator==(TextPlace left, TextPlace right)
+{
+    return left.line == right.line && left.column == right.column;
+}
+
+/// Works out lines and columns of bytes. Lines end at LF. A column counts every byte that does not continue a UTF-8
+/// sequence, a tab too; a byte-order mark counts none.
+///
+/// Fast for places that are asked for in the order of the text: each byte is looked at once then.
+class TextPlaces {
+public:
+    explicit TextPlaces(const QByteArray& bytes);
+
+    /// Where the byte at @p offset stands; past the end that is the place behind the last one.
+    TextPlace at(qint64 offset);
+
+private:
+    void pass(qint64 offset);
+
+    const QByteArray bytes;
+    qint64 reached = 0;
+    TextPlace place; ///< of the byte that was reached
+};
+
+} // namespace toolkit
+
+#endif

@@ -1,0 +1,46 @@
+#ifndef ZELMORA_TOOLKIT_XMLPLACES_H
+#define ZELMORA_TOOLKIT_XMLPLACES_H
+
+#include "toolkit/textplaces.h"
+
+#include <QString>
+#include <QVector>
+
+namespace toolkit {
+
+/// Where that stands which readXml() delivers: to be asked from within the handler. A column counts characters, one
+/// outside the basic plane once; a byte-order mark counts none.
+class XmlPlaces {
+public:
+    /// The "<" of the element, comment or instruction that is being delivered.
+    /// Of what an entity brought, the reference to it.
+    TextPlace markup() const { return isInsideMarkup() ? markupPlace : textPlace; }
+    /// The first letter of the name of attribute number @p index, from 0, of the element whose start is being
+    /// delivered, counted as they stand in the file.
+    TextPlace attribute(int index);
+    /// The first character, white space apart, of the text that is being delivered.
+    TextPlace text() const { return textPlace; }
+    /// Whether the reader is between a "<" and what ends it: a reference that is delivered then stands in an attribute.
+    bool isInsideMarkup() const { return !markupText.isEmpty(); }
+
+    // For the reader.
+
+    void pass(QChar character); ///< the reader has gone past @p character
+    void markupIsDelivered(); ///< what comes next begins anew
+    void textIsDelivered() { textBegan = false; }
+
+private:
+    void findAttributes();
+
+    TextPlace here; ///< of the next character
+    TextPlace markupPlace;
+    TextPlace textPlace;
+    bool textBegan = false;
+    bool isEnding = false; ///< the markup was delivered, and its ">" is still to come
+    QString markupText; ///< from its "<" on; empty between two of them
+    QVector<TextPlace> attributePlaces; ///< of the element that is being delivered, once one was asked for
+};
+
+} // namespace toolkit
+
+#endif
