@@ -4,14 +4,15 @@
 #include "toolkit/console.h"
 #include "toolkit/literals.h"
 #include "toolkit/localecodec.h"
+#include "toolkit/textencoder.h"
 #include "toolkit/writesignals.h"
 
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
-#include <QTextStream>
 
 using toolkit::operator""_L1;
+using toolkit::TextEncoder;
 
 namespace {
 
@@ -59,9 +60,8 @@ Logger::Logger(const QString&)
     fileName = settings->getStrValue(QStringLiteral("zelmora.logger.basedir")) + "/"_L1
         + settings->getStrValue(QStringLiteral("zelmora.logger.filename"));
     file = std::make_unique<QFile>(fileName);
+    encoder = std::make_unique<TextEncoder>(TextEncoder::Encoding::Utf8);
     setType(settings->getStrValue(QStringLiteral("zelmora.logger.type")));
-    stream = std::make_unique<QTextStream>(file.get());
-    stream->setCodec("UTF-8");
     write(DEBUG, QStringLiteral("Start Logger"));
 }
 
@@ -95,9 +95,10 @@ void Logger::write(Level level, const QString& text)
     if (level < this->level || !file->isOpen())
         return;
     const toolkit::WriteSignalsBlocked writeSignalsBlocked;
-    stream->resetStatus(); // a stream that has failed once would drop every later line
-    *stream << lineOf(level, text);
-    stream->flush();
+    const QByteArray line = (withinLine ? "\n" : "") + encoder->encoded(lineOf(level, text));
+    const qint64 taken = file->write(line);
+    if (taken > 0)
+        withinLine = line.at(static_cast<int>(taken) - 1) != '\n';
 }
 
 void Logger::debug(const QString& text)

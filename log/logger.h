@@ -6,7 +6,10 @@
 #include <memory>
 
 class QFile;
-class QTextStream;
+
+namespace toolkit {
+class TextEncoder;
+}
 
 /// A log file with a threshold. Place, name, threshold and open mode come from the settings:
 ///
@@ -20,8 +23,9 @@ class QTextStream;
 /// file, without a buffer: it is with the system when the operation returns, and lines of several programs that
 /// append to one file do not mix.
 ///
-/// No operation reports that a line could not be written: it is lost, and the next one is tried anew. No operation
-/// takes a lock: one thread at a time may use a Logger.
+/// No operation reports that a line could not be written: it is lost, and the next one is tried anew. Where the disk
+/// took only the beginning of a line, the next one begins with the missing line end. No operation takes a lock: one
+/// thread at a time may use a Logger.
 class Logger {
 public:
     /// From the least severe to the most.
@@ -56,7 +60,8 @@ public:
 
 private:
     std::unique_ptr<QFile> file;
-    std::unique_ptr<QTextStream> stream; ///< on file, for all writing
+    std::unique_ptr<toolkit::TextEncoder> encoder; ///< all text goes through it
+    bool withinLine = false; ///< whether the disk took a beginning without its line end
     Level level = DEBUG;
     QString fileName;
 };

@@ -41,7 +41,8 @@ private slots:
     void fullDisk();
     void lostLinesTakeNoMemory();
     void roomAgain();
-    void roomEndsWithinALine();
+    void roomForAPart_data();
+    void roomForAPart();
     void pipeWithoutReader_data();
     void pipeWithoutReader();
     void fileRemoved();
@@ -126,19 +127,53 @@ void TestLogFailures::roomAgain()
     QCOMPARE(fileContents(path), lineOf("first") + lineOf("second") + lineOf("third"));
 }
 
-void TestLogFailures::roomEndsWithinALine()
+void TestLogFailures::roomForAPart_data()
 {
-    const int room = 20;
-    useLog(path, "APPEND", "ERROR");
-    Logger logger("suite");
-    logger.error("first");
-    {
-        const FileSizeLimit diskIsAlmostFull(rlim_t(lineOf("first").size() + room));
-        logger.error("cut");
-        logger.error("lost");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QVector<int>>("rooms"); // in bytes, for a try to write the text each
+    QTest::addColumn<QByteArray>("kept");
+
+    const QByteArray line = lineOf("cut");
+    const QByteArray fragment = line.left(20);
+    const auto row = [](const char* name, const QVector<int>& rooms, const QByteArray& kept) {
+        QTest::newRow(name) << "cut" << rooms << kept;
+    };
+    row("for the beginning of a line", {20}, fragment + '\n');
+    row("for one byte", {1}, "[\n");
+    row("for all but the line end", {line.size() - 1}, line);
+    row("for a whole line", {line.size()}, line);
+    row("for nothing at all", {0}, QByteArray());
+    row("for the beginnings of two lines", {20, 30}, fragment + '\n' + line.left(29) + '\n');
+    row("for a beginning and then nothing", {20, 0, 0}, fragment + '\n');
+    row("for a beginning and then the missing line end alone", {20, 1}, fragment + '\n');
+    row("for a beginning, the line end, and another beginning", {20, 1, 20}, fragment + '\n' + fragment + '\n');
+    row("for a beginning and then a whole line", {20, 1 + line.size()}, fragment + '\n' + line);
+    const QByteArray firstLine = lineOf("cut");
+    QTest::newRow("up to a line break in the text") << "cut\nhere" << QVector<int> {firstLine.size()} << firstLine;
+    QTest::newRow("up to what follows a line break in the text")
+        << "cut\nhere" << QVector<int> {firstLine.size() + 2} << firstLine + "he\n";
+    QTest::newRow("for half a character") << "è" << QVector<int> {lineOf("").size()} << lineOf("\xC3");
+}
+
+void TestLogFailures::roomForAPart()
+{
+    QFETCH(QString, text);
+    QFETCH(QVector<int>, rooms);
+    QFETCH(QByteArray, kept);
+
+    for (const char* type : {"APPEND", "OVERWRITE"}) {
+        QFile::remove(path);
+        useLog(path, type, "ERROR");
+        Logger logger("suite");
+        logger.error("first");
+        for (const int room : rooms) {
+            const FileSizeLimit diskIsAlmostFull(rlim_t(fileContents(path).size() + room));
+            logger.error(text);
+        }
+        logger.error("second");
+        logger.error("third");
+        QCOMPARE(fileContents(path), lineOf("first") + kept + lineOf("second") + lineOf("third"));
     }
-    logger.error("second");
-    QCOMPARE(fileContents(path), lineOf("first") + lineOf("cut").left(room) + lineOf("second"));
 }
 
 void TestLogFailures::pipeWithoutReader_data()

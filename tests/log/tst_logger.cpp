@@ -101,6 +101,7 @@ private slots:
     void lineIsInTheFileWhenWriteReturns();
     void lineIsOneWrite_data();
     void lineIsOneWrite();
+    void lineAfterAPartIsOneWrite();
     void fileIsOpenAsLongAsTheLogger();
 
 private:
@@ -514,6 +515,8 @@ void TestLogger::text_data()
     QTest::newRow("a byte order mark") << QString(QChar(0xFEFF)) + "a"
                                        << QByteArray("\xEF\xBB\xBF"
                                                      "a");
+    QTest::newRow("half a character") << QString(QChar(0xD83D)) << QByteArray("?");
+    QTest::newRow("the other half") << QString(QChar(0xDE00)) << QByteArray("?");
     QTest::newRow("70,000 characters") << QString(70000, 'x') << QByteArray(70000, 'x');
     QTest::newRow("a million characters of two bytes")
         << QString(1000000, QChar(0xE8)) << QByteArray("\xC3\xA8").repeated(1000000);
@@ -605,6 +608,23 @@ void TestLogger::lineIsOneWrite()
         QCOMPARE(writes.front(), static_cast<std::size_t>(log().size()) - before);
         QVERIFY(writes.front() > static_cast<std::size_t>(text.size()));
     }
+}
+
+void TestLogger::lineAfterAPartIsOneWrite()
+{
+    useLog(path, "APPEND", "ERROR");
+    Logger logger("suite");
+    {
+        const FileSizeLimit diskIsAlmostFull(20);
+        logger.error("cut");
+    }
+    QCOMPARE(log().size(), 20);
+
+    watchedWrites.emplace();
+    logger.error("x");
+    const std::vector<std::size_t> writes = *watchedWrites;
+    watchedWrites.reset();
+    QCOMPARE(writes, std::vector<std::size_t> {static_cast<std::size_t>(log().size()) - 20});
 }
 
 void TestLogger::fileIsOpenAsLongAsTheLogger()
