@@ -42,12 +42,12 @@ bool hasEnd(const QString& path)
 QIODevice::OpenMode openMode(const QString& word, const QString& path)
 {
     const QString type = word.toUpper();
-    if (type == "APPEND"_L1 && hasEnd(path))
-        return QIODevice::WriteOnly | QIODevice::Append;
+    // To append is to write at the end that the file has at each write, whoever else writes or empties it.
+    const QIODevice::OpenMode writing = hasEnd(path) ? QIODevice::WriteOnly | QIODevice::Append : QIODevice::WriteOnly;
     if (type == "APPEND"_L1)
-        return QIODevice::WriteOnly;
+        return writing;
     if (type == "OVERWRITE"_L1)
-        return QIODevice::WriteOnly;
+        return writing | QIODevice::Truncate;
     return QIODevice::NotOpen;
 }
 

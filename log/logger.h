@@ -18,6 +18,9 @@ class TextEncoder;
 ///     zelmora.logger.filename   the file's name in it
 ///     zelmora.logger.type       APPEND adds to what the file holds, OVERWRITE empties it first
 ///
+/// Either way each line goes to the end that the file has then: one that is emptied beneath, as a rotation of logs may
+/// do, goes on from its beginning.
+///
 /// A line reads "[07-04-2026 13:05:09:042] ERROR: connection refused": month, day and year, the local time with
 /// milliseconds, the level's word, the text. The file is UTF-8, lines end in "\n". Each line is one write to the
 /// file, without a buffer: it is with the system when the operation returns, and lines of several programs that

@@ -48,6 +48,11 @@ private slots:
     void fileRemoved();
     void folderRemoved();
     void fileRenamed();
+    void fileEmptied_data();
+    void fileEmptied();
+    void fileGrowsBeneath_data();
+    void fileGrowsBeneath();
+    void emptiedByASecondLogger();
     void processOfItsOwn_data();
     void processOfItsOwn();
     void severalProgramsAppend();
@@ -232,6 +237,61 @@ void TestLogFailures::fileRenamed()
     logger.error("second");
     QCOMPARE(fileContents(renamed), lineOf("first") + lineOf("second"));
     QVERIFY(!QFile::exists(path));
+}
+
+void TestLogFailures::fileEmptied_data()
+{
+    fullDisk_data();
+}
+
+// As a rotation does that copies the file and then empties it.
+void TestLogFailures::fileEmptied()
+{
+    QFETCH(QString, type);
+    useLog(path, type, "ERROR");
+    Logger logger("suite");
+    logger.error("first");
+    logger.error("second");
+
+    QVERIFY(QFile::resize(path, 0));
+    logger.error("third");
+    QCOMPARE(fileContents(path), lineOf("third"));
+    QVERIFY(QFile::resize(path, 0));
+    logger.error("fourth");
+    logger.error("fifth");
+    QCOMPARE(fileContents(path), lineOf("fourth") + lineOf("fifth"));
+}
+
+void TestLogFailures::fileGrowsBeneath_data()
+{
+    fullDisk_data();
+}
+
+void TestLogFailures::fileGrowsBeneath()
+{
+    QFETCH(QString, type);
+    useLog(path, type, "ERROR");
+    Logger logger("suite");
+    logger.error("first");
+
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Append));
+    QVERIFY(file.write("of another program\n") > 0);
+    file.close();
+    logger.error("second");
+    QCOMPARE(fileContents(path), lineOf("first") + "of another program\n" + lineOf("second"));
+}
+
+void TestLogFailures::emptiedByASecondLogger()
+{
+    useLog(path, "OVERWRITE", "ERROR");
+    Logger first("suite");
+    first.error("lost");
+    Logger second("suite");
+    first.error("of the first");
+    second.error("of the second");
+    first.error("of the first again");
+    QCOMPARE(fileContents(path), lineOf("of the first") + lineOf("of the second") + lineOf("of the first again"));
 }
 
 void TestLogFailures::processOfItsOwn_data()
