@@ -10,8 +10,10 @@
 /// the number of threads that ask, and deleted at process exit.
 ///
 /// At exit the instances go in the reverse order of their completion: a T whose constructor uses another
-/// singleton is deleted before that one. instance() is safe to call from any thread; what the instance itself
-/// allows is its own affair.
+/// singleton is deleted before that one. So is a static object that was made after the instance; one that was made
+/// before it goes later, and must not use the instance in its destructor: instance() then still gives where it was.
+///
+/// instance() is safe to call from any thread; what the instance itself allows is its own affair.
 template <class T>
 class SyncSingleton {
 public:

@@ -9,6 +9,11 @@ QString defaultName()
 
 } // namespace
 
+HLogManager::HLogManager()
+{
+    Logger::prepare();
+}
+
 HLogManager::~HLogManager()
 {
     qDeleteAll(loggers);

@@ -11,9 +11,15 @@
 
 /// The loggers of a program by name, and their owner. The programs share one through
 /// SyncSingleton<HLogManager>::instance(), whose creation any thread may ask for; the manager itself takes no lock.
+///
+/// At the end of the process a singleton or static object that was made after the shared manager was first asked for
+/// can still log in its destructor, whenever set() was called, and may call set() there. To be sure of that it asks
+/// for the manager in its constructor. An object that is older finds no logger any more: the manager and all Loggers
+/// have gone before, and what instance() gave or gives, and every Logger of it, must not be used.
 class HLogManager {
 public:
-    HLogManager() = default;
+    /// No logger yet. Makes the settings store, if there is none, so that it goes after the manager.
+    HLogManager();
     /// Releases every logger that was ever set.
     ~HLogManager();
 

@@ -53,8 +53,16 @@ QIODevice::OpenMode openMode(const QString& word, const QString& path)
 
 } // namespace
 
+void Logger::prepare()
+{
+    SyncSingleton<ZMConfiguration>::instance();
+    // The toolkit's calendars, without which a time is empty, and its codecs, which all go at once.
+    TextEncoder(TextEncoder::Encoding::Utf8).encoded(lineOf(DEBUG, QString()));
+}
+
 Logger::Logger(const QString&)
 {
+    prepare();
     const ZMConfiguration* const settings = SyncSingleton<ZMConfiguration>::instance();
     setLevel(settings->getStrValue(QStringLiteral("zelmora.logger.level")));
     fileName = settings->getStrValue(QStringLiteral("zelmora.logger.basedir")) + "/"_L1

@@ -29,6 +29,9 @@ class TextEncoder;
 /// No operation reports that a line could not be written: it is lost, and the next one is tried anew. Where the disk
 /// took only the beginning of a line, the next one begins with the missing line end. No operation takes a lock: one
 /// thread at a time may use a Logger.
+///
+/// An object that is made after a Logger may log to it in its destructor, at the end of the process too; the shared
+/// ones have the rules of HLogManager.
 class Logger {
 public:
     /// From the least severe to the most.
@@ -62,6 +65,12 @@ public:
     void fatal(const QString& text);
 
 private:
+    friend class HLogManager;
+
+    /// Uses once what loggers use: what is made at its first use, here or in the toolkit, goes at the end of the
+    /// process, after all that is made from now on.
+    static void prepare();
+
     std::unique_ptr<QFile> file;
     std::unique_ptr<toolkit::TextEncoder> encoder; ///< all text goes through it
     bool withinLine = false; ///< whether the disk took a beginning without its line end
