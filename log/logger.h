@@ -5,6 +5,28 @@
 
 #include <memory>
 
+// The levels have names that are common macros. One of them would break all that follows, and be hard to find.
+#ifdef DEBUG
+#error "DEBUG is a macro, but must be a level of Logger: build without -DDEBUG, or #undef it before this include"
+#undef DEBUG
+#endif
+#ifdef INFO
+#error "INFO is a macro, but must be a level of Logger: build without -DINFO, or #undef it before this include"
+#undef INFO
+#endif
+#ifdef WARNING
+#error "WARNING is a macro, but must be a level of Logger: build without -DWARNING, or #undef it before this include"
+#undef WARNING
+#endif
+#ifdef ERROR
+#error "ERROR is a macro, but must be a level of Logger: build without -DERROR, or #undef it before this include"
+#undef ERROR
+#endif
+#ifdef FATAL
+#error "FATAL is a macro, but must be a level of Logger: build without -DFATAL, or #undef it before this include"
+#undef FATAL
+#endif
+
 class QFile;
 
 namespace toolkit {
