@@ -1,6 +1,7 @@
 #include "db/databasemanager.h"
 
 #include "toolkit/literals.h"
+#include "toolkit/numbertext.h"
 
 using toolkit::operator""_L1;
 
@@ -32,7 +33,7 @@ void DatabaseManager::setSequence(const QString& sequence, int value, QSqlDataba
 QString DatabaseManager::incrementSequence(const QString& sequence, int step, QSqlDatabase* db)
 {
     const QString before = sequenceValue(sequence, db);
-    setSequence(sequence, wrappedSum(before.toInt(), step), db);
+    setSequence(sequence, wrappedSum(toolkit::toInteger(before), step), db);
     return before;
 }
 
@@ -43,7 +44,7 @@ QString DatabaseManager::decrementSequence(const QString& sequence, int step, QS
 
 bool DatabaseManager::decrementSequenceIfPositive(const QString& sequence, int step, QSqlDatabase* db)
 {
-    if (sequenceValue(sequence, nullptr).toInt() < step)
+    if (toolkit::toInteger(sequenceValue(sequence, nullptr)) < step)
         return false;
     incrementSequence(sequence, negated(step), db);
     return true;

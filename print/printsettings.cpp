@@ -6,6 +6,7 @@
 #include "toolkit/console.h"
 #include "toolkit/literals.h"
 #include "toolkit/localecodec.h"
+#include "toolkit/numbertext.h"
 
 #include <algorithm>
 
@@ -40,7 +41,7 @@ QString PrinterDriver::documentPath(const QString& type)
 
 int PrinterDriver::numberSetting(QLatin1String key) const
 {
-    return config->getStrValue(docPath + key).toInt();
+    return toolkit::toInteger(config->getStrValue(docPath + key));
 }
 
 int PrinterDriver::widthSetting(QLatin1String key) const

@@ -1,9 +1,20 @@
 #include "toolkit/numbertext.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
 namespace toolkit {
+
+namespace {
+
+/// Qt takes U+2212 for a minus sign too, which would make a discount of a sale. White space may be of any kind.
+bool isWrittenInAscii(const QString& number)
+{
+    return std::all_of(number.begin(), number.end(), [](QChar c) { return c.unicode() < 0x80 || c.isSpace(); });
+}
+
+} // namespace
 
 QString numberText(double value)
 {
@@ -17,7 +28,13 @@ double toNumber(const QString& text)
 {
     bool converted = false;
     const double value = text.toDouble(&converted);
-    return converted && std::isfinite(value) ? value : 0.0;
+    return converted && std::isfinite(value) && isWrittenInAscii(text) ? value : 0.0;
+}
+
+int toInteger(const QString& text)
+{
+    const int value = text.toInt();
+    return isWrittenInAscii(text) ? value : 0;
 }
 
 } // namespace toolkit

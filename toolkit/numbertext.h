@@ -10,9 +10,13 @@ namespace toolkit {
 /// double (DBL_DIG), so 8.29 * 100 reads 829 and not 828.9999999999999.
 QString numberText(double value);
 
-/// The number that @p text stands for, with "." as the decimal point and white space around it allowed.
-/// Text that is no number gives 0, and so do "inf", "nan" and what overflows a double.
+/// The number that @p text stands for: ASCII digits with an optional sign, "." as the decimal point and an exponent,
+/// whatever the locale; white space of any kind (QChar::isSpace()) may stand around it. Text that is no number gives
+/// 0, and so do "inf", "nan" and what overflows a double.
 double toNumber(const QString& text);
+
+/// The same for a whole number: no point, no exponent. What does not fit 32 bits gives 0.
+int toInteger(const QString& text);
 
 } // namespace toolkit
 

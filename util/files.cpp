@@ -1,5 +1,6 @@
 #include "util/hlibrary.h"
 
+#include "toolkit/numbertext.h"
 #include "toolkit/writesignals.h"
 #include "util/paperprompt.h"
 #include "util/sleepthread.h"
@@ -97,8 +98,8 @@ bool HLibrary::copy(const QString& source, const QString& destination, unsigned 
 bool HLibrary::copy(const QString& source, const QString& destination, const QString& linesPerSheet,
                     const QString& pause)
 {
-    return copy(source, destination, static_cast<unsigned int>(linesPerSheet.toInt()),
-                static_cast<unsigned int>(pause.toInt()));
+    return copy(source, destination, static_cast<unsigned int>(toolkit::toInteger(linesPerSheet)),
+                static_cast<unsigned int>(toolkit::toInteger(pause)));
 }
 
 bool HLibrary::copy(const QString& source, const QString& destination, unsigned int linesPerPage, unsigned int pause,

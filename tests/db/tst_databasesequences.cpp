@@ -252,6 +252,8 @@ void TestDatabaseSequences::valueThatIsNoNumber_data()
                                    << "3";
     QTest::newRow("hexadecimal") << "0x10"
                                  << "3";
+    QTest::newRow("a minus sign that is not ASCII") << "\u22127"
+                                                    << "3";
     QTest::newRow("not octal") << "010"
                                << "13";
 }

@@ -625,6 +625,7 @@ void TestCompanyPrinterDriver::amounts_data()
     QTest::newRow("beyond a double") << "1e999" << QByteArray();
     QTest::newRow("beyond a double in hundredths") << "1e307" << QByteArray();
     QTest::newRow("hexadecimal") << "0x10" << QByteArray();
+    QTest::newRow("a minus sign that is not ASCII") << "\u22125" << QByteArray();
 }
 
 void TestCompanyPrinterDriver::amounts()
@@ -662,6 +663,7 @@ void TestCompanyPrinterDriver::discountOfTheTotals_data()
     QTest::newRow("a per cent sign") << "10%" << QByteArray();
     QTest::newRow("infinity") << "inf" << QByteArray();
     QTest::newRow("nan") << "nan" << QByteArray();
+    QTest::newRow("a minus sign that is not ASCII") << "\u22123" << QByteArray();
 }
 
 void TestCompanyPrinterDriver::discountOfTheTotals()
@@ -746,6 +748,7 @@ void TestCompanyPrinterDriver::sales_data()
     QTest::newRow("negative infinity is no number") << "-inf" << sale("-inf");
     QTest::newRow("nan") << "nan" << sale("nan");
     QTest::newRow("below a double is no number") << "-1e999" << sale("-1e999");
+    QTest::newRow("a minus sign that is not ASCII makes no discount") << "\u22121,50" << sale("\u22121.50");
 
     QTest::newRow("a discount") << "-1,00" << QByteArray("SCONTO VAL=1\r\n");
     QTest::newRow("a discount with decimals") << "-2,5" << QByteArray("SCONTO VAL=2.5\r\n");

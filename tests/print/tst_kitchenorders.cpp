@@ -224,6 +224,8 @@ void TestKitchenOrders::variantMark_data()
                                       << "-";
     QTest::newRow("1e999 is no number") << "1e999"
                                         << "-";
+    QTest::newRow("a minus sign that is not ASCII makes no number") << "\u22122"
+                                                                    << "-";
     QTest::newRow("2") << "2"
                        << "2";
     QTest::newRow("-2") << "-2"

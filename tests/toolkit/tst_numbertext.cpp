@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <cfloat>
+#include <climits>
 #include <clocale>
 #include <cmath>
 #include <cstdint>
@@ -27,6 +28,10 @@ private slots:
 
     void number_data();
     void number();
+    void integer_data();
+    void integer();
+    void blanksOfAnyKindMayStandAround();
+    void onlyAsciiMakesANumber();
 
     void decimalCommaChangesNothing();
 };
@@ -191,6 +196,12 @@ void TestNumberText::number_data()
     QTest::newRow("too great for a double, negative") << "-1e999" << 0.0;
     QTest::newRow("too great for a double, written out") << QString(400, '9') << 0.0;
     QTest::newRow("too small for a double") << "1e-400" << 0.0;
+
+    QTest::newRow("a minus sign that is not ASCII") << "\u22121" << 0.0;
+    QTest::newRow("an exponent's minus sign that is not ASCII") << "15e\u22121" << 0.0;
+    QTest::newRow("a hyphen that is not ASCII") << "\u20101" << 0.0;
+    QTest::newRow("digits that are not ASCII") << "١٢" << 0.0;
+    QTest::newRow("a no-break space and an ideographic one around it") << "\u00A012.5\u3000" << 12.5;
 }
 
 void TestNumberText::number()
@@ -201,6 +212,72 @@ void TestNumberText::number()
     // QCOMPARE would take neighbours for equal.
     const double actual = toolkit::toNumber(text);
     QVERIFY2(actual == expected, qPrintable(textOfC(actual)));
+}
+
+void TestNumberText::integer_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("expected");
+
+    QTest::newRow("a number") << "12" << 12;
+    QTest::newRow("a minus sign") << "-7" << -7;
+    QTest::newRow("a plus sign") << "+7" << 7;
+    QTest::newRow("leading zeros are no octal mark") << "012" << 12;
+    QTest::newRow("white space around it") << " \t12\r\n " << 12;
+    QTest::newRow("a no-break space and an ideographic one around it") << "\u00A012\u3000" << 12;
+    QTest::newRow("the greatest of 32 bits") << "2147483647" << INT_MAX;
+    QTest::newRow("the least of 32 bits") << "-2147483648" << INT_MIN;
+
+    QTest::newRow("empty") << "" << 0;
+    QTest::newRow("no text at all") << QString() << 0;
+    QTest::newRow("a word") << "abc" << 0;
+    QTest::newRow("a number and a word") << "12 mm" << 0;
+    QTest::newRow("white space inside") << "1 2" << 0;
+    QTest::newRow("a decimal point") << "12.0" << 0;
+    QTest::newRow("an exponent") << "1e2" << 0;
+    QTest::newRow("hexadecimal") << "0x10" << 0;
+    QTest::newRow("one above 32 bits") << "2147483648" << 0;
+    QTest::newRow("one below 32 bits") << "-2147483649" << 0;
+    QTest::newRow("a minus sign that is not ASCII") << "\u22127" << 0;
+    QTest::newRow("a hyphen that is not ASCII") << "\u20107" << 0;
+    QTest::newRow("digits that are not ASCII") << "١٢" << 0;
+}
+
+void TestNumberText::integer()
+{
+    QFETCH(QString, text);
+    QFETCH(int, expected);
+
+    QCOMPARE(toolkit::toInteger(text), expected);
+}
+
+// The white space of Unicode, one of each: what the toolkit takes for it.
+void TestNumberText::blanksOfAnyKindMayStandAround()
+{
+    const QString blanks = QStringLiteral("\t\n\v\f\r \u0085\u00A0\u1680\u2000\u2001\u2002\u2003\u2004\u2005\u2006"
+                                          "\u2007\u2008\u2009\u200A\u2028\u2029\u202F\u205F\u3000");
+    QCOMPARE(blanks.size(), 25);
+    for (const QChar blank : blanks) {
+        QCOMPARE(toolkit::toNumber(blank + QString("-1.5") + blank), -1.5);
+        QCOMPARE(toolkit::toInteger(blank + QString("-7") + blank), -7);
+    }
+    QCOMPARE(toolkit::toNumber(blanks + "-1.5" + blanks), -1.5);
+    QCOMPARE(toolkit::toInteger(blanks + "-7" + blanks), -7);
+}
+
+// No other character has a part in a number, wherever it stands: neither as a sign nor as a digit, nor to be skipped.
+void TestNumberText::onlyAsciiMakesANumber()
+{
+    for (ushort unit = 0x80; unit < 0xFFFF; ++unit) {
+        const QChar other(unit);
+        if (other.isSpace())
+            continue;
+        for (const QString& text : {other + QString("7"), '7' + QString(other), "7e" + QString(other) + '1',
+                                    other + QString("7e1"), "-" + QString(other) + '7', '1' + QString(other) + '7'}) {
+            QVERIFY2(toolkit::toNumber(text) == 0.0, qPrintable(text));
+            QVERIFY2(toolkit::toInteger(text) == 0, qPrintable(text));
+        }
+    }
 }
 
 void TestNumberText::decimalCommaChangesNothing()

@@ -223,6 +223,7 @@ void TestCopies::pauseAsText_data()
     QTest::newRow("blanks around") << " 60 " << 120;
     QTest::newRow("empty") << "" << 0;
     QTest::newRow("a decimal point") << "5000.0" << 0;
+    QTest::newRow("a minus sign that is not ASCII: with one that is, the pause takes weeks") << "\u22121" << 0;
 }
 
 void TestCopies::pauseAsText()
