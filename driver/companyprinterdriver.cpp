@@ -2,8 +2,7 @@
 
 #include "driver/registercommands.h"
 #include "toolkit/numbertext.h"
-
-#include <QTextStream>
+#include "toolkit/textwriter.h"
 
 using toolkit::operator""_L1;
 
@@ -118,8 +117,7 @@ int CompanyPrinterDriver::centringBlanks()
 
 void CompanyPrinterDriver::write(const QString& command)
 {
-    // After a failed write the stream would only gather what it can't write.
-    if (stream && stream->status() == QTextStream::Ok)
+    if (stream)
         *stream << command;
 }
 

@@ -5,10 +5,9 @@
 #include "config/zmconfiguration.h"
 #include "toolkit/console.h"
 #include "toolkit/literals.h"
-#include "toolkit/localecodec.h"
+#include "toolkit/textwriter.h"
 
 #include <QFile>
-#include <QTextStream>
 
 #include <optional>
 #include <utility>
@@ -57,16 +56,10 @@ PrinterDriver::PrinterDriver(const QString& path, bool append)
         toolkit::writeLine("PrintManager::printAbstractOrder(...): Unable To Open File");
         return;
     }
-    stream = std::make_unique<QTextStream>(file.get());
-    stream->setCodec(toolkit::localeCodec());
+    stream = std::make_unique<toolkit::TextWriter>(*file, toolkit::TextEncoder::Encoding::Locale);
 }
 
-PrinterDriver::~PrinterDriver()
-{
-    if (stream)
-        stream->flush();
-    file->close();
-}
+PrinterDriver::~PrinterDriver() = default;
 
 bool PrinterDriver::startDocument()
 {

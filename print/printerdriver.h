@@ -7,8 +7,11 @@
 #include <memory>
 
 class QFile;
-class QTextStream;
 class ZMConfiguration;
+
+namespace toolkit {
+class TextWriter;
+}
 
 /// The print engine: takes a print job as XML events, lays the document out on the paper width of its settings and
 /// hands the lines to a device driver, which is a class derived from this one.
@@ -141,7 +144,9 @@ protected:
     ZMConfiguration* config; ///< the process-wide settings store, not owned
     QString method; ///< the print method's name; empty until one was accepted
     std::unique_ptr<QFile> file;
-    std::unique_ptr<QTextStream> stream; ///< writes to file in the locale's encoding; null when it is not open
+    /// Writes to file in the locale's encoding; null when it is not open. After file, so that it writes what it has
+    /// gathered before the file closes.
+    std::unique_ptr<toolkit::TextWriter> stream;
     bool invoice = false; ///< the answer of printDuplicate()
     bool oneTimeDone = false;
     QString justify = QStringLiteral("left"); ///< of the lines to come: "left" or "center"

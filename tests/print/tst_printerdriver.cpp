@@ -1,7 +1,7 @@
 #include "support/capture.h"
 #include "support/job.h"
+#include "toolkit/textwriter.h"
 
-#include <QTextStream>
 #include <QtTest>
 
 #include <optional>
