@@ -1,4 +1,4 @@
-// Fiscal receipts: each dish (full) or dish type (summary) becomes a sale on the register. No headers, no layout.
+// Fiscal receipts: each dish becomes a sale on the register. No headers, no layout.
 
 #include "print/printerdriver.h"
 
@@ -16,16 +16,6 @@ void PrinterDriver::printFullOrderFiscal(const QString& qName, const QXmlAttribu
     if (qName == "receipe"_L1) {
         printRowFiscal(atts.value("department"_L1), atts.value("number"_L1),
                        atts.value("name"_L1).left(descriptionWidth), atts.value("price"_L1));
-    } else if (qName == "total"_L1) {
-        printRowFiscal(qName, atts);
-    }
-}
-
-void PrinterDriver::printAbstractOrderFiscal(const QString& qName, const QXmlAttributes& atts)
-{
-    if (qName == "receipe_type"_L1) {
-        // A dish type is sold as one unit, and under its whole name.
-        printRowFiscal(atts.value("department"_L1), QStringLiteral("1"), atts.value("name"_L1), atts.value("price"_L1));
     } else if (qName == "total"_L1) {
         printRowFiscal(qName, atts);
     }

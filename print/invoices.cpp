@@ -1,4 +1,4 @@
-// Invoices with their tax block, by dish (full) or by dish type (summary); delivery notes; the summary order.
+// Invoices with their tax block; delivery notes.
 
 #include "print/printerdriver.h"
 
@@ -16,18 +16,6 @@ void PrinterDriver::printFullOrderInvoice(const QString& qName, const QXmlAttrib
         printCustomerHeader(atts);
     else if (qName == "receipe"_L1)
         printItemRow(atts, QStringLiteral("qdpt"));
-    else if (qName == "totals"_L1)
-        printTaxBlock(atts);
-}
-
-void PrinterDriver::printAbstractOrderInvoice(const QString& qName, const QXmlAttributes& atts)
-{
-    if (printSections(qName, atts))
-        return;
-    if (qName == "customer"_L1)
-        printCustomerHeader(atts);
-    else if (qName == "receipe_type"_L1)
-        printTypeRow(atts);
     else if (qName == "totals"_L1)
         printTaxBlock(atts);
 }
@@ -52,9 +40,4 @@ void PrinterDriver::printFullOrderDelivery(const QString& qName, const QXmlAttri
         printCustomerHeader(atts);
     else
         printPartialOrder(qName, atts);
-}
-
-/// The summary order is not printed at all, its headers included.
-void PrinterDriver::printAbstractOrder(const QString&, const QXmlAttributes&)
-{
 }

@@ -10,7 +10,6 @@
 #include <QFile>
 
 #include <optional>
-#include <utility>
 
 using toolkit::operator""_L1;
 
@@ -117,14 +116,4 @@ void PrinterDriver::printRowFiscal(const QString&, const QXmlAttributes&)
 
 void PrinterDriver::printRowFiscal(const QString&, const QString&, const QString&, const QString&)
 {
-}
-
-bool PrinterDriver::printDuplicate()
-{
-    return invoice;
-}
-
-bool PrinterDriver::oneTime()
-{
-    return !std::exchange(oneTimeDone, true);
 }

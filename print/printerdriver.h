@@ -23,13 +23,13 @@ class TextWriter;
 /// thread. Widths are counted in characters (UTF-16 units).
 class PrinterDriver : public QXmlDefaultHandler {
 public:
+    // --- printerdriver.cpp: the output file, the XML events, the choice of the print method ---------------------
+
     /// Opens the output file @p path, emptying it unless @p append. When it cannot be opened, that is reported in
     /// one line on standard output, and the job runs with nothing written.
     PrinterDriver(const QString& path, bool append);
     /// Closes the file. Failed writes are not reported.
     ~PrinterDriver() override;
-
-    // --- XML events ---------------------------------------------------------------------------------------------
 
     bool startDocument() override;
     bool endDocument() override;
@@ -38,7 +38,7 @@ public:
                       const QXmlAttributes& atts) override;
     bool endElement(const QString& namespaceURI, const QString& localName, const QString& qName) override;
 
-    // --- The device ---------------------------------------------------------------------------------------------
+    // --- The device: each driver's own --------------------------------------------------------------------------
 
     /// Characters on a line of the device; the paper width where the settings give none.
     virtual int getPaperWidth() = 0;
@@ -71,7 +71,7 @@ public:
     virtual void printRowFiscal(const QString& department, const QString& quantity, const QString& description,
                                 const QString& price);
 
-    // --- Sections that the documents share (sections.cpp) -------------------------------------------------------
+    // --- sections.cpp: the sections that most documents share ---------------------------------------------------
     // Each prints nothing when its print flag is off. An absent attribute is an empty text.
 
     /// The top margin, with printGeometryFlag: as many empty lines as the setting "topMargin" says, at most 10,000.
@@ -94,41 +94,62 @@ public:
     /// Prints the element if it is one of the shared sections, and says whether it was. The customer block is none
     /// of them: the methods that have one print it themselves.
     virtual bool printSections(const QString& qName, const QXmlAttributes& atts);
-    /// Prints the column titles, the first time only, and only if oneTime() was not called before (rows.cpp).
+
+    // --- rows.cpp: rows, titles and totals ----------------------------------------------------------------------
+
+    /// Prints the column titles, the first time only, and only if oneTime() was not called before.
     virtual void printColumnsHeader(const QString& quantity, const QString& description, const QString& price,
                                     const QString& totalPrice);
+    /// True at the first call on this object and false ever after. Shared with printColumnsHeader(): whichever
+    /// comes first in a document is the only one to act.
+    bool oneTime();
+    /// One row of the document's columns, as print/rowlayout.h says; prints nothing.
+    QString descriptionRow(const QString& quantity, const QString& description, const QString& price,
+                           const QString& totalPrice, const QChar& fill, const QString& layout);
 
-    // --- Print methods: each prints one element of its kind of document -----------------------------------------
+    // The print methods: each prints one element of its kind of document.
 
-    // kitchenorders.cpp
+    // --- kitchenorders.cpp --------------------------------------------------------------------------------------
+
     virtual void printPartialOrder(const QString& qName, const QXmlAttributes& atts);
     virtual void printFullOrder(const QString& qName, const QXmlAttributes& atts);
-    // receipts.cpp
+
+    // --- receipts.cpp -------------------------------------------------------------------------------------------
+
     virtual void printFullOrderReceipt(const QString& qName, const QXmlAttributes& atts);
-    // invoices.cpp
+
+    // --- invoices.cpp -------------------------------------------------------------------------------------------
+
     virtual void printFullOrderInvoice(const QString& qName, const QXmlAttributes& atts);
     virtual void printFullOrderDelivery(const QString& qName, const QXmlAttributes& atts);
-    // fiscaldocuments.cpp
+
+    // --- fiscaldocuments.cpp ------------------------------------------------------------------------------------
+
     virtual void printFullOrderFiscal(const QString& qName, const QXmlAttributes& atts);
-    // The summaries, each in the file of its document; the order's in invoices.cpp.
+
+    // --- summarydocuments.cpp: by dish type ---------------------------------------------------------------------
+
     virtual void printAbstractOrder(const QString& qName, const QXmlAttributes& atts);
     virtual void printAbstractOrderReceipt(const QString& qName, const QXmlAttributes& atts);
     virtual void printAbstractOrderInvoice(const QString& qName, const QXmlAttributes& atts);
     virtual void printAbstractOrderFiscal(const QString& qName, const QXmlAttributes& atts);
-    // report.cpp
+
+    // --- report.cpp ---------------------------------------------------------------------------------------------
+
     virtual void printReport(const QString& qName, const QXmlAttributes& atts);
-    // accounts.cpp
+
+    // --- accounts.cpp -------------------------------------------------------------------------------------------
+
     virtual void printSold(const QString& qName, const QXmlAttributes& atts);
     virtual void printStatementOfAccount(const QString& qName, const QXmlAttributes& atts);
 
+    // --- The printed document -----------------------------------------------------------------------------------
+
     /// Whether the document wants a duplicate: true after an invoice was selected, false after a fiscal receipt.
-    virtual bool printDuplicate();
+    virtual bool printDuplicate() { return invoice; }
 
-    // --- Not virtual --------------------------------------------------------------------------------------------
+    // --- printsettings.cpp --------------------------------------------------------------------------------------
 
-    /// True at the first call on this object and false ever after. Shared with printColumnsHeader(): whichever
-    /// comes first in a document is the only one to act.
-    bool oneTime();
     /// The prefix of the settings of a document type, such as "zelmora.receiptdoc." for "receipt" in any letter
     /// case. An unknown type is reported on standard output and gives the "prefiscal" prefix.
     QString documentPath(const QString& type);
@@ -136,9 +157,6 @@ public:
     /// and the paper width is then the device's; widths are taken within 10,000 either way. A flag is set by the
     /// exact text "true" alone.
     void loadValues(const QString& type);
-    /// One row of the document's columns, as print/rowlayout.h says; prints nothing.
-    QString descriptionRow(const QString& quantity, const QString& description, const QString& price,
-                           const QString& totalPrice, const QChar& fill, const QString& layout);
 
 protected:
     ZMConfiguration* config; ///< the process-wide settings store, not owned
@@ -194,27 +212,35 @@ private:
         QString amount;
     };
 
+    // printerdriver.cpp
     static const PrintMethod* findMethod(const QString& name);
     bool selectMethod(const QString& name);
-    /// The setting docPath + key as an integer, 0 when absent or malformed.
-    int numberSetting(QLatin1String key) const;
-    /// The same, within 10,000 either way.
-    int widthSetting(QLatin1String key) const;
 
-    // Sections that are more than one operation (sections.cpp).
+    // sections.cpp: those that are more than one operation
     void choosePrinter(const QXmlAttributes& atts);
     void printHeadersAndPrinter(const QXmlAttributes& atts);
     void printLogoSection(const QXmlAttributes& atts);
 
-    // Rows that several kinds of document share (rows.cpp).
+    // rows.cpp: what several kinds of document share
     void printRow(const QString& quantity, const QString& description, const QString& price, const QString& totalPrice,
                   const QString& layout);
     void printTotal(const QString& amount);
     const ColumnTitles& columnTitles();
-    /// A dish or a dish type, after the column titles if it is the first.
+    /// A dish, after the column titles if it is the first.
     void printItemRow(const QXmlAttributes& atts, const QString& layout);
-    void printTypeRow(const QXmlAttributes& atts);
+
+    // invoices.cpp
     void printTaxBlock(const QXmlAttributes& atts);
+
+    // summarydocuments.cpp
+    /// A dish type, after the column titles if it is the first.
+    void printTypeRow(const QXmlAttributes& atts);
+
+    // printsettings.cpp
+    /// The setting docPath + key as an integer, 0 when absent or malformed.
+    int numberSetting(QLatin1String key) const;
+    /// The same, within 10,000 either way.
+    int widthSetting(QLatin1String key) const;
 
     ColumnTitles titles; ///< empty until columnTitles() was asked for them
 };

@@ -1,4 +1,4 @@
-// Receipts: the customer's bill dish by dish (full) or by dish type (summary).
+// Receipts: the customer's bill, dish by dish.
 
 #include "print/printerdriver.h"
 
@@ -22,21 +22,5 @@ void PrinterDriver::printFullOrderReceipt(const QString& qName, const QXmlAttrib
     } else if (qName == "notPaid"_L1) {
         println(QString());
         println(QObject::tr("    Amount not paid: ") + atts.value("price"_L1));
-    }
-}
-
-void PrinterDriver::printAbstractOrderReceipt(const QString& qName, const QXmlAttributes& atts)
-{
-    if (printSections(qName, atts))
-        return;
-    if (qName == "receipe_type"_L1) {
-        printTypeRow(atts);
-    } else if (qName == "total"_L1) {
-        println(QString());
-        printTotal(atts.value("price"_L1));
-    } else if (qName == "notPaid"_L1) {
-        println(QString());
-        // The one label that is never translated.
-        println("   Corrispettivo non pagato: "_L1 + atts.value("price"_L1));
     }
 }

@@ -7,6 +7,8 @@
 
 #include <QObject>
 
+#include <utility>
+
 using toolkit::operator""_L1;
 
 QString PrinterDriver::descriptionRow(const QString& quantity, const QString& description, const QString& price,
@@ -19,6 +21,11 @@ QString PrinterDriver::descriptionRow(const QString& quantity, const QString& de
 void PrinterDriver::printSeparatorLine()
 {
     println(QString().leftJustified(paperWidth, QLatin1Char('=')));
+}
+
+bool PrinterDriver::oneTime()
+{
+    return !std::exchange(oneTimeDone, true);
 }
 
 void PrinterDriver::printColumnsHeader(const QString& quantity, const QString& description, const QString& price,
@@ -51,15 +58,6 @@ void PrinterDriver::printItemRow(const QXmlAttributes& atts, const QString& layo
     printColumnsHeader(columns.number, columns.description, columns.price, columns.amount);
     printRow(atts.value("number"_L1), atts.value("name"_L1), atts.value("price"_L1), atts.value("totalPrice"_L1),
              layout);
-}
-
-/// The type's amount stands in the last column; the price column stays empty.
-void PrinterDriver::printTypeRow(const QXmlAttributes& atts)
-{
-    const ColumnTitles& columns = columnTitles();
-    printColumnsHeader(columns.number, columns.description, QString(), columns.price);
-    printRow(atts.value("number"_L1), atts.value("name"_L1), QString(), atts.value("price"_L1),
-             QStringLiteral("qxdpt"));
 }
 
 void PrinterDriver::printTotal(const QString& amount)

@@ -28,16 +28,13 @@ class TestFiscalDocuments : public QObject {
 private slots:
     void init();
 
-    void fullReceipt_data();
-    void fullReceipt();
-    void summaryReceipt_data();
-    void summaryReceipt();
+    void receipt_data();
+    void receipt();
     void descriptionWidth_data();
     void descriptionWidth();
     void hugeDescriptionWidth();
     void descriptionWidthIsTheDevicesOwn();
     void descriptionWidthIsReadAfreshForEachElement();
-    void otherElementsDoNothing_data();
     void otherElementsDoNothing();
 };
 
@@ -46,7 +43,7 @@ void TestFiscalDocuments::init()
     useSettings(documentSettings("fiscaldoc", allFlags));
 }
 
-void TestFiscalDocuments::fullReceipt_data()
+void TestFiscalDocuments::receipt_data()
 {
     addJobColumns();
 
@@ -74,36 +71,12 @@ void TestFiscalDocuments::fullReceipt_data()
     addJob("a dish type is not for this receipt", {{"receipe_type", {{"name", "PRIMI"}, {"price", "24.00"}}}}, {});
 }
 
-void TestFiscalDocuments::fullReceipt()
+void TestFiscalDocuments::receipt()
 {
     QFETCH(Job, job);
     QFETCH(QStringList, calls);
     RecordingDriver driver;
     QCOMPARE(callsOf(driver, "printFullOrderFiscal", job), calls);
-}
-
-void TestFiscalDocuments::summaryReceipt_data()
-{
-    addJobColumns();
-
-    addJob("a type is sold as one unit, whatever its number",
-           {{"receipe_type", {{"price", "24,00"}, {"name", "PRIMI"}, {"number", "5"}, {"department", "1"}}}},
-           {R"(printRowFiscal("1", "1", "PRIMI", "24,00"))"});
-    addJob("no attributes: empty texts and one unit", {{"receipe_type", {}}}, {R"(printRowFiscal("", "1", "", ""))"});
-    addJob("a name is never cut", {{"receipe_type", {{"name", "PRIMI PIATTI, ASCIUTTI E IN BRODO, E RISOTTI"}}}},
-           {R"(printRowFiscal("", "1", "PRIMI PIATTI, ASCIUTTI E IN BRODO, E RISOTTI", ""))"});
-    addJob("the total is passed on with all its attributes in their order",
-           {{"total", {{"ticket", "5"}, {"cash", "20,00"}}}}, {R"(printRowFiscal("total", ticket="5", cash="20,00"))"});
-    addJob("a dish is not for this receipt", {{"receipe", {{"name", "PIZZA"}, {"price", "3.50"}}}}, {});
-}
-
-void TestFiscalDocuments::summaryReceipt()
-{
-    QFETCH(Job, job);
-    QFETCH(QStringList, calls);
-    useSettings(documentSettings("fiscaldoc", "descriptionWidth = 4;"));
-    RecordingDriver driver;
-    QCOMPARE(callsOf(driver, "printAbstractOrderFiscal", job), calls);
 }
 
 void TestFiscalDocuments::descriptionWidth_data()
@@ -173,20 +146,11 @@ void TestFiscalDocuments::descriptionWidthIsReadAfreshForEachElement()
     QCOMPARE(driver.takeCalls(), QStringList {R"(printRowFiscal("", "", "ABCDEF", ""))"});
 }
 
-void TestFiscalDocuments::otherElementsDoNothing_data()
-{
-    QTest::addColumn<QString>("method");
-
-    QTest::newRow("full receipt") << "printFullOrderFiscal";
-    QTest::newRow("summary receipt") << "printAbstractOrderFiscal";
-}
-
 void TestFiscalDocuments::otherElementsDoNothing()
 {
-    QFETCH(QString, method);
     RecordingDriver driver;
 
-    QCOMPARE(callsOf(driver, method, otherElements), QStringList());
+    QCOMPARE(callsOf(driver, "printFullOrderFiscal", otherElements), QStringList());
     QCOMPARE(driver.printerName, QString());
     QCOMPARE(driver.credit, QString());
 }

@@ -18,31 +18,6 @@ QStringList taxBlock()
             "setCharSize()"};
 }
 
-/// What the tax block and the shared elements give in either invoice.
-void addRowsOfBothInvoices()
-{
-    addJob("the tax block: bold before the empty line, size after the total", {taxes}, taxBlock());
-    addJob("each tax block is printed", {taxes, taxes}, taxBlock() + taxBlock());
-    addJob("a tax block with a total only", {{"totals", {{"total", "12.20"}}}},
-           {"setBold()", R"(println(""))", R"(println("    Taxable..............       "))",
-            R"(println("    TaxRate..............       "))", R"(println("    Tax..................       "))",
-            R"(println("    TOTAL................  12.20"))", "setCharSize()"});
-    addJob("the total of the tax block is not the attribute price",
-           {{"totals", {{"price", "12.20"}, {"totalPrice", "12.20"}}}},
-           {"setBold()", R"(println(""))", R"(println("    Taxable..............       "))",
-            R"(println("    TaxRate..............       "))", R"(println("    Tax..................       "))",
-            R"(println("    TOTAL................       "))", "setCharSize()"});
-    addJob("amounts and rates are printed as they stand",
-           {{"totals", {{"total", "123456.78"}, {"tax", "-2,2"}, {"taxrate", "abc"}, {"taxable", " 1 "}}}},
-           {"setBold()", R"(println(""))", R"(println("    Taxable..............     1 "))",
-            R"(println("    TaxRate..............    abc"))", R"(println("    Tax..................   -2,2"))",
-            R"(println("    TOTAL................123456.78"))", "setCharSize()"});
-    addJob("the customer block", {{"customer", {{"name", "Rossi"}}}},
-           {R"(println("CUSTOMER"))", R"(println(1, "Rossi"))", separator()});
-    addJob("the invoice's number is a section", {{"invoice", {{"serialnumber", "7"}}}},
-           {R"(print(1, "Invoice Number:"))", R"(println(1, "7"))", separator()});
-}
-
 /// Notes what is printed as a partial order, and which sections are asked for.
 class PartialOrderDriver : public RecordingDriver {
 public:
@@ -63,29 +38,22 @@ public:
 
 } // namespace
 
-/// Invoices, delivery notes and the summary order.
+/// Invoices and delivery notes.
 class TestInvoices : public QObject {
     Q_OBJECT
 
 private slots:
     void init();
 
-    void fullInvoice_data();
-    void fullInvoice();
-    void summaryInvoice_data();
-    void summaryInvoice();
+    void invoice_data();
+    void invoice();
     void noTitlesAfterOneTime();
-    void labelsAreTranslated_data();
     void labelsAreTranslated();
 
     void deliveryNote_data();
     void deliveryNote();
     void deliveryNoteIsADriversPartialOrder();
     void deliveryNoteDoesNotAskForACustomersSection();
-
-    void summaryOrderPrintsNothing_data();
-    void summaryOrderPrintsNothing();
-    void summaryOrderKeepsNothing();
 };
 
 void TestInvoices::init()
@@ -93,10 +61,9 @@ void TestInvoices::init()
     useSettings(documentSettings("invoicedoc", "printCustomer = true;"));
 }
 
-void TestInvoices::fullInvoice_data()
+void TestInvoices::invoice_data()
 {
     addJobColumns();
-    addRowsOfBothInvoices();
 
     const QString titles = R"(println("Num Description     Price Amount"))";
     const Element dish {"receipe", {{"name", "PIZZA"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}};
@@ -114,83 +81,54 @@ void TestInvoices::fullInvoice_data()
     addJob("a name one wider loses its last character",
            {{"receipe", {{"name", "ABCDEFGHIJKLMNOP"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}}},
            {"setBold()", titles, "setCharSize()", R"(println("  2 ABCDEFGHIJKLMNO..3.50   7.00"))"});
+    addJob("the tax block: bold before the empty line, size after the total", {taxes}, taxBlock());
+    addJob("each tax block is printed", {taxes, taxes}, taxBlock() + taxBlock());
+    addJob("a tax block with a total only", {{"totals", {{"total", "12.20"}}}},
+           {"setBold()", R"(println(""))", R"(println("    Taxable..............       "))",
+            R"(println("    TaxRate..............       "))", R"(println("    Tax..................       "))",
+            R"(println("    TOTAL................  12.20"))", "setCharSize()"});
+    addJob("the total of the tax block is not the attribute price",
+           {{"totals", {{"price", "12.20"}, {"totalPrice", "12.20"}}}},
+           {"setBold()", R"(println(""))", R"(println("    Taxable..............       "))",
+            R"(println("    TaxRate..............       "))", R"(println("    Tax..................       "))",
+            R"(println("    TOTAL................       "))", "setCharSize()"});
+    addJob("amounts and rates are printed as they stand",
+           {{"totals", {{"total", "123456.78"}, {"tax", "-2,2"}, {"taxrate", "abc"}, {"taxable", " 1 "}}}},
+           {"setBold()", R"(println(""))", R"(println("    Taxable..............     1 "))",
+            R"(println("    TaxRate..............    abc"))", R"(println("    Tax..................   -2,2"))",
+            R"(println("    TOTAL................123456.78"))", "setCharSize()"});
+    addJob("the customer block", {{"customer", {{"name", "Rossi"}}}},
+           {R"(println("CUSTOMER"))", R"(println(1, "Rossi"))", separator()});
+    addJob("the invoice's number is a section", {{"invoice", {{"serialnumber", "7"}}}},
+           {R"(print(1, "Invoice Number:"))", R"(println(1, "7"))", separator()});
     addJob("other elements are ignored",
            elementsNamed({"variant", "receipe_type", "total", "notPaid", "Totals", "order"}), {});
 }
 
-void TestInvoices::fullInvoice()
+void TestInvoices::invoice()
 {
     checkJob("printFullOrderInvoice");
 }
 
-void TestInvoices::summaryInvoice_data()
-{
-    addJobColumns();
-    addRowsOfBothInvoices();
-
-    const QString titles = R"(println("Num Description            Price"))";
-    const Element type {"receipe_type", {{"price", "24.00"}, {"name", "PRIMI"}, {"number", "3"}}};
-    const QString row = R"(println("  3 x PRIMI..............  24.00"))";
-    addJob("two types after one row of titles, and the tax block", {type, type, taxes},
-           QStringList {"setBold()", titles, "setCharSize()", row, row} + taxBlock());
-    addJob("the amount is the attribute price alone",
-           {{"receipe_type", {{"totalPrice", "24.00"}, {"name", "PRIMI"}, {"number", "3"}}}},
-           {"setBold()", titles, "setCharSize()", R"(println("  3 x PRIMI..............       "))"});
-    addJob("a name one wider than its column loses its last character",
-           {{"receipe_type", {{"price", "24.00"}, {"name", "ABCDEFGHIJKLMN"}, {"number", "3"}}}},
-           {"setBold()", titles, "setCharSize()", R"(println("  3 x ABCDEFGHIJKLM......  24.00"))"});
-    addJob("other elements are ignored", elementsNamed({"variant", "receipe", "total", "notPaid", "Totals", "order"}),
-           {});
-}
-
-void TestInvoices::summaryInvoice()
-{
-    checkJob("printAbstractOrderInvoice");
-}
-
 void TestInvoices::noTitlesAfterOneTime()
 {
-    RecordingDriver full;
-    full.oneTime();
-    QCOMPARE(callsOf(full, "printFullOrderInvoice", {{"receipe", {{"name", "PIZZA"}, {"number", "2"}}}}),
+    RecordingDriver driver;
+
+    driver.oneTime();
+    QCOMPARE(callsOf(driver, "printFullOrderInvoice", {{"receipe", {{"name", "PIZZA"}, {"number", "2"}}}}),
              QStringList {R"(println("  2 PIZZA................       "))"});
-
-    RecordingDriver summary;
-    summary.oneTime();
-    QCOMPARE(callsOf(summary, "printAbstractOrderInvoice", {{"receipe_type", {{"name", "PRIMI"}, {"number", "2"}}}}),
-             QStringList {R"(println("  2 x PRIMI..............       "))"});
-}
-
-void TestInvoices::labelsAreTranslated_data()
-{
-    QTest::addColumn<QString>("method");
-    QTest::addColumn<QString>("element");
-    QTest::addColumn<QStringList>("rows");
-
-    QTest::newRow("full invoice") << "printFullOrderInvoice"
-                                  << "receipe"
-                                  << QStringList {R"(println("<Num> <Description>  <Price><Amount>"))",
-                                                  R"(println("  2 Taxable..............       "))"};
-    QTest::newRow("summary invoice") << "printAbstractOrderInvoice"
-                                     << "receipe_type"
-                                     << QStringList {R"(println("<Num> <Description>        <Price>"))",
-                                                     R"(println("  2 x Taxable............       "))"};
 }
 
 void TestInvoices::labelsAreTranslated()
 {
-    QFETCH(QString, method);
-    QFETCH(QString, element);
-    QFETCH(QStringList, rows);
     const MarkedTexts marked;
     RecordingDriver driver;
 
-    const QByteArray name = element.toUtf8();
-    const Job job {{name.constData(), {{"name", "Taxable"}, {"number", "2"}}}, {"totals", {{"tax", "Tax"}}}};
+    const Job job {{"receipe", {{"name", "Taxable"}, {"number", "2"}}}, {"totals", {{"tax", "Tax"}}}};
     const QStringList expected {"setBold()",
-                                rows[0],
+                                R"(println("<Num> <Description>  <Price><Amount>"))",
                                 "setCharSize()",
-                                rows[1],
+                                R"(println("  2 Taxable..............       "))",
                                 "setBold()",
                                 R"(println(""))",
                                 R"(println("    <Taxable>............       "))",
@@ -198,7 +136,7 @@ void TestInvoices::labelsAreTranslated()
                                 R"(println("    <Tax>................    Tax"))",
                                 R"(println("    <TOTAL>..............       "))",
                                 "setCharSize()"};
-    QCOMPARE(callsOf(driver, method, job), expected);
+    QCOMPARE(callsOf(driver, "printFullOrderInvoice", job), expected);
 }
 
 void TestInvoices::deliveryNote_data()
@@ -252,43 +190,6 @@ void TestInvoices::deliveryNoteDoesNotAskForACustomersSection()
     PartialOrderDriver invoice;
     callsOf(invoice, "printFullOrderInvoice", {{"customer", {}}});
     QCOMPARE(invoice.askedSections, QStringList {"customer"});
-}
-
-void TestInvoices::summaryOrderPrintsNothing_data()
-{
-    QTest::addColumn<QString>("element");
-
-    for (const char* name :
-         {"printers", "geometry",  "headers",  "logo",    "company",      "receipt",        "invoice",
-          "delivery", "orderinfo", "customer", "receipe", "otherreceipe", "receipe_type",   "variant",
-          "total",    "totals",    "notPaid",  "date",    "statement",    "statement_list", "unknown"})
-        QTest::newRow(name) << name;
-}
-
-void TestInvoices::summaryOrderPrintsNothing()
-{
-    QFETCH(QString, element);
-    useSettings(documentSettings("doc",
-                                 "printGeometry = true; topMargin = 2; printHeader = true; printCompany = true;"
-                                 " printCustomer = true; printTable = true;"));
-    PartialOrderDriver driver;
-
-    const QByteArray name = element.toUtf8();
-    QCOMPARE(callsOf(driver, "printAbstractOrder", {{name.constData(), {{"name", "a"}, {"price", "1"}}}}),
-             QStringList());
-    QCOMPARE(driver.askedSections, QStringList());
-    QCOMPARE(driver.partialOrder, QStringList());
-}
-
-void TestInvoices::summaryOrderKeepsNothing()
-{
-    useSettings(documentSettings("doc", "printCredit = true;"));
-    RecordingDriver driver;
-
-    callsOf(driver, "printAbstractOrder", {{"printers", {{"name", "Bar"}}}, {"orderinfo", {{"credit", "5.00"}}}});
-    QCOMPARE(driver.printerName, QString());
-    QCOMPARE(driver.credit, QString());
-    QCOMPARE(driver.oneTime(), true);
 }
 
 QTEST_GUILESS_MAIN(TestInvoices)

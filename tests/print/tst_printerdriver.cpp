@@ -6,10 +6,6 @@
 
 #include <optional>
 
-using Print = void (PrinterDriver::*)(const QString& qName, const QXmlAttributes& atts);
-
-Q_DECLARE_METATYPE(Print)
-
 namespace {
 
 struct Method {
@@ -173,14 +169,6 @@ private slots:
     void duplicateOfOneMethod();
     void duplicateOfTwoMethods_data();
     void duplicateOfTwoMethods();
-
-    void oneTimeIsTrueOnce();
-    void oneTimeIsEachDriversOwn();
-    void columnsHeaderAfterOneTimePrintsNothing();
-    void oneTimeAfterTheColumnsHeaderIsFalse();
-
-    void titlesOfAMethodThatIsCalledDirectly_data();
-    void titlesOfAMethodThatIsCalledDirectly();
 
     void fileIsMade();
     void fileIsEmptied();
@@ -495,71 +483,6 @@ void TestPrinterDriver::duplicateOfTwoMethods()
     selectMethod(driver, first);
     selectMethod(driver, second);
     QCOMPARE(driver.printDuplicate(), duplicate);
-}
-
-void TestPrinterDriver::oneTimeIsTrueOnce()
-{
-    RecordingDriver driver;
-
-    QCOMPARE(driver.oneTime(), true);
-    QCOMPARE(driver.oneTime(), false);
-    QCOMPARE(driver.oneTime(), false);
-}
-
-void TestPrinterDriver::oneTimeIsEachDriversOwn()
-{
-    RecordingDriver first;
-    RecordingDriver second;
-
-    QCOMPARE(first.oneTime(), true);
-    QCOMPARE(second.oneTime(), true);
-}
-
-void TestPrinterDriver::columnsHeaderAfterOneTimePrintsNothing()
-{
-    RecordingDriver driver;
-
-    driver.oneTime();
-    driver.printColumnsHeader("a", "b", "c", "d");
-    QCOMPARE(driver.takeCalls(), QStringList());
-}
-
-void TestPrinterDriver::oneTimeAfterTheColumnsHeaderIsFalse()
-{
-    RecordingDriver driver;
-
-    driver.printColumnsHeader("a", "b", "c", "d");
-    QCOMPARE(driver.oneTime(), false);
-}
-
-void TestPrinterDriver::titlesOfAMethodThatIsCalledDirectly_data()
-{
-    QTest::addColumn<Print>("print");
-    QTest::addColumn<QString>("element");
-    QTest::addColumn<QString>("titles");
-
-    const QString itemTitles = R"(println("Num Description     Price Amount"))";
-    const QString typeTitles = R"(println("Num Description            Price"))";
-    QTest::newRow("full order") << &PrinterDriver::printFullOrder << "receipe" << itemTitles;
-    QTest::newRow("receipt") << &PrinterDriver::printFullOrderReceipt << "receipe" << itemTitles;
-    QTest::newRow("invoice") << &PrinterDriver::printFullOrderInvoice << "receipe" << itemTitles;
-    QTest::newRow("summary receipt") << &PrinterDriver::printAbstractOrderReceipt << "receipe_type" << typeTitles;
-    QTest::newRow("summary invoice") << &PrinterDriver::printAbstractOrderInvoice << "receipe_type" << typeTitles;
-    QTest::newRow("statement of account") << &PrinterDriver::printStatementOfAccount << "statement_list"
-                                          << R"(println("Date           DescriptAmount"))";
-}
-
-void TestPrinterDriver::titlesOfAMethodThatIsCalledDirectly()
-{
-    QFETCH(Print, print);
-    QFETCH(QString, element);
-    QFETCH(QString, titles);
-    useSettings(documentSettings("receiptdoc"));
-    RecordingDriver driver;
-    driver.loadValues("receipt");
-
-    (driver.*print)(element, QXmlAttributes());
-    QCOMPARE(driver.takeCalls().value(1), titles);
 }
 
 void TestPrinterDriver::fileIsMade()

@@ -3,20 +3,17 @@
 
 #include <QtTest>
 
-/// The customer's bill, dish by dish and by dish type.
+/// The customer's bill, dish by dish.
 class TestReceipts : public QObject {
     Q_OBJECT
 
 private slots:
     void init();
 
-    void fullReceipt_data();
-    void fullReceipt();
-    void summaryReceipt_data();
-    void summaryReceipt();
+    void receipt_data();
+    void receipt();
     void noTitlesAfterOneTime();
-    void labelsOfTheFullReceiptAreTranslated();
-    void labelsOfTheSummaryReceiptAreTranslatedButOne();
+    void labelsAreTranslated();
 };
 
 void TestReceipts::init()
@@ -24,7 +21,7 @@ void TestReceipts::init()
     useSettings(documentSettings("receiptdoc", "printCustomer = true; printTable = true;"));
 }
 
-void TestReceipts::fullReceipt_data()
+void TestReceipts::receipt_data()
 {
     addJobColumns();
 
@@ -65,62 +62,21 @@ void TestReceipts::fullReceipt_data()
            elementsNamed({"variant", "otherreceipe", "receipe_type", "totals", "notpaid", "Total", "order"}), {});
 }
 
-void TestReceipts::fullReceipt()
+void TestReceipts::receipt()
 {
     checkJob("printFullOrderReceipt");
 }
 
-void TestReceipts::summaryReceipt_data()
-{
-    addJobColumns();
-
-    const QString titles = R"(println("Num Description            Price"))";
-    const Element type {"receipe_type", {{"price", "24.00"}, {"name", "PRIMI"}, {"number", "3"}}};
-    const QString row = R"(println("  3 x PRIMI..............  24.00"))";
-    addJob("a type, after the titles", {type}, {"setBold()", titles, "setCharSize()", row});
-    addJob("titles come once", {type, type}, {"setBold()", titles, "setCharSize()", row, row});
-    addJob("the amount is the attribute price alone",
-           {{"receipe_type", {{"totalPrice", "24.00"}, {"name", "PRIMI"}, {"number", "3"}}}},
-           {"setBold()", titles, "setCharSize()", R"(println("  3 x PRIMI..............       "))"});
-    addJob("no attributes: dots alone", {{"receipe_type", {}}},
-           {"setBold()", titles, "setCharSize()", R"(println("    x ...................       "))"});
-    addJob("a name one wider than its column loses its last character",
-           {{"receipe_type", {{"price", "24.00"}, {"name", "ABCDEFGHIJKLMN"}, {"number", "3"}}}},
-           {"setBold()", titles, "setCharSize()", R"(println("  3 x ABCDEFGHIJKLM......  24.00"))"});
-    addJob("the total, without bold or size", {{"total", {{"price", "12.50"}}}},
-           {R"(println(""))", R"(println("    TOTAL................  12.50"))"});
-    addJob("the total is the attribute price alone", {{"total", {{"total", "12.50"}}}},
-           {R"(println(""))", R"(println("    TOTAL................       "))"});
-    addJob("what is not paid", {{"notPaid", {{"price", "5.00"}}}},
-           {R"(println(""))", R"(println("   Corrispettivo non pagato: 5.00"))"});
-    addJob("what is not paid, without a price", {{"notPaid", {}}},
-           {R"(println(""))", R"(println("   Corrispettivo non pagato: "))"});
-    addJob("no customer block", {{"customer", {{"name", "Rossi"}}}}, {});
-    addJob("the order information", {{"orderinfo", {{"table", "12"}}}},
-           {"setCharSize()", R"(print(1, "Table:"))", R"(println(1, "12"))", separator()});
-    addJob("other elements are ignored",
-           elementsNamed({"variant", "receipe", "totals", "notpaid", "receipe_types", "order"}), {});
-}
-
-void TestReceipts::summaryReceipt()
-{
-    checkJob("printAbstractOrderReceipt");
-}
-
 void TestReceipts::noTitlesAfterOneTime()
 {
-    RecordingDriver full;
-    full.oneTime();
-    QCOMPARE(callsOf(full, "printFullOrderReceipt", {{"receipe", {{"name", "PIZZA"}, {"number", "2"}}}}),
-             QStringList {R"(println("  2 x PIZZA..............       "))"});
+    RecordingDriver driver;
 
-    RecordingDriver summary;
-    summary.oneTime();
-    QCOMPARE(callsOf(summary, "printAbstractOrderReceipt", {{"receipe_type", {{"name", "PRIMI"}, {"number", "2"}}}}),
-             QStringList {R"(println("  2 x PRIMI..............       "))"});
+    driver.oneTime();
+    QCOMPARE(callsOf(driver, "printFullOrderReceipt", {{"receipe", {{"name", "PIZZA"}, {"number", "2"}}}}),
+             QStringList {R"(println("  2 x PIZZA..............       "))"});
 }
 
-void TestReceipts::labelsOfTheFullReceiptAreTranslated()
+void TestReceipts::labelsAreTranslated()
 {
     const MarkedTexts marked;
     RecordingDriver driver;
@@ -131,20 +87,6 @@ void TestReceipts::labelsOfTheFullReceiptAreTranslated()
                                 R"(println(""))", R"(println("    <TOTAL>..............       "))",
                                 R"(println(""))", R"(println("<    Amount not paid: >Num"))"};
     QCOMPARE(callsOf(driver, "printFullOrderReceipt", job), expected);
-}
-
-void TestReceipts::labelsOfTheSummaryReceiptAreTranslatedButOne()
-{
-    const MarkedTexts marked;
-    RecordingDriver driver;
-
-    const Job job {
-        {"receipe_type", {{"name", "TOTAL"}, {"number", "2"}}}, {"total", {}}, {"notPaid", {{"price", "Num"}}}};
-    const QStringList expected {"setBold()",      R"(println("<Num> <Description>        <Price>"))",
-                                "setCharSize()",  R"(println("  2 x TOTAL..............       "))",
-                                R"(println(""))", R"(println("    <TOTAL>..............       "))",
-                                R"(println(""))", R"(println("   Corrispettivo non pagato: Num"))"};
-    QCOMPARE(callsOf(driver, "printAbstractOrderReceipt", job), expected);
 }
 
 QTEST_GUILESS_MAIN(TestReceipts)

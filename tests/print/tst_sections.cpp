@@ -85,7 +85,7 @@ public:
 
 } // namespace
 
-/// The sections that documents share, and what they are made of: titles, rules, the margin.
+/// The sections that documents share.
 class TestSections : public QObject {
     Q_OBJECT
 
@@ -120,14 +120,6 @@ private slots:
     void address();
 
     void printerInfo();
-    void separatorLine_data();
-    void separatorLine();
-    void columnsHeader_data();
-    void columnsHeader();
-    void columnsHeaderComesOnce();
-    void descriptionRowTakesTheDocumentsWidths_data();
-    void descriptionRowTakesTheDocumentsWidths();
-    void descriptionRowPrintsNothing();
 
     void labelsAreTranslated();
     void attributesAreNotTranslated();
@@ -496,112 +488,6 @@ void TestSections::printerInfo()
     driver.printPrinterInfo();
     const QStringList expected {"setCenterJustify()", R"(println("Kitchen"))", separator()};
     QCOMPARE(driver.takeCalls(), expected);
-}
-
-void TestSections::separatorLine_data()
-{
-    QTest::addColumn<int>("paperWidth");
-    QTest::addColumn<QString>("line");
-
-    QTest::newRow("as wide as the paper") << 12 << "============";
-    QTest::newRow("one") << 1 << "=";
-    QTest::newRow("zero: an empty line") << 0 << "";
-    QTest::newRow("negative: an empty line") << -5 << "";
-    QTest::newRow("huge") << 10000 << QString(10000, '=');
-}
-
-void TestSections::separatorLine()
-{
-    QFETCH(int, paperWidth);
-    QFETCH(QString, line);
-    RecordingDriver driver;
-    driver.paperWidth = paperWidth;
-
-    driver.printSeparatorLine();
-    QCOMPARE(driver.takeCalls(), QStringList {QString(R"(println("%1"))").arg(line)});
-}
-
-void TestSections::columnsHeader_data()
-{
-    QTest::addColumn<QStringList>("titles");
-    QTest::addColumn<QString>("line");
-
-    QTest::newRow("four titles, filled with blanks")
-        << QStringList {"Num", "Description", "Price", "Amount"} << R"(println("Num Description     Price Amount"))";
-    QTest::newRow("no price") << QStringList {"Num", "Description", "", "Price"}
-                              << R"(println("Num Description            Price"))";
-    QTest::newRow("wider than their columns")
-        << QStringList {"Number", "Description of the dish", "Unit price", "Total amount"}
-        << R"(println("Number Description of Unit priceTotal amount"))";
-    QTest::newRow("empty") << QStringList {"", "", "", ""} << R"(println("                                "))";
-}
-
-void TestSections::columnsHeader()
-{
-    QFETCH(QStringList, titles);
-    QFETCH(QString, line);
-    RecordingDriver driver;
-    load(driver);
-
-    driver.printColumnsHeader(titles[0], titles[1], titles[2], titles[3]);
-    const QStringList expected {"setBold()", line, "setCharSize()"};
-    QCOMPARE(driver.takeCalls(), expected);
-}
-
-void TestSections::columnsHeaderComesOnce()
-{
-    RecordingDriver driver;
-    load(driver);
-    driver.printColumnsHeader("Num", "Description", "Price", "Amount");
-    driver.takeCalls();
-
-    driver.printColumnsHeader("Num", "Description", "Price", "Amount");
-    driver.printColumnsHeader("other", "titles", "", "");
-    QCOMPARE(driver.takeCalls(), QStringList());
-}
-
-void TestSections::descriptionRowTakesTheDocumentsWidths_data()
-{
-    QTest::addColumn<QString>("layout");
-    QTest::addColumn<QString>("row");
-
-    QTest::newRow("qdpt") << "qdpt"
-                          << "  a b---------------------c      d";
-    QTest::newRow("qxdpt") << "qxdpt"
-                           << "  a x b-------------------c      d";
-    QTest::newRow("qxdtDoubleLine") << "qxdtDoubleLine"
-                                    << "a x c\nb--------------------------------d";
-    QTest::newRow("qxd") << "qxd"
-                         << "  a x b---------------------------";
-    QTest::newRow("qd") << "qd"
-                        << "  a b                           ";
-    QTest::newRow("date-amount-type") << "date-amount-type"
-                                      << "a              b--------------c";
-    QTest::newRow("unknown") << "columns"
-                             << "";
-}
-
-void TestSections::descriptionRowTakesTheDocumentsWidths()
-{
-    QFETCH(QString, layout);
-    QFETCH(QString, row);
-    RecordingDriver driver;
-    driver.paperWidth = 34;
-    driver.quantityFieldWidth = 3;
-    driver.priceFieldWidth = 6;
-    driver.totalPriceFieldWidth = 7;
-
-    QCOMPARE(driver.descriptionRow("a", "b", "c", "d", '-', layout), row);
-}
-
-void TestSections::descriptionRowPrintsNothing()
-{
-    RecordingDriver driver;
-    load(driver);
-
-    driver.descriptionRow("a", "b", "c", "d", '.', "qdpt");
-    QCOMPARE(driver.takeCalls(), QStringList());
-    QCOMPARE(driver.oneTime(), true);
 }
 
 void TestSections::labelsAreTranslated()

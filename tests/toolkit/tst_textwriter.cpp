@@ -60,8 +60,8 @@ void TestTextWriter::bytes_data()
     QTest::newRow("the locale's encoding") << true << QStringList {"Caffè ", "5 €"} << QByteArray("Caff\xe8 5 \xa4");
     QTest::newRow("what the locale lacks") << true << QStringList {"a漢b"} << QByteArray("a?b");
     QTest::newRow("line ends stay") << false << QStringList {"a\r\nb\nc\r"} << QByteArray("a\r\nb\nc\r");
-    QTest::newRow("a NUL is a character") << false << QStringList {QString("a") + QChar(0) + 'b'}
-                                          << QByteArray("a\0b", 3);
+    QTest::newRow("a NUL is a character")
+        << false << QStringList {QString("a") + QChar(0) + 'b'} << QByteArray("a\0b", 3);
     QTest::newRow("half of a character") << false << QStringList {emoji.left(1), "a", emoji.mid(1), "b"}
                                          << QByteArray("?a?b");
     QTest::newRow("half of a character at the end, which waits for the other")
@@ -87,7 +87,8 @@ void TestTextWriter::littleWaitsForTheEnd()
 {
     {
         TextWriter writer(*file, TextEncoder::Encoding::Utf8);
-        writer << "one " << "two";
+        writer << "one "
+               << "two";
         QCOMPARE(contents(), QByteArray());
     }
     QCOMPARE(contents(), QByteArray("one two"));
@@ -117,7 +118,10 @@ void TestTextWriter::characterSplitBetweenTwoWrites()
         TextWriter writer(*file, TextEncoder::Encoding::Utf8);
         writer << QString(60000, 'a') + emoji.left(1) << emoji.mid(1) + "b";
     }
-    QCOMPARE(contents(), QByteArray(60000, 'a') + "\xf0\x9f\x98\x80" "b");
+    QCOMPARE(contents(),
+             QByteArray(60000, 'a')
+                 + "\xf0\x9f\x98\x80"
+                   "b");
 }
 
 void TestTextWriter::nothingFollowsAFailedWrite()
