@@ -2,6 +2,7 @@
 
 #include "print/printerdriver.h"
 
+#include "config/documentgroups.h"
 #include "config/zmconfiguration.h"
 #include "toolkit/console.h"
 #include "toolkit/literals.h"
@@ -14,29 +15,13 @@ using toolkit::operator""_L1;
 
 QString PrinterDriver::documentPath(const QString& type)
 {
-    struct DocumentType {
-        QLatin1String name;
-        QLatin1String path;
-    };
-    // clang-format off
-    static constexpr DocumentType types[] = {
-        {"order"_L1, "zelmora.doc."_L1},
-        {"prefiscal"_L1, "zelmora.prefiscaldoc."_L1},
-        {"fiscal"_L1, "zelmora.fiscaldoc."_L1},
-        {"receipt"_L1, "zelmora.receiptdoc."_L1},
-        {"invoice"_L1, "zelmora.invoicedoc."_L1},
-        {"delivery"_L1, "zelmora.deliverydoc."_L1},
-        {"report"_L1, "zelmora.reportdoc."_L1},
-        {"sold"_L1, "zelmora.solddoc."_L1},
-    };
-    // clang-format on
     const QString name = type.toLower();
-    for (const DocumentType& candidate : types) {
-        if (name == candidate.name)
-            return candidate.path;
+    QLatin1String group = documentgroups::ofType(name);
+    if (group.isEmpty()) {
+        toolkit::writeLine("Error into PrinterDriver::documentPath:  " + toolkit::localeText(name));
+        group = documentgroups::prefiscal;
     }
-    toolkit::writeLine("Error into PrinterDriver::documentPath:  " + toolkit::localeText(name));
-    return "zelmora.prefiscaldoc."_L1;
+    return "zelmora."_L1 + group + QLatin1Char('.');
 }
 
 int PrinterDriver::numberSetting(QLatin1String key) const

@@ -1,5 +1,6 @@
 #include "util/hlibrary.h"
 
+#include "config/documentgroups.h"
 #include "config/zmconfiguration.h"
 #include "toolkit/console.h"
 #include "toolkit/literals.h"
@@ -9,33 +10,14 @@ using toolkit::operator""_L1;
 
 namespace {
 
-struct DocumentType {
-    QLatin1String type;
-    QLatin1String group; ///< of the settings
-};
-
-constexpr QLatin1String prefiscalGroup = "prefiscaldoc"_L1;
-
-// clang-format off
-constexpr DocumentType documentTypes[] = {
-    {"order"_L1, "doc"_L1},
-    {"prefiscal"_L1, prefiscalGroup},
-    {"fiscal"_L1, "fiscaldoc"_L1},
-    {"receipt"_L1, "receiptdoc"_L1},
-    {"invoice"_L1, "invoicedoc"_L1},
-    {"delivery"_L1, "deliverydoc"_L1},
-    {"report"_L1, "reportdoc"_L1},
-};
-// clang-format on
-
-QLatin1String groupOf(const QString& type)
+/// The settings group in which the number of copies of such documents stands. The list of dishes sold has none.
+QLatin1String groupWithCopies(const QString& type)
 {
-    for (const DocumentType& known : documentTypes) {
-        if (type == known.type)
-            return known.group;
-    }
+    const QLatin1String group = type == "sold"_L1 ? QLatin1String() : documentgroups::ofType(type);
+    if (!group.isEmpty())
+        return group;
     toolkit::writeLine(toolkit::localeText("Error into HLibrary::copyNumber::documentPath: "_L1 + type));
-    return prefiscalGroup;
+    return documentgroups::prefiscal;
 }
 
 const ZMConfiguration& settings()
@@ -58,7 +40,7 @@ QString HLibrary::pathWithBinaryFile(const QString& name)
 QString HLibrary::copyNumber(const QString& documentType)
 {
     const ZMConfiguration& store = settings(); // first: what it says of a missing file comes before an unknown type
-    return store.getStrValue("zelmora."_L1 + groupOf(documentType.toLower()) + ".copyNumber"_L1);
+    return store.getStrValue("zelmora."_L1 + groupWithCopies(documentType.toLower()) + ".copyNumber"_L1);
 }
 
 QString HLibrary::dbname()
