@@ -11,6 +11,8 @@ private slots:
     void catalogue();
     void encoding_data();
     void encoding();
+    void variables_data();
+    void variables();
     void pathInAMessageIsInTheLocalesEncoding();
 };
 
@@ -92,6 +94,50 @@ void TestLanguage::encoding()
                        "<receipe_type name='\xc3\xa8|\xe2\x82\xac|\xe6\xbc\xa2|\xf0\x9f\x8d\x95'/></job>"),
              "CLEAR \r\nCHIAVE REG\r\nVEND REP=,QTY=1,PREZZO=,DES='" + printed + "'\r\nCHIUS T=1\r\n");
     QCOMPARE(run.standardOutput + run.standardError, QByteArray());
+}
+
+void TestLanguage::variables_data()
+{
+    QTest::addColumn<QStringList>("variables");
+    QTest::addColumn<bool>("italian"); // the labels, by the file "/"
+    QTest::addColumn<QByteArray>("bytes"); // of e with grave accent
+
+    const QByteArray utf8 = "\xc3\xa8", latin = "\xe8";
+    const QString italian = "it_IT.ISO-8859-15";
+    const auto row = [](const char* name, const QStringList& variables, bool inItalian, const QByteArray& bytes) {
+        QTest::newRow(name) << variables << inItalian << bytes;
+    };
+    row("none is set", {}, false, utf8);
+    row("LANG alone gives both", {"LANG=" + italian}, true, latin);
+    row("LC_ALL goes before the others", {"LC_ALL=" + italian, "LC_MESSAGES=C", "LC_CTYPE=C", "LANG=C"}, true, latin);
+    row("LC_MESSAGES gives the language", {"LC_MESSAGES=" + italian, "LANG=C"}, true, utf8);
+    row("LC_CTYPE gives the encoding", {"LC_CTYPE=" + italian, "LANG=C"}, false, latin);
+    row("LANGUAGE goes before LC_ALL", {"LANGUAGE=en", "LC_ALL=" + italian}, false, latin);
+    row("LANGUAGE gives the language alone", {"LANGUAGE=it", "LANG=C.UTF-8"}, true, utf8);
+    row("LANGUAGE: the first that it lists", {"LANGUAGE=it:en", "LANG=C.UTF-8"}, true, utf8);
+    row("LANGUAGE: no other that it lists", {"LANGUAGE=de:it", "LANG=" + italian}, false, latin);
+    row("LANGUAGE is not asked in the C locale", {"LANGUAGE=it", "LANG=C"}, false, utf8);
+    row("LANGUAGE is not asked in the POSIX locale", {"LANGUAGE=it", "LC_ALL=POSIX", "LANG=" + italian}, false, utf8);
+    row("LANGUAGE is not asked without a locale", {"LANGUAGE=it"}, false, utf8);
+}
+
+void TestLanguage::variables()
+{
+    QFETCH(QStringList, variables);
+    QFETCH(bool, italian);
+    QFETCH(QByteArray, bytes);
+
+    ProgramRun run;
+    QVERIFY(QFile::copy(ZELMORA_CATALOGUE, run.path("zelmora_it.qm")));
+    run.setSettings("zelmora: { language: { basedir = .; file = /; }; };");
+    run.setEnvironment("LC_ALL", QString()); // an empty one counts as absent
+    for (const QString& variable : variables)
+        run.setEnvironment(variable.section('=', 0, 0).toLatin1().constData(), variable.section('=', 1));
+
+    const QByteArray label = italian ? "Numero progressivo: " : "Serial Number: ";
+    const QByteArray script =
+        run.print("<job><method name='printFullOrderReceipt'/><receipt serialnumber='\xc3\xa8'/></job>");
+    QVERIFY2(script.contains("nofis riga=' " + label + bytes + "'\r\n"), script.constData());
 }
 
 void TestLanguage::pathInAMessageIsInTheLocalesEncoding()

@@ -675,6 +675,7 @@ void TestXmlReader::entitySize_data()
     QTest::newRow("too large by references alone")
         << entity("a", hundred) + entity("e", QByteArray("&a;").repeated(10)) << refused;
     QTest::newRow("a reference to a later entity") << entity("e", "&a;") + entity("a", "x") << refused;
+    QTest::newRow("a reference to an entity that is never declared") << entity("e", "&a;") << refused;
     QTest::newRow("a parameter entity of 1,001 characters")
         << entity("% p", hundred.repeated(10) + 'x') + entity("e", "x") << refused;
     QTest::newRow("a large entity that nobody refers to")
