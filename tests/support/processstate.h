@@ -2,11 +2,13 @@
 #define ZELMORA_TESTS_SUPPORT_PROCESSSTATE_H
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include <cstddef>
 #include <malloc.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #ifdef __SANITIZE_ADDRESS__
 extern "C" std::size_t __sanitizer_get_current_allocated_bytes(); // whose header is not always installed
@@ -38,24 +40,53 @@ inline int timesOpen(const QString& path)
     return count;
 }
 
-/// As long as it lives, no file may grow beyond @p bytes: a disk that is full.
-class FileSizeLimit {
+/// As long as it lives, this process has no more than @p most of a resource.
+class ResourceLimit {
 public:
-    explicit FileSizeLimit(rlim_t bytes)
+    ResourceLimit(decltype(RLIMIT_FSIZE) limited, rlim_t most)
+        : resource(limited)
     {
-        getrlimit(RLIMIT_FSIZE, &previous);
-        const rlimit limited {bytes, previous.rlim_max};
-        if (setrlimit(RLIMIT_FSIZE, &limited) != 0)
-            qFatal("The file size can't be limited.");
+        getrlimit(resource, &previous);
+        const rlimit limit {most, previous.rlim_max};
+        if (setrlimit(resource, &limit) != 0)
+            qFatal("The resource can't be limited.");
     }
 
-    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &previous); }
+    ~ResourceLimit() { setrlimit(resource, &previous); }
 
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+    ResourceLimit(const ResourceLimit&) = delete;
+    ResourceLimit& operator=(const ResourceLimit&) = delete;
 
 private:
+    const decltype(RLIMIT_FSIZE) resource;
     rlimit previous;
+};
+
+/// As long as it lives, no file may grow beyond @p bytes: a disk that is full.
+class FileSizeLimit : ResourceLimit {
+public:
+    explicit FileSizeLimit(rlim_t bytes)
+        : ResourceLimit(RLIMIT_FSIZE, bytes)
+    {
+    }
+};
+
+/// As long as it lives, this process gets no more than about @p bytes of memory beside what it has.
+class MemoryLimit : ResourceLimit {
+public:
+    explicit MemoryLimit(rlim_t bytes)
+        : ResourceLimit(RLIMIT_AS, addressSpace() + bytes)
+    {
+    }
+
+private:
+    static rlim_t addressSpace()
+    {
+        QFile file(QStringLiteral("/proc/self/statm")); // in pages, the whole first
+        if (!file.open(QIODevice::ReadOnly))
+            qFatal("The size of this process can't be read.");
+        return file.readAll().split(' ').first().toULongLong() * static_cast<rlim_t>(sysconf(_SC_PAGESIZE));
+    }
 };
 
 #endif

@@ -1,19 +1,8 @@
 #include "support/programrun.h"
 
-#include <QDir>
-#include <QFile>
+#include "support/files.h"
+
 #include <QProcess>
-
-namespace {
-
-void writeWhole(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("%s can't be written.", qPrintable(path));
-}
-
-} // namespace
 
 ProgramRun::ProgramRun()
     : workingFolder(folder.path())
@@ -53,7 +42,7 @@ QString ProgramRun::path(const char* name) const
 
 QString ProgramRun::writeFile(const char* name, const QByteArray& bytes) const
 {
-    writeWhole(path(name), bytes);
+    writeBytes(path(name), bytes);
     return path(name);
 }
 
@@ -99,8 +88,8 @@ QByteArray difference(const QByteArray& expected, const QByteArray& actual)
     const QTemporaryDir folder;
     const QString expectedPath = folder.filePath(QStringLiteral("expected"));
     const QString actualPath = folder.filePath(QStringLiteral("actual"));
-    writeWhole(expectedPath, expected);
-    writeWhole(actualPath, actual);
+    writeBytes(expectedPath, expected);
+    writeBytes(actualPath, actual);
     QProcess diff;
     diff.start(QStringLiteral("diff"), {QStringLiteral("-u"), expectedPath, actualPath});
     diff.waitForFinished();
