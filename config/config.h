@@ -7,7 +7,6 @@
 
 #include <memory>
 
-class QFileDevice;
 class QIODevice;
 class QTextStream;
 class QTreeWidget;
@@ -54,9 +53,13 @@ public:
     /// Writes the tree to the file @p path, or to the one it was read from when that is empty: the settings of the
     /// root element and its first group, in UTF-8. Further top-level groups, which no look-up reaches, are left out.
     ///
-    /// The old file stays whole until the new one is complete, and also, without a word, when the new one cannot be
-    /// written. An existing file keeps its permissions and, as far as the user may, its owner; of a link the file it
-    /// points to is written. A device or a pipe is written directly.
+    /// The old file stays whole until the new one is complete and on the disk, and also, without a word, when the new
+    /// one cannot be written. An existing file keeps its permissions and, as far as the user may, its owner; of a link
+    /// the file it points to is written. A device or a pipe is written directly.
+    ///
+    /// Where no new file can take the old one's place (the user may write the file but not its folder, the folder is
+    /// sticky and the file another's, something is mounted on it), the old one is overwritten as it is. When that
+    /// fails, what it held is written back; a crash in the middle can lose it.
     ///
     /// The name of the file is written in the toolkit's encoding for file names, also where the reader found a file by
     /// the 8-bit form of its name alone.
@@ -121,7 +124,10 @@ protected:
     /// The names of a group's settings in their order; in that of their names when the group came from elsewhere.
     QStringList settingNames(const QDomElement& group) const;
     /// Writes the tree in the format @p fileFormat, as buildConfigFile() does. Empty when that succeeded, else the
-    /// system's reason. An unknown format writes nothing.
+    /// reason, which in nearly all cases is the system's ("No space left on device"). Then the file is as it was, or
+    /// the reason says that it could not be brought back. An unknown format writes nothing. Settings that take more
+    /// than 2 GiB when they are written are not written: a group's lines are indented by its depth, so that a small
+    /// file of deeply nested groups can become that large.
     QString writeFile(const QString& path, const QString& fileFormat) const;
     /// The tree that @p list shows, in place of the old one; nothing is written.
     void rebuildTree(const QTreeWidget& list);
@@ -136,11 +142,12 @@ private:
     static void setSetting(QDomElement group, QStringList& names, const QString& name, const QString& value);
     void begin(const QString& file, const QString& fileFormat);
     void newDocument();
-    bool writeTree(QFileDevice& file, const QString& fileFormat) const;
+    bool writeTree(QIODevice& device, const QString& fileFormat) const;
     void writeTree(QTextStream& out, const QString& fileFormat) const;
     void writeGroup(const QDomElement& group, QTextStream& out, const QString& indentation, QString& heads) const;
     void writeElement(const QDomElement& element, QTextStream& out, const QString& indentation) const;
-    void writeSettings(const QDomElement& group, QTextStream& out, const QString& indentation) const;
+    /// A line for each setting, between @p before its name and @p after its value.
+    void writeSettings(const QDomElement& group, QTextStream& out, const QString& before, const QString& after) const;
     void readTopLevel();
     LevelEnd readLevel(QDomElement element, QDomNode parent);
     void readXml(QIODevice& device);

@@ -5,17 +5,16 @@
 #include "config/config.h"
 
 #include "toolkit/console.h"
+#include "toolkit/filereplacement.h"
 #include "toolkit/literals.h"
 #include "toolkit/localecodec.h"
-#include "toolkit/writesignals.h"
 
-#include <QFile>
-#include <QSaveFile>
+#include <QBuffer>
 #include <QTextStream>
 
 #include <cerrno>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <limits>
+#include <new>
 
 using toolkit::operator""_L1;
 
@@ -24,26 +23,49 @@ namespace libconfig {
 namespace {
 
 const QString indentationStep = QStringLiteral("    ");
+const QString braceSettingEnd = QStringLiteral("\";\n");
 
-/// What root saves for another user stays that user's. Others may not give files away, but keep a group of theirs.
-void keepOwner(const QFileDevice& file, const struct stat& old)
-{
-    const uid_t unchanged = static_cast<uid_t>(-1);
-    if (fchown(file.handle(), old.st_uid, old.st_gid) != 0 && fchown(file.handle(), unchanged, old.st_gid) != 0)
-        return; // then the permissions are for the new owner
-}
+/// What a byte array holds at most, less some room for its own head.
+const qint64 mostBytes = std::numeric_limits<int>::max() - 64;
 
-/// A full disk takes a part first, without an error; the reason comes with the next write.
-bool writeAll(QFileDevice& file, const QByteArray& bytes)
+/// Counts what is written to it, and takes no more than a byte array could hold: indented by its depth, a small file
+/// of nested groups can become any size.
+class ByteCounter : public QIODevice {
+public:
+    ByteCounter() { open(WriteOnly | Unbuffered); }
+
+    int count() const { return static_cast<int>(bytes); }
+
+protected:
+    qint64 readData(char*, qint64) override { return -1; }
+
+    qint64 writeData(const char*, qint64 size) override
+    {
+        if (size > mostBytes - bytes)
+            return -1;
+        bytes += size;
+        return size;
+    }
+
+private:
+    qint64 bytes = 0;
+};
+
+/// False when there is not as much memory.
+bool reserve(QByteArray& bytes, int size)
 {
-    qint64 size = 0;
-    while (size < bytes.size()) {
-        const qint64 written = file.write(bytes.constData() + size, bytes.size() - size);
-        if (written <= 0)
-            return false;
-        size += written;
+    try {
+        bytes.reserve(size);
+    } catch (const std::bad_alloc&) {
+        return false;
     }
     return true;
+}
+
+/// A stream that has failed keeps all that follows.
+bool goesOn(const QTextStream& out)
+{
+    return out.status() != QTextStream::WriteFailed;
 }
 
 } // namespace
@@ -62,37 +84,31 @@ QString Config::writeFile(const QString& path, const QString& fileFormat) const
 {
     if (fileFormat != "cfg"_L1 && fileFormat != "xml"_L1)
         return QString();
-    const toolkit::WriteSignalsBlocked writeSignalsBlocked;
-    const QString target = path.isEmpty() ? fileName : path;
-    struct stat old;
-    const bool exists = stat(QFile::encodeName(target).constData(), &old) == 0;
-    const bool isReplaceable = exists ? S_ISREG(old.st_mode) : errno == ENOENT;
-    if (!isReplaceable) {
-        QFile file(target); // a save file would take the place of the device or the pipe
-        return writeTree(file, fileFormat) ? QString() : file.errorString();
-    }
-    QSaveFile file(target);
-    if (!writeTree(file, fileFormat))
-        return file.errorString();
-    if (exists)
-        keepOwner(file, old);
-    return file.commit() ? QString() : file.errorString();
+    ByteCounter counter;
+    if (!writeTree(counter, fileFormat))
+        return QStringLiteral("the settings are larger than 2 GiB");
+    QByteArray bytes;
+    if (!reserve(bytes, counter.count()))
+        return qt_error_string(ENOMEM);
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    writeTree(buffer, fileFormat);
+    return toolkit::replaceFile(path.isEmpty() ? fileName : path, bytes);
 }
 
-bool Config::writeTree(QFileDevice& file, const QString& fileFormat) const
+bool Config::writeTree(QIODevice& device, const QString& fileFormat) const
 {
-    QByteArray bytes;
-    QTextStream out(&bytes);
+    QTextStream out(&device);
     out.setCodec("UTF-8");
     writeTree(out, fileFormat);
     out.flush();
-    return file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && writeAll(file, bytes);
+    return out.status() == QTextStream::Ok;
 }
 
 void Config::writeTree(QTextStream& out, const QString& fileFormat) const
 {
     const QDomElement root = rootElement();
-    writeSettings(root, out, QString());
+    writeSettings(root, out, QString(), braceSettingEnd);
     if (fileFormat == "xml"_L1)
         buildConfigXmlFile(root.firstChild(), out);
     else
@@ -113,14 +129,14 @@ void Config::buildConfigXmlFile(QDomNode node, QTextStream& out) const
 /// @p heads are those of the groups around that are not written yet: they wait for a setting, which may never come.
 void Config::writeGroup(const QDomElement& group, QTextStream& out, const QString& indentation, QString& heads) const
 {
-    if (group.isNull())
+    if (group.isNull() || !goesOn(out))
         return;
     const QString head = indentation + group.tagName() + ": \n"_L1 + indentation + "{\n"_L1;
     heads += head;
     if (group.hasAttributes()) {
         out << heads;
         heads.clear();
-        writeSettings(group, out, indentation + indentationStep);
+        writeSettings(group, out, indentation + indentationStep, braceSettingEnd);
     }
     for (QDomNode child = group.firstChild(); !child.isNull(); child = child.nextSibling())
         writeGroup(child.toElement(), out, indentation + indentationStep, heads);
@@ -130,19 +146,21 @@ void Config::writeGroup(const QDomElement& group, QTextStream& out, const QStrin
         heads.chop(head.size());
 }
 
-void Config::writeSettings(const QDomElement& group, QTextStream& out, const QString& indentation) const
+void Config::writeSettings(const QDomElement& group, QTextStream& out, const QString& before,
+                           const QString& after) const
 {
-    for (const QString& name : settingNames(group))
-        out << indentation << name << " = \"" << group.attribute(name) << "\";\n";
+    for (const QString& name : settingNames(group)) {
+        if (goesOn(out))
+            out << before << name << " = \"" << group.attribute(name) << after;
+    }
 }
 
 void Config::writeElement(const QDomElement& element, QTextStream& out, const QString& indentation) const
 {
-    if (element.isNull())
+    if (element.isNull() || !goesOn(out))
         return;
     out << '\n' << indentation << '<' << element.tagName();
-    for (const QString& name : settingNames(element))
-        out << '\n' << indentation << indentationStep << name << " = \"" << element.attribute(name) << '"';
+    writeSettings(element, out, "\n"_L1 + indentation + indentationStep, QStringLiteral("\""));
     out << ">\n";
     for (QDomNode child = element.firstChild(); !child.isNull(); child = child.nextSibling())
         writeElement(child.toElement(), out, indentation + indentationStep);

@@ -3,9 +3,8 @@
 
 #include "config/config.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
+#include "support/files.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -20,20 +19,6 @@ public:
     using Config::settingNames;
     using Config::writeFile;
 };
-
-/// For QTemporaryDir: in memory where there is such a place, because each saved file waits for the disk otherwise.
-inline QString scratchFolder()
-{
-    return QFileInfo(QStringLiteral("/dev/shm")).isWritable() ? QStringLiteral("/dev/shm/zelmora-XXXXXX")
-                                                              : QDir::tempPath() + QStringLiteral("/zelmora-XXXXXX");
-}
-
-inline void writeBytes(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("%s can't be written.", qPrintable(path));
-}
 
 /// The settings of @p group, a line "depth name = value" for each.
 inline QStringList settingLines(const OpenConfig& config, const QDomElement& group, int depth)

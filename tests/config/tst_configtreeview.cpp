@@ -2,12 +2,12 @@
 #include "settingstree.h"
 
 #include "support/capture.h"
+#include "support/ownprocess.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QHeaderView>
 #include <QPointer>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTreeWidget>
 #include <QtTest>
@@ -262,14 +262,8 @@ void TestConfigTreeView::order()
     }
     writeBytes(path(), format == "cfg" ? brace + "};" : xml + "/>");
 
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("QT_HASH_SEED", hashSeed);
-    QProcess process;
-    process.setProcessEnvironment(environment);
-    process.start(QCoreApplication::applicationFilePath(), {listOnly, path(), format});
-    QVERIFY(process.waitForFinished());
-    QCOMPARE(process.exitCode(), 0);
-    QCOMPARE(difference(expected, process.readAllStandardOutput()), QByteArray());
+    const QByteArray list = outputOfOwnProcess({listOnly, path(), format}, {"QT_HASH_SEED=" + hashSeed});
+    QCOMPARE(difference(expected, list), QByteArray());
 }
 
 void TestConfigTreeView::elementOfAnotherDocument()
