@@ -107,8 +107,6 @@ private:
     void logError(const QString& text);
     /// @p sql executed and shown. Its method text is that of all three select operations.
     QSqlQuery selectQuery(const QString& sql, QSqlDatabase* db);
-    /// The text of a value of the current row; NULL is empty, a floating-point number has up to 15 digits.
-    static QString textOf(const QSqlQuery& query, int column);
     QSqlQuery shownQuery(const QString& method, const QString& sql, QSqlDatabase* db);
 
     Logger* logger; ///< of the log manager, null if none was set

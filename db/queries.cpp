@@ -1,9 +1,27 @@
 #include "db/databasemanager.h"
 
-#include "toolkit/numbertext.h"
+#include "db/columntext.h"
 
 #include <QSqlQuery>
 #include <QVariant>
+
+namespace {
+
+/// @p sql executed so that numeric columns arrive with all their digits, zeros too. A query takes that from its
+/// connection, which may be a program's own and stays as it was.
+///
+/// Not by way of the query's constructor: that takes the default connection for an invalid one too, and does not tell
+/// the connection the error, which programs ask it for.
+QSqlQuery executed(const QString& sql, QSqlDatabase& connection)
+{
+    const QSql::NumericalPrecisionPolicy policy = connection.numericalPrecisionPolicy();
+    connection.setNumericalPrecisionPolicy(QSql::HighPrecision);
+    QSqlQuery query = connection.exec(sql);
+    connection.setNumericalPrecisionPolicy(policy);
+    return query;
+}
+
+} // namespace
 
 int DatabaseManager::executeQuery(const QString& sql, QSqlDatabase* db)
 {
@@ -13,7 +31,7 @@ int DatabaseManager::executeQuery(const QString& sql, QSqlDatabase* db)
 QString DatabaseManager::executeSelectQuery(const QString& sql, QSqlDatabase* db)
 {
     QSqlQuery query = selectQuery(sql, db);
-    return query.next() ? textOf(query, 0) : QString();
+    return query.next() ? columnText(query.value(0)) : QString();
 }
 
 QStringList DatabaseManager::executeSelectQuery2(const QString& sql, QSqlDatabase* db)
@@ -21,7 +39,7 @@ QStringList DatabaseManager::executeSelectQuery2(const QString& sql, QSqlDatabas
     QSqlQuery query = selectQuery(sql, db);
     QStringList values;
     while (query.next())
-        values += textOf(query, 0);
+        values += columnText(query.value(0));
     return values;
 }
 
@@ -31,17 +49,9 @@ QStringList DatabaseManager::executeSelectQuery3(const QString& sql, int columns
     QStringList values;
     if (query.next()) {
         for (int i = 0; i < columns; ++i)
-            values += textOf(query, i);
+            values += columnText(query.value(i));
     }
     return values;
-}
-
-QString DatabaseManager::textOf(const QSqlQuery& query, int column)
-{
-    const QVariant value = query.value(column);
-    if (value.isNull()) // the toolkit has "0" for it in a column of numbers, and "false" in one of booleans
-        return QString();
-    return value.type() == QVariant::Double ? toolkit::numberText(value.toDouble()) : value.toString();
 }
 
 QSqlQuery DatabaseManager::selectQuery(const QString& sql, QSqlDatabase* db)
@@ -51,8 +61,8 @@ QSqlQuery DatabaseManager::selectQuery(const QString& sql, QSqlDatabase* db)
 
 QSqlQuery DatabaseManager::shownQuery(const QString& method, const QString& sql, QSqlDatabase* db)
 {
-    // Not by way of the constructor for both: the toolkit would take the default connection for an invalid one too.
-    QSqlQuery query = db ? db->exec(sql) : QSqlQuery(sql);
+    QSqlDatabase connection = db ? *db : QSqlDatabase::database(QLatin1String(QSqlDatabase::defaultConnection), false);
+    QSqlQuery query = executed(sql, connection);
     showQueryError(method, query);
     return query;
 }

@@ -1,5 +1,6 @@
 #include "db/databasemanager.h"
 
+#include "db/columntext.h"
 #include "toolkit/literals.h"
 
 #include <QSqlQuery>
@@ -11,7 +12,7 @@ QString DatabaseManager::getField(const QString& field, const QString& table, co
 {
     QSqlQuery query = shownQuery(QStringLiteral("DatabaseManager::getField(...)"),
                                  "select "_L1 + field + " from "_L1 + table + " where id = "_L1 + id, db);
-    return query.next() ? textOf(query, 0) : QString();
+    return query.next() ? columnText(query.value(0)) : QString();
 }
 
 int DatabaseManager::removeRecord(const QString& table, const QString& id, QSqlDatabase* db)
@@ -39,7 +40,7 @@ QString DatabaseManager::getLastId(const QString& table, QSqlDatabase* db)
 {
     QSqlQuery query = shownQuery(QStringLiteral("getLastId"), "select max(ID) from "_L1 + table, db);
     if (query.next())
-        return textOf(query, 0);
+        return columnText(query.value(0));
     logError("getLastId( "_L1 + table + " ): "_L1 + query.lastQuery() + " return empty result"_L1);
     return QStringLiteral("Error");
 }

@@ -18,14 +18,8 @@ private slots:
 
     void executeQuery_data();
     void executeQuery();
-    void executeQueryAsTheToolkit_data();
-    void executeQueryAsTheToolkit();
     void selects_data();
     void selects();
-    void selectedValue_data();
-    void selectedValue();
-    void selectedValueAsTheToolkit_data();
-    void selectedValueAsTheToolkit();
     void columnsThatAreNotThere();
     void database();
     void emptyStatement();
@@ -99,31 +93,17 @@ void TestDatabaseQueries::executeQuery_data()
     QTest::newRow("of several lines, with a tab") << "update dishes\n\tset name = 'a\nb\n'\nwhere id = 1" << 1;
     QTest::newRow("rows selected") << "select * from dishes" << 3;
     QTest::newRow("no row selected") << "select * from dishes where id = 99" << 0;
+    QTest::newRow("the definition of a view: no rows")
+        << "create or replace view names as select name from dishes" << 0;
+    QTest::newRow("a setting of the session: no rows") << "set search_path to public" << 0;
+    QTest::newRow("two statements: the rows of the first")
+        << "delete from dishes where id = 2; select * from dishes" << 1;
 }
 
 void TestDatabaseQueries::executeQuery()
 {
     QFETCH(QString, sql);
     QFETCH(int, rows);
-
-    QCOMPARE(on.manager->executeQuery(sql, on.first), rows);
-    QCOMPARE(on.newStatements(), QStringList {sql});
-    QCOMPARE(on.newRecords(), shown("executeQuery(...)", sql, rows));
-}
-
-void TestDatabaseQueries::executeQueryAsTheToolkit_data()
-{
-    QTest::addColumn<QString>("sql");
-    QTest::newRow("the definition of a table") << "create or replace view names as select name from dishes";
-    QTest::newRow("a setting of the session") << "set search_path to public";
-    QTest::newRow("two statements") << "delete from dishes where id = 99; select * from dishes";
-}
-
-void TestDatabaseQueries::executeQueryAsTheToolkit()
-{
-    QFETCH(QString, sql);
-    const int rows = QSqlQuery(sql, *on.first).numRowsAffected();
-    on.newStatements();
 
     QCOMPARE(on.manager->executeQuery(sql, on.first), rows);
     QCOMPARE(on.newStatements(), QStringList {sql});
@@ -166,86 +146,6 @@ void TestDatabaseQueries::selects()
     QCOMPARE(selected(operation, sql, on.first), expected);
     QCOMPARE(on.newStatements(), QStringList {sql});
     QCOMPARE(on.newRecords(), shown(selectMethod, sql, rows));
-}
-
-void TestDatabaseQueries::selectedValue_data()
-{
-    QTest::addColumn<QString>("expression");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("an empty text") << "''"
-                                   << "";
-    QTest::newRow("a text of three alphabets") << "'Caffè € 漢字 λ 𝄞'"
-                                               << "Caffè € 漢字 λ 𝄞";
-    QTest::newRow("a text with line ends, blanks and quotes") << "E'  a\\n\\tb''\"\\\\ '"
-                                                              << "  a\n\tb'\"\\ ";
-    QTest::newRow("a text of 100,000 characters") << "repeat('è', 100000)" << QString(100000, QChar(0xE8));
-    QTest::newRow("a padded text") << "'ab'::char(4)"
-                                   << "ab  ";
-    QTest::newRow("a negative number") << "-7"
-                                       << "-7";
-    QTest::newRow("a number of 64 bits") << "9223372036854775807"
-                                         << "9223372036854775807";
-    QTest::newRow("an amount") << "12.25::numeric(8, 2)"
-                               << "12.25";
-    QTest::newRow("an amount with zeros") << "12.50::numeric(8, 2)"
-                                          << "12.50";
-    QTest::newRow("a whole amount") << "12.00::numeric(8, 2)"
-                                    << "12.00";
-    QTest::newRow("an amount of 20 digits") << "123456789012345678.91::numeric"
-                                            << "123456789012345678.91";
-    QTest::newRow("a small amount") << "0.00001::numeric"
-                                    << "0.00001";
-    QTest::newRow("true") << "true"
-                          << "true";
-    QTest::newRow("false") << "false"
-                           << "false";
-    QTest::newRow("a computed number, in 15 digits") << "8.29::float8 * 100"
-                                                     << "829";
-    QTest::newRow("a date") << "date '2025-11-14'"
-                            << "2025-11-14";
-
-    for (const char* type : {"text", "integer", "bigint", "numeric", "float8", "boolean", "date", "timestamp", "bytea"})
-        QTest::newRow(qPrintable(QString("NULL, as ") + type)) << QString("null::") + type << "";
-}
-
-void TestDatabaseQueries::selectedValue()
-{
-    QFETCH(QString, expression);
-    QFETCH(QString, expected);
-    const QString sql = "select " + expression;
-
-    const QString value = on.manager->executeSelectQuery(sql, on.first);
-    const QStringList column = on.manager->executeSelectQuery2(sql, on.first);
-    const QStringList row = on.manager->executeSelectQuery3(sql, 1, on.first);
-    QCOMPARE(on.newStatements(), QStringList({sql, sql, sql}));
-    const QStringList records = shown(selectMethod, sql, 1);
-    QCOMPARE(on.newRecords(), records + records + records);
-    QCOMPARE(value, expected);
-    QCOMPARE(column, QStringList {expected});
-    QCOMPARE(row, QStringList {expected});
-}
-
-void TestDatabaseQueries::selectedValueAsTheToolkit_data()
-{
-    QTest::addColumn<QString>("expression");
-    QTest::newRow("a point in time") << "timestamp '2025-11-14 21:05:09.5'";
-    QTest::newRow("a point in time with its zone") << "timestamptz '2025-11-14 21:05:09+01'";
-    QTest::newRow("a time") << "time '21:05:09'";
-    QTest::newRow("bytes") << "'pane'::bytea";
-    QTest::newRow("no number") << "'NaN'::float8";
-    QTest::newRow("a list") << "array[1, 2]";
-}
-
-void TestDatabaseQueries::selectedValueAsTheToolkit()
-{
-    QFETCH(QString, expression);
-    const QString sql = "select " + expression;
-    const QString expected = on.execute(sql, on.first);
-    QVERIFY(!expected.isEmpty());
-
-    QCOMPARE(on.manager->executeSelectQuery(sql, on.first), expected);
-    QCOMPARE(on.newStatements(), QStringList {sql});
-    QCOMPARE(on.newRecords(), shown(selectMethod, sql, 1));
 }
 
 // The toolkit remarks upon each column that is not there.
