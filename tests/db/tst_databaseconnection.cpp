@@ -30,6 +30,7 @@ private slots:
     void replacedInVain_data();
     void replacedInVain();
     void connectionWithoutDriverIsNotTheDefault();
+    void nullOfAFailureIsTheDefault();
 
     void settings_data();
     void settings();
@@ -128,6 +129,21 @@ int speakLast(const QString& host)
 {
     SyncSingleton<LastWords>::instance();
     return leaveOpen(host);
+}
+
+/// The application that the tasks run in is not made yet, or is gone.
+int openWithoutApplication(const QString& host)
+{
+    QSqlDatabase* const db = SyncSingleton<DatabaseManager>::instance()->createConnection(
+        "QPSQL7", PostgresCluster::database(), PostgresCluster::user(), PostgresCluster::password(), host, "");
+    std::puts(qPrintable(SyncSingleton<DatabaseManager>::instance()->executeSelectQuery("select 'open'", db)));
+    return 0;
+}
+
+int leaveOpenInAnApplication(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    return leaveOpen(QCoreApplication::arguments()[2]);
 }
 
 int withoutPlugIns(const QString& host)
@@ -394,6 +410,16 @@ void TestDatabaseConnection::connectionWithoutDriverIsNotTheDefault()
     QCOMPARE(on.newRecords().filter(QRegularExpression("^ERROR: ")).size(), 2);
 }
 
+// Who does not look at the result of opening goes on in another database.
+void TestDatabaseConnection::nullOfAFailureIsTheDefault()
+{
+    on.connect(QString());
+    QSqlDatabase* const db = on.manager->createConnection("QPSQL7", "nowhere", PostgresCluster::user(),
+                                                          PostgresCluster::password(), on.server.host(), "kitchen");
+    QCOMPARE(on.manager->executeSelectQuery("select current_database()", db), PostgresCluster::database());
+    on.newRecords();
+}
+
 void TestDatabaseConnection::settings_data()
 {
     QTest::addColumn<QString>("name");
@@ -455,6 +481,8 @@ void TestDatabaseConnection::processes_data()
         << "--speak-last" << QByteArray("good night\n") << QByteArray("QSqlQuery::exec: database not open");
     QTest::newRow("a connection was refused") << "--leave-refused" << none << none;
     QTest::newRow("the settings' connection is the first use") << "--leave-from-settings" << noSettings << none;
+    QTest::newRow("there is no application") << "--no-application" << QByteArray("open\n") << none;
+    QTest::newRow("there is no application any more") << "--application-gone" << QByteArray("open\n") << none;
     QTest::newRow("no plug-in") << "--without-plug-ins" << noSettings + noDriver
                                 << QByteArray("QSqlDatabase: QPSQL7 driver not loaded");
 }
@@ -481,6 +509,13 @@ void TestDatabaseConnection::processes()
 
 int main(int argc, char** argv)
 {
+    const QByteArray task = argc == 3 ? argv[1] : "";
+    if (task == "--no-application")
+        return openWithoutApplication(QFile::decodeName(argv[2]));
+    if (task == "--application-gone") {
+        leaveOpenInAnApplication(argc, argv);
+        return openWithoutApplication(QFile::decodeName(argv[2]));
+    }
     QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() == 3 && tasks.contains(arguments[1]))

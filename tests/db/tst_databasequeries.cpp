@@ -29,6 +29,7 @@ private slots:
     void failures();
 
     void showQueryError();
+    void typedText();
     void showCursorError_data();
     void showCursorError();
     void threshold();
@@ -270,6 +271,33 @@ void TestDatabaseQueries::showQueryError()
     on.manager->showQueryError("%2", query);
     QCOMPARE(on.newRecords(), shown("%2", marked, 0));
     QCOMPARE(on.newStatements(), QStringList({good, bad, marked}));
+}
+
+// A text that somebody has typed belongs beside the statement, not in it.
+void TestDatabaseQueries::typedText()
+{
+    const QString within = "insert into dishes (name) values ('Pizza D'Angelo')";
+    QCOMPARE(on.manager->executeQuery(within, on.first), -1);
+    QVERIFY(on.newRecords().last().startsWith("ERROR: ERROR:  syntax error at or near \"Angelo\""));
+
+    const QString beside = "insert into dishes (id, name) values (7, ?)";
+    QSqlQuery query(*on.first);
+    query.prepare(beside);
+    query.addBindValue("Pizza D'Angelo");
+    QVERIFY(query.exec());
+    on.manager->showQueryError("Menu::add()", query);
+    QCOMPARE(on.newRecords(), shown("Menu::add()", beside, 1)); // without the text
+    QCOMPARE(on.manager->getField("name", "dishes", "7", on.first), QString("Pizza D'Angelo"));
+    on.newRecords();
+
+    QVERIFY(!query.exec());
+    on.manager->showQueryError("Menu::add()", query);
+    QCOMPARE(on.newRecords(),
+             failed("Menu::add()", beside,
+                    "ERROR:  duplicate key value violates unique constraint \"dishes_pkey\"\n"
+                    "DETAIL:  Key (id)=(7) already exists.\n(23505)"));
+    query.clear(); // which is a statement too
+    on.newStatements();
 }
 
 void TestDatabaseQueries::showCursorError_data()

@@ -26,6 +26,7 @@ private slots:
     void valueThatIsNoNumber_data();
     void valueThatIsNoNumber();
     void missingSequence();
+    void valueThatMayNotBeRead();
     void valueOutOfBounds();
     void sharedManagerReads();
 
@@ -314,6 +315,23 @@ void TestDatabaseSequences::missingSequence()
     QCOMPARE(on.newStatements(), QStringList({read, read, reset}));
     QCOMPARE(on.newRecords(), readRecords + readRecords + failed(method, reset, databaseText(reset, *on.first)));
     on.newStatements();
+}
+
+// The numbering begins anew where only the reading fails: a value that is not there counts as 0.
+void TestDatabaseSequences::valueThatMayNotBeRead()
+{
+    makeSequence("1078", on.second);
+    on.execute("create role clerk; grant update on sequence tickets to clerk; set role clerk", on.second);
+    const QString text = databaseText(readSql, *on.second);
+    QVERIFY2(text.contains("permission denied for sequence tickets"), qPrintable(text));
+    on.newStatements();
+
+    QCOMPARE(on.manager->incrementSequence("tickets", 1, on.second), QString());
+    QCOMPARE(on.newStatements(), QStringList({readSql, setSql("1")}));
+    QCOMPARE(on.newRecords(), failed(method, readSql, text) + shown(method, setSql("1"), 1));
+    on.execute("reset role", on.second);
+    QCOMPARE(lastValue(on.second), QString("1"));
+    on.execute("drop sequence tickets; drop role clerk", on.second);
 }
 
 void TestDatabaseSequences::valueOutOfBounds()

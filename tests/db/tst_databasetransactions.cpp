@@ -1,6 +1,7 @@
 #include "databasefixture.h"
 #include "remarks.h"
 
+#include <QSqlError>
 #include <QtTest>
 
 /// Transactions: on the default connection by null they are statements like any other, on a connection that is given
@@ -18,8 +19,11 @@ private slots:
     void effect();
     void outsideOfATransaction();
     void failedTransaction();
+    void refusedCommit();
+    void errorOfTheConnection();
     void safeNewRecord();
     void safeNewRecordThatFails();
+    void safeNewRecordWithinATransaction();
 
 private:
     QSqlDatabase* connection() const;
@@ -49,11 +53,12 @@ void TestDatabaseTransactions::initTestCase()
 {
     on.executeInBoth("create table orders (id serial primary key)");
     on.executeInBoth("create table named_tables (id serial primary key, name text not null)");
+    on.executeInBoth("create table bills (paid integer references orders deferrable initially deferred)");
 }
 
 void TestDatabaseTransactions::init()
 {
-    on.executeInBoth("truncate orders restart identity");
+    on.executeInBoth("truncate orders, bills restart identity");
     on.newRecords(); // of the observers
 }
 
@@ -161,6 +166,40 @@ void TestDatabaseTransactions::failedTransaction()
     on.newRecords();
 }
 
+// What is checked only at the end can be refused there. By null that is a statement like any other; on a connection
+// that is given it shows in that connection's error alone.
+void TestDatabaseTransactions::refusedCommit()
+{
+    QSqlDatabase* const db = connection();
+    on.manager->begin(db);
+    QCOMPARE(on.manager->executeQuery("insert into bills values (99)", db), 1);
+    QVERIFY(!on.orDefault(db)->lastError().isValid());
+    on.newRecords();
+    on.manager->commit(db);
+
+    const QString reason = "ERROR:  insert or update on table \"bills\" violates foreign key constraint "
+                           "\"bills_paid_fkey\"\nDETAIL:  Key (paid)=(99) is not present in table \"orders\".\n"
+                           "(23503)";
+    const QStringList query = db ? QStringList() : failed("executeQuery(...)", "COMMIT", reason);
+    QCOMPARE(on.newRecords(), query + QStringList {"DEBUG: COMMIT\n\n"});
+    QCOMPARE(on.orDefault(db)->lastError().databaseText(), reason);
+    QCOMPARE(on.manager->numRecords("bills", "1=1", db), 0);
+    on.newRecords();
+    on.newStatements();
+}
+
+// It is that of the last statement, whoever asks.
+void TestDatabaseTransactions::errorOfTheConnection()
+{
+    QSqlDatabase* const db = connection();
+    on.manager->executeQuery("select 1 / 0", db);
+    QVERIFY(on.orDefault(db)->lastError().databaseText().contains("division by zero"));
+    on.manager->executeQuery("select 1", db);
+    QVERIFY(!on.orDefault(db)->lastError().isValid());
+    on.newRecords();
+    on.newStatements();
+}
+
 void TestDatabaseTransactions::safeNewRecord()
 {
     QSqlDatabase* const db = connection();
@@ -202,6 +241,23 @@ void TestDatabaseTransactions::safeNewRecordThatFails()
     QCOMPARE(on.manager->numRecords("named_tables", "1=1", db), 0); // it goes on
     on.newRecords();
     on.newStatements();
+}
+
+// It ends the one around it, with all that this has done so far.
+void TestDatabaseTransactions::safeNewRecordWithinATransaction()
+{
+    QSqlDatabase* const db = connection();
+    const QByteArray said = remarks([this, db] {
+        on.manager->begin(db);
+        on.manager->executeQuery(addRow, db);
+        QCOMPARE(on.manager->safeNewRecord("orders", db), QString("2"));
+        on.manager->rollback(db);
+    });
+    QCOMPARE(said,
+             QByteArray("WARNING:  there is already a transaction in progress\n"
+                        "WARNING:  there is no transaction in progress\n"));
+    QCOMPARE(count(), QString("2"));
+    on.newRecords();
 }
 
 QTEST_GUILESS_MAIN(TestDatabaseTransactions)

@@ -1,9 +1,13 @@
 #include "databasefixture.h"
 #include "remarks.h"
 
+#include <QSqlError>
 #include <QtTest>
 
 #include <functional>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 /// An operation without its result.
 using Operation = std::function<void(DatabaseManager*, QSqlDatabase*)>;
@@ -21,10 +25,12 @@ private slots:
     void gone();
     void goneWithinATransaction_data();
     void goneWithinATransaction();
+    void goneBeforeATransaction();
     void operationsOnALostConnection_data();
     void operationsOnALostConnection();
     void connectionWithoutServer();
     void connectionNeverOpened();
+    void serverThatDoesNotAnswer();
 
 private:
     void end(int trouble);
@@ -75,6 +81,30 @@ bool onlyRemarksOnTheLoss(const QByteArray& said)
 }
 
 enum Trouble { Stopped, Killed };
+
+/// Lets everybody in and says nothing.
+class SilentServer {
+public:
+    explicit SilentServer(const QString& path)
+        : listener(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0))
+    {
+        const QByteArray name = QFile::encodeName(path);
+        sockaddr_un address {};
+        address.sun_family = AF_UNIX;
+        qstrncpy(address.sun_path, name.constData(), sizeof address.sun_path);
+        if (bind(listener, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0
+            || listen(listener, 1) != 0)
+            qFatal("%s can't be made.", name.constData());
+    }
+
+    SilentServer(const SilentServer&) = delete;
+    SilentServer& operator=(const SilentServer&) = delete;
+
+    ~SilentServer() { close(listener); }
+
+private:
+    const int listener;
+};
 
 } // namespace
 
@@ -207,6 +237,23 @@ void TestDatabaseTrouble::goneWithinATransaction()
     on.newRecords();
 }
 
+// The transaction's begin takes the error to itself: no ERROR record ever tells, and at the end the connection has
+// none to show. That it is not open tells.
+void TestDatabaseTrouble::goneBeforeATransaction()
+{
+    end(Stopped);
+    const QByteArray said = remarks([this] {
+        on.manager->begin(on.first);
+        QVERIFY(!on.first->isOpen());
+        QCOMPARE(on.manager->executeQuery(addOrder, on.first), -1);
+        on.manager->commit(on.first);
+    });
+    QVERIFY2(onlyRemarksOnTheLoss(said), said.constData());
+    QCOMPARE(on.newRecords(),
+             QStringList {"DEBUG: BEGIN\n\n"} + notExecuted(queryMethod, addOrder) + QStringList {"DEBUG: COMMIT\n\n"});
+    QVERIFY(!on.first->lastError().isValid());
+}
+
 void TestDatabaseTrouble::operationsOnALostConnection_data()
 {
     QTest::addColumn<Operation>("operation");
@@ -327,6 +374,20 @@ void TestDatabaseTrouble::connectionNeverOpened()
     QCOMPARE(on.newRecords(), notExecuted(queryMethod, addOrder));
     QCOMPARE(on.manager->executeQuery(addOrder, on.first), 1); // others are not concerned
     on.newRecords();
+}
+
+// PostgreSQL's client waits for it as long as PGCONNECT_TIMEOUT says.
+void TestDatabaseTrouble::serverThatDoesNotAnswer()
+{
+    const QTemporaryDir folder;
+    const SilentServer server(folder.filePath(".s.PGSQL.5432"));
+    qputenv("PGCONNECT_TIMEOUT", "2");
+    QVERIFY(!on.manager->createConnection("QPSQL7", PostgresCluster::database(), PostgresCluster::user(),
+                                          PostgresCluster::password(), folder.path(), "silent"));
+    qunsetenv("PGCONNECT_TIMEOUT");
+    const QStringList records = on.newRecords();
+    QCOMPARE(records.size(), 2);
+    QVERIFY2(records[1].contains("timeout expired"), qPrintable(records[1]));
 }
 
 QTEST_GUILESS_MAIN(TestDatabaseTrouble)

@@ -180,8 +180,7 @@ void TestDatabaseValues::value_data()
     row("a point in time that no clock showed", "timestamp '2026-03-29 02:30:00'", "2026-03-29T02:30:00");
     row("a point in time in summer, with its zone", "timestamptz '2026-07-04 11:05:09.5+00'", "2026-07-04T13:05:09");
     row("a point in time in winter, with its zone", "timestamptz '2025-11-14 21:05:09+01'", "2025-11-14T21:05:09");
-    row("a point in time that is in the next year here", "timestamptz '2025-12-31 18:30:00-05'",
-        "2026-01-01T00:30:00");
+    row("a point in time that is in the next year here", "timestamptz '2025-12-31 18:30:00-05'", "2026-01-01T00:30:00");
     row("a date without end", "date 'infinity'", "");
     row("a point in time without end", "timestamptz '-infinity'", "");
     row("a date beyond four digits", "date '10000-01-01'", "");
