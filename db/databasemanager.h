@@ -13,17 +13,32 @@ class QSqlTableModel;
 /// SQL for the suite's programs, with every diagnostic in the log. The programs share one manager through
 /// SyncSingleton<DatabaseManager>::instance().
 ///
+/// A null QSqlDatabase* means the toolkit's default connection. **The null of a failed open does too: who passes it on
+/// works in another database.**
+///
 /// Statements are put together from the arguments as they are, without quoting: values come formatted, and from a
-/// trusted place. A null QSqlDatabase* means the toolkit's default connection.
+/// trusted place. **What somebody has typed ("D'Angelo") belongs in a prepared QSqlQuery**, which showQueryError()
+/// logs.
 ///
 /// No operation throws or stops the program. What the server refused is in the log, and the result is that of an
-/// empty one unless its comment says otherwise; a statement on a connection that is not open fails in the same way,
-/// without an ERROR record. Without a logger nothing is logged. The toolkit and PostgreSQL's client have remarks of
-/// their own for standard error: the server's notices, a connection that is not open, one still used when its name is
-/// created again.
+/// empty one unless its comment says otherwise. **A connection that breaks has its error in the log once, twice if the
+/// server was killed, and never if begin() is what meets it; each later statement fails with its two DEBUG records and
+/// no ERROR record.** QSqlDatabase::isOpen() tells, after that one failure or those two; the connection stays broken
+/// until it is opened again. Without a logger nothing is logged. The toolkit and PostgreSQL's client have remarks of their own for standard error: the
+/// server's notices, a connection that is not open, one still used when its name is created again.
 ///
-/// Values are given as text: NULL as an empty one, numeric ones with all their digits, floating-point numbers with up
-/// to 15.
+/// Values are given as text, on every connection alike, whoever opened it:
+///
+///     NULL                  empty
+///     numeric               all digits: 4.50
+///     floating-point        up to 15 digits
+///     date                  2026-07-04
+///     time                  13:05:09, without parts of a second
+///     timestamp             2026-07-04T13:05:09; one with a time zone as the clock where the program runs shows it
+///     bytea                 a character for each byte (Latin-1), up to the first NUL
+///
+/// What the toolkit has no value for is empty as well: "infinity", years after 9999, a time with both its zone and
+/// parts of a second. It takes years before Christ for those after.
 ///
 /// No operation takes a lock: a connection is for the thread that created it, as the toolkit has it. Threads with a
 /// connection of their own may use one manager side by side if it has no logger.
@@ -41,11 +56,14 @@ public:
     /// Opens a connection with the toolkit's driver @p driver, "QPSQL7" for PostgreSQL, and registers it under
     /// @p connectionName, or as the default connection when that is empty. One that had the name before is closed.
     ///
-    /// Null when there is no such driver or the database cannot be opened; what was registered stays so, closed. The
-    /// program needs a QCoreApplication, without which the toolkit finds no driver.
+    /// Null when there is no such driver or the database cannot be opened; what was registered stays so, closed.
+    /// **Look at the result: to every other operation null is the default connection.** PostgreSQL's client waits for a
+    /// server that does not answer without limit, unless the environment variable PGCONNECT_TIMEOUT says how many
+    /// seconds (2 at the least).
+    ///
     /// The value pointed to belongs to this library and stays until the process ends; once the name is created
-    /// again it is the new connection. All connections close with the QCoreApplication. The password goes to the server
-    /// alone, never to the log.
+    /// again it is the new connection. All connections close with the QCoreApplication, if there is one; after main()
+    /// open none. The password goes to the server alone, never to the log.
     QSqlDatabase* createConnection(const QString& driver, const QString& dbName, const QString& userName,
                                    const QString& password, const QString& hostName, const QString& connectionName);
 
@@ -62,7 +80,8 @@ public:
 
     // Diagnostics: what @p method says of itself, then what the toolkit says.
 
-    /// Two DEBUG records of every query, then two ERROR records if it failed.
+    /// Two DEBUG records of every query, then two ERROR records if it failed. For queries of the program's own too: of
+    /// a prepared one it logs the statement, and what is bound to it only where the server names it in its error.
     void showQueryError(const QString& method, QSqlQuery& query);
     /// Two ERROR records if the cursor's last operation failed.
     void showCursorError(const QString& method, QSqlTableModel& cursor);
@@ -79,7 +98,8 @@ public:
     QString getLastId(const QString& table, QSqlDatabase* db);
     /// Adds a row of default values and returns getLastId(): another program's, if it adds one in between.
     QString newRecord(const QString& table, QSqlDatabase* db);
-    /// As newRecord(), within a transaction. That is committed in any case, there is no way back.
+    /// As newRecord(), within a transaction. That is committed in any case, there is no way back. **So is one that
+    /// was begun before, with all it has done so far**: within a transaction use newRecord().
     QString safeNewRecord(const QString& table, QSqlDatabase* db);
 
     // Sequences. Values are taken as 32-bit integers: another text counts as 0, and sums wrap around.
@@ -88,7 +108,8 @@ public:
     QString sequenceValue(const QString& sequence, QSqlDatabase* db);
     void setSequence(const QString& sequence, int value, QSqlDatabase* db);
     /// Adds @p step to the last value and returns the value before. Not atomic: another program's step in between
-    /// is lost.
+    /// is lost. **Where the value cannot be read the result is empty, and the numbering begins anew with @p step.**
+    /// Numbers that must not come twice: executeSelectQuery("select nextval('...')", db).
     QString incrementSequence(const QString& sequence, int step, QSqlDatabase* db);
     QString decrementSequence(const QString& sequence, int step, QSqlDatabase* db);
     /// Takes @p step off if the last value, read on the default connection, is not less than that. False, and
@@ -96,9 +117,13 @@ public:
     /// whose minimum is 1.
     bool decrementSequenceIfPositive(const QString& sequence, int step, QSqlDatabase* db);
 
-    // Transactions. Failures show in the log of the default connection's alone.
+    // Transactions
 
     void begin(QSqlDatabase* db);
+    /// **Does not tell whether the server has committed.** With @p db given, a COMMIT that the server refuses (a
+    /// deferred constraint), or makes a rollback of (after a statement that failed), shows only in db->lastError(),
+    /// which may also be an older one, or none on a connection that is broken. With null the first is logged and the
+    /// second shows nowhere. What tells is the result of db->commit().
     void commit(QSqlDatabase* db);
     void rollback(QSqlDatabase* db);
 

@@ -18,6 +18,7 @@ int failure(const char* text)
 
 int main(int argc, char* argv[])
 {
+    qputenv("PGCONNECT_TIMEOUT", "5"); // seconds: PostgreSQL's client waits without limit for a server that is silent
     const QCoreApplication application(argc, argv);
 
     // Before the database manager is first asked for: it takes the default logger then, and keeps it.
@@ -31,7 +32,8 @@ int main(int argc, char* argv[])
     const QString order = manager->safeNewRecord("orders", db);
     if (order == "Error")
         return failure("There is no order.");
-    const QString receipt = manager->incrementSequence("receiptnumber", 1, db);
+    // Not incrementSequence(): the server steps the sequence, so that no number comes twice.
+    const QString receipt = manager->executeSelectQuery("select nextval('receiptnumber')", db);
     if (receipt.isEmpty())
         return failure("There is no receipt number.");
 

@@ -264,7 +264,8 @@ void TestInstalledTree::everyProgramIsFound()
         headings += program.heading;
     QCOMPARE(headings,
              QStringList({"ZMConfiguration", "Config", "The tree view", "SyncSingleton", "Logger", "HLogManager",
-                          "HLibrary", "With widgets", "SleepThread", "DatabaseManager"}));
+                          "HLibrary", "With widgets", "SleepThread", "DatabaseManager", "A connection that fails",
+                          "A transaction that counts", "Receipt numbers", "Text that somebody has typed"}));
     QCOMPARE(page.count("```cpp\n// Zelmora::"), headings.size());
 }
 
@@ -365,10 +366,10 @@ void TestInstalledTree::suiteProgram()
     QCOMPARE(run.standardError, QByteArray());
     QCOMPARE(run.standardOutput, QByteArray("order 2, receipt 2, copies to print: 2\n"));
     QCOMPARE(run.exitStatus, 0);
-    QCOMPARE(log(run, "log/suite.log"), firstRun + QByteArray(firstRun).replace(", 2)", ", 3)"));
+    QCOMPARE(log(run, "log/suite.log"), firstRun + firstRun);
 
     QCOMPARE(query("select id from orders order by id", "zelmora"), QByteArray("1\n2\n"));
-    QCOMPARE(query("select last_value from receiptnumber", "zelmora"), QByteArray("3\n"));
+    QCOMPARE(query("select last_value from receiptnumber", "zelmora"), QByteArray("2\n"));
 }
 
 /// The suite program with @p password says @p said. In its log is @p reason, and its last records are @p logged. Its
