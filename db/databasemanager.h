@@ -24,8 +24,9 @@ class QSqlTableModel;
 /// empty one unless its comment says otherwise. **A connection that breaks has its error in the log once, twice if the
 /// server was killed, and never if begin() is what meets it; each later statement fails with its two DEBUG records and
 /// no ERROR record.** QSqlDatabase::isOpen() tells, after that one failure or those two; the connection stays broken
-/// until it is opened again. Without a logger nothing is logged. The toolkit and PostgreSQL's client have remarks of their own for standard error: the
-/// server's notices, a connection that is not open, one still used when its name is created again.
+/// until it is opened again. Without a logger nothing is logged. The toolkit and PostgreSQL's client have remarks of
+/// their own for standard error: the server's notices, a connection that is not open, one still used when its name is
+/// created again.
 ///
 /// Values are given as text, on every connection alike, whoever opened it:
 ///
