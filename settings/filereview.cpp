@@ -102,10 +102,7 @@ public:
     }
 
     /// Nothing of what is still to come is found.
-    void hideWhatFollows()
-    {
-        review.isHiddenByItsBeginning = true;
-    }
+    void hideWhatFollows() { review.isHiddenByItsBeginning = true; }
 
     bool isOutsideEveryGroup() const { return levels.size() == 1; }
 
@@ -228,10 +225,7 @@ public:
         return true;
     }
 
-    bool skippedEntity(const QString& name) override
-    {
-        return characters(QLatin1Char('&') + name + QLatin1Char(';'));
-    }
+    bool skippedEntity(const QString& name) override { return characters(QLatin1Char('&') + name + QLatin1Char(';')); }
 
     bool comment(const QString& text) override { return dropMarkup(text.trimmed()); }
 

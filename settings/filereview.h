@@ -11,10 +11,10 @@
 /// Something in a settings file that whoever saves it, or looks for an effect of it, should know.
 struct FileRemark {
     enum class Kind {
-        Dropped,   ///< a file that is written from what was read lacks it: a stray word, a comment, an empty group, a
-                   ///< top-level group but the first, the earlier value of a repeated setting, quotes in a value
-        NoKey,     ///< no program finds what has this name: a stray sign, or a whole remark, is part of it
-        Outside,   ///< a setting outside every group, which no program finds
+        Dropped, ///< a file that is written from what was read lacks it: a stray word, a comment, an empty group, a
+                 ///< top-level group but the first, the earlier value of a repeated setting, quotes in a value
+        NoKey, ///< no program finds what has this name: a stray sign, or a whole remark, is part of it
+        Outside, ///< a setting outside every group, which no program finds
         Swallowing ///< a setting whose value runs on into the next line, and over what stands there
     };
 

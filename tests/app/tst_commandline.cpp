@@ -1,4 +1,5 @@
 #include "support/programrun.h"
+#include "support/smalljob.h"
 
 #include <QtTest>
 
@@ -12,11 +13,8 @@ private slots:
     void fourthArgumentIsIgnored();
     void argumentIsNeverAToolkitOption();
     void emptyArguments();
-    void missingSettings();
     void outputCannotBeOpened_data();
     void outputCannotBeOpened();
-    void outputIsEmptiedFirst();
-    void outputOnAFullDisk();
     void outputIsTheJobItself();
     void closedStandardStreams();
     void readerWentAway();
@@ -30,12 +28,19 @@ private slots:
     void fileNamesAreBytes();
 };
 
-static const QByteArray emptySettings = "zelmora: { };";
-static const QByteArray job = "<job><method name='printFullOrderReceipt'/><receipt serialnumber='7'/></job>";
-static const QByteArray script = "nofis apri\r\n"
-                                 "nofis riga=' Serial Number: 7'\r\n"
-                                 "nofis riga='================================'\r\n"
-                                 "nofis chiudi\r\n";
+static const QByteArray unopened = "PrintManager::printAbstractOrder(...): Unable To Open File\n";
+static const QByteArray unsupported = "File Format Not Supported\n";
+static const QByteArray unknownMethod = "<job><method name='printInvoice'/></job>";
+
+/// A run that finds a settings file without settings, and the small job in "job.xml".
+class SmallJobRun : public ProgramRun {
+public:
+    SmallJobRun()
+    {
+        setSettings("zelmora: { };");
+        writeFile("job.xml", smallJob);
+    }
+};
 
 void TestCommandLine::wrongArgumentCount_data()
 {
@@ -50,59 +55,40 @@ void TestCommandLine::wrongArgumentCount_data()
 void TestCommandLine::wrongArgumentCount()
 {
     QFETCH(QStringList, arguments);
-    ProgramRun run;
-    run.writeFile("job.xml", job);
+    ProgramRun run; // without settings, of which nothing is said either
+    run.writeFile("job.xml", smallJob);
     run.start(arguments);
 
-    QCOMPARE(run.standardOutput, QByteArray("Usage: " ZELMORA_PRINT_PROGRAM " input_file output_file\n"));
-    QCOMPARE(run.standardError, QByteArray());
-    QCOMPARE(run.exitStatus, 0);
+    QCOMPARE(run.remarks(), QByteArray("Usage: " ZELMORA_PRINT_PROGRAM " input_file output_file\n"));
     QVERIFY(!QFile::exists(run.path("script.txt")));
 }
 
 void TestCommandLine::fourthArgumentIsIgnored()
 {
-    ProgramRun run;
-    run.setSettings(emptySettings);
-    run.start({run.writeFile("job.xml", job), run.path("script.txt"), "extra"});
+    SmallJobRun run;
+    run.start({"job.xml", run.path("script.txt"), "extra"});
 
-    QCOMPARE(fileContents(run.path("script.txt")), script);
+    QCOMPARE(fileContents(run.path("script.txt")), smallScript());
     QVERIFY(!QFile::exists(run.path("extra")));
-    QCOMPARE(run.standardOutput + run.standardError, QByteArray());
-    QCOMPARE(run.exitStatus, 0);
+    QCOMPARE(run.remarks(), QByteArray());
 }
 
 void TestCommandLine::argumentIsNeverAToolkitOption()
 {
-    ProgramRun run;
-    run.setSettings(emptySettings);
-    run.writeFile("-qmljsdebugger=job", job);
+    SmallJobRun run;
+    run.writeFile("-qmljsdebugger=job", smallJob);
     run.start({"-qmljsdebugger=job", "-qmljsdebugger=script"});
 
-    QCOMPARE(fileContents(run.path("-qmljsdebugger=script")), script);
-    QCOMPARE(run.standardOutput + run.standardError, QByteArray());
+    QCOMPARE(fileContents(run.path("-qmljsdebugger=script")), smallScript());
+    QCOMPARE(run.remarks(), QByteArray());
 }
 
 void TestCommandLine::emptyArguments()
 {
-    ProgramRun run;
-    run.setSettings(emptySettings);
+    SmallJobRun run;
     run.start({"", ""});
 
-    QCOMPARE(run.standardOutput, QByteArray("PrintManager::printAbstractOrder(...): Unable To Open File\n"));
-    QCOMPARE(run.standardError, QByteArray());
-    QCOMPARE(run.exitStatus, 0);
-}
-
-void TestCommandLine::missingSettings()
-{
-    ProgramRun run;
-    QCOMPARE(run.print(job), script);
-    QCOMPARE(run.standardOutput,
-             QByteArray("Error in the method FileReader::open( ") + run.path("home").toUtf8()
-                 + "/.zelmora/conf/zelmora.conf ): File Not Found\n");
-    QCOMPARE(run.standardError, QByteArray());
-    QCOMPARE(run.exitStatus, 0);
+    QCOMPARE(run.remarks(), unopened);
 }
 
 void TestCommandLine::outputCannotBeOpened_data()
@@ -115,101 +101,74 @@ void TestCommandLine::outputCannotBeOpened_data()
 void TestCommandLine::outputCannotBeOpened()
 {
     QFETCH(QString, path);
-    ProgramRun run;
-    run.setSettings(emptySettings);
-    run.start({run.writeFile("job.xml", job), path});
+    SmallJobRun run;
+    run.start({"job.xml", path});
 
-    QCOMPARE(run.standardOutput, QByteArray("PrintManager::printAbstractOrder(...): Unable To Open File\n"));
-    QCOMPARE(run.standardError, QByteArray());
-    QCOMPARE(run.exitStatus, 0);
+    QCOMPARE(run.remarks(), unopened);
 
     // The parse still runs: what it has to say is said.
-    run.start({run.writeFile("job.xml", "<job><method name='printInvoice'/></job>"), path});
-    QCOMPARE(run.standardOutput,
-             QByteArray("PrintManager::printAbstractOrder(...): Unable To Open File\nFile Format Not Supported\n"));
-}
-
-void TestCommandLine::outputIsEmptiedFirst()
-{
-    ProgramRun run;
-    run.setSettings(emptySettings);
-    run.writeFile("script.txt", QByteArray(5000, 'x'));
-    QCOMPARE(run.print(job), script);
-}
-
-void TestCommandLine::outputOnAFullDisk()
-{
-    ProgramRun run;
-    run.setSettings(emptySettings);
-    run.start({run.writeFile("job.xml", job), "/dev/full"});
-
-    QCOMPARE(run.standardOutput + run.standardError, QByteArray());
-    QCOMPARE(run.exitStatus, 0);
+    run.start({run.writeFile("job.xml", unknownMethod), path});
+    QCOMPARE(run.remarks(), unopened + unsupported);
 }
 
 void TestCommandLine::outputIsTheJobItself()
 {
     // The output is opened, and so emptied, before the job is read.
-    ProgramRun run;
-    run.setSettings(emptySettings);
-    const QString path = run.writeFile("job.xml", job);
-    run.start({path, path});
+    SmallJobRun run;
+    run.start({"job.xml", "job.xml"});
 
-    QCOMPARE(fileContents(path), QByteArray());
-    QCOMPARE(run.exitStatus, 0);
+    QCOMPARE(fileContents(run.path("job.xml")), QByteArray());
+    QCOMPARE(run.remarks(), QByteArray());
 }
 
 void TestCommandLine::closedStandardStreams()
 {
     ProgramRun run; // without settings, so that there is something to say
-    run.writeFile("job.xml", job);
-    run.startShell("\"$program\" job.xml script.txt <&- >&- 2>&-; echo \"status $?\"");
+    run.writeFile("job.xml", smallJob);
+    run.startShell(R"("$program" job.xml script.txt <&- >&- 2>&-; echo "status $?")");
 
-    QCOMPARE(run.standardOutput, QByteArray("status 0\n"));
-    QCOMPARE(fileContents(run.path("script.txt")), script);
+    QCOMPARE(run.remarks(), QByteArray("status 0\n"));
+    QCOMPARE(fileContents(run.path("script.txt")), smallScript());
 
     // A message after the script was opened: with nothing in its place, the script would be standard output.
-    run.writeFile("job.xml", "<job><method name='printInvoice'/></job>");
-    run.startShell("\"$program\" job.xml script.txt <&- >&-; echo \"status $?\"");
-    QCOMPARE(run.standardOutput, QByteArray("status 0\n"));
+    run.writeFile("job.xml", unknownMethod);
+    run.startShell(R"("$program" job.xml script.txt <&- >&-; echo "status $?")");
+    QCOMPARE(run.remarks(), QByteArray("status 0\n"));
     QVERIFY(QFile::exists(run.path("script.txt")));
     QCOMPARE(fileContents(run.path("script.txt")), QByteArray());
 }
 
 void TestCommandLine::readerWentAway()
 {
-    ProgramRun run;
-    run.writeFile("job.xml", job);
-    run.startShell("mkfifo gone\n"
-                   "exec 3<>gone 4>gone 3<&-\n" // 4 writes to a pipe that nobody reads
-                   "\"$program\" job.xml script.txt >&4; echo \"status $?\"\n");
+    ProgramRun run; // without settings, so that there is something to say
+    run.writeFile("job.xml", smallJob);
+    run.startShell(R"(
+        mkfifo gone
+        exec 3<>gone 4>gone 3<&- # 4 writes to a pipe that nobody reads
+        "$program" job.xml script.txt >&4; echo "status $?"
+    )");
 
-    QCOMPARE(run.standardOutput, QByteArray("status 0\n"));
-    QCOMPARE(run.standardError, QByteArray());
-    QCOMPARE(fileContents(run.path("script.txt")), script);
+    QCOMPARE(run.remarks(), QByteArray("status 0\n"));
+    QCOMPARE(fileContents(run.path("script.txt")), smallScript());
 }
 
 void TestCommandLine::fileSizeLimit()
 {
-    ProgramRun run;
-    run.setSettings(emptySettings);
-    run.writeFile("job.xml", job);
-    run.startShell("ulimit -f 0; \"$program\" job.xml script.txt; echo \"status $?\"");
+    SmallJobRun run;
+    run.startShell(R"(ulimit -f 0; "$program" job.xml script.txt; echo "status $?")");
 
-    QCOMPARE(run.standardOutput, QByteArray("status 0\n"));
-    QCOMPARE(run.standardError, QByteArray());
+    QCOMPARE(run.remarks(), QByteArray("status 0\n"));
     QCOMPARE(fileContents(run.path("script.txt")), QByteArray());
 }
 
 void TestCommandLine::fileNamesThatLookLikeResources()
 {
-    ProgramRun run;
-    run.setSettings(emptySettings);
-    run.writeFile("./:job.xml", job);
+    SmallJobRun run;
+    run.writeFile("./:job.xml", smallJob);
     run.start({":job.xml", ":script.txt"});
 
-    QCOMPARE(fileContents(run.path("./:script.txt")), script);
-    QCOMPARE(run.standardOutput + run.standardError, QByteArray());
+    QCOMPARE(fileContents(run.path("./:script.txt")), smallScript());
+    QCOMPARE(run.remarks(), QByteArray());
 }
 
 void TestCommandLine::outOfMemory()
@@ -217,54 +176,48 @@ void TestCommandLine::outOfMemory()
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
     QSKIP("The sanitizers need more memory than the limit.");
 #endif
-    ProgramRun run;
-    run.setSettings(emptySettings);
-    run.writeFile(
-        "job.xml",
-        QByteArray(job).replace("</job>", "<receipt serialnumber='" + QByteArray(60000000, 'y') + "'/></job>"));
-    run.startShell("ulimit -v 200000; \"$program\" job.xml script.txt; echo \"status $?\"");
+    SmallJobRun run;
+    const QByteArray tooMuch = "<receipt serialnumber='" + QByteArray(60000000, 'y') + "'/>";
+    run.writeFile("job.xml", QByteArray(smallJob).replace("</job>", tooMuch + "</job>"));
+    run.startShell(R"(ulimit -v 200000; "$program" job.xml script.txt; echo "status $?")");
 
-    QCOMPARE(run.standardOutput, QByteArray("status 0\n"));
-    QCOMPARE(run.standardError, QByteArray());
-    QCOMPARE(fileContents(run.path("script.txt")), script.left(script.indexOf("nofis chiudi")));
+    QCOMPARE(run.remarks(), QByteArray("status 0\n"));
+    QCOMPARE(fileContents(run.path("script.txt")), openDocument({" Serial Number: 7", rule()}));
 }
 
 void TestCommandLine::warningsAreNeverFatal()
 {
-    ProgramRun run;
-    run.setSettings(emptySettings);
+    SmallJobRun run;
     run.setEnvironment("QT_FATAL_WARNINGS", "1");
     run.start({"", ""}); // the toolkit warns of a file without a name
 
-    QCOMPARE(run.standardError, QByteArray());
-    QCOMPARE(run.exitStatus, 0);
+    QCOMPARE(run.remarks(), unopened);
 }
 
 void TestCommandLine::homeIsBytes_data()
 {
     QTest::addColumn<QString>("locale");
     QTest::addColumn<QByteArray>("home"); // as printf writes it
-    QTest::newRow("UTF-8 in a UTF-8 locale") << "C.UTF-8" << QByteArray("caff\\303\\250");
-    QTest::newRow("ISO-8859-1 in a UTF-8 locale") << "C.UTF-8" << QByteArray("caff\\350");
-    QTest::newRow("ISO-8859-15 in its own locale") << "it_IT.ISO-8859-15" << QByteArray("caff\\350");
+    QTest::newRow("UTF-8 in a UTF-8 locale") << "C.UTF-8" << QByteArray(R"(caff\303\250)");
+    QTest::newRow("ISO-8859-1 in a UTF-8 locale") << "C.UTF-8" << QByteArray(R"(caff\350)");
+    QTest::newRow("ISO-8859-15 in its own locale") << "it_IT.ISO-8859-15" << QByteArray(R"(caff\350)");
 }
 
 void TestCommandLine::homeIsBytes()
 {
     QFETCH(QString, locale);
     QFETCH(QByteArray, home);
-    ProgramRun run;
+    SmallJobRun run;
     run.setEnvironment("LC_ALL", locale);
     run.setSettings("zelmora: { receiptdoc: { paperWidth = 20; }; };");
-    run.writeFile("job.xml", job);
-    run.startShell("home=\"$PWD/$(printf '" + home
-                   + "')\"\n"
-                     "cp -r home \"$home\"\n"
-                     "HOME=$home \"$program\" job.xml script.txt\n"
-                     "rm -r \"$home\"\n");
+    run.startShell("home=$PWD/$(printf '" + home + "')" + R"(
+        cp -r home "$home"
+        HOME=$home "$program" job.xml script.txt
+        rm -r "$home"
+    )");
 
-    QCOMPARE(run.standardOutput + run.standardError, QByteArray());
-    QVERIFY(fileContents(run.path("script.txt")).contains("nofis riga='" + QByteArray(20, '=') + "'\r\n"));
+    QCOMPARE(run.remarks(), QByteArray());
+    QCOMPARE(fileContents(run.path("script.txt")), smallScript(20));
 }
 
 void TestCommandLine::fileNamesAreBytes_data()
@@ -278,20 +231,19 @@ void TestCommandLine::fileNamesAreBytes_data()
 void TestCommandLine::fileNamesAreBytes()
 {
     QFETCH(QString, locale);
-    ProgramRun run;
-    run.setSettings(emptySettings);
+    SmallJobRun run;
     run.setEnvironment("LC_ALL", locale);
-    run.writeFile("job.xml", job);
     // A name in UTF-8 and one in ISO-8859-15: each is the very file that the suite named.
-    run.startShell("for name in \"$(printf 'caff\\303\\250')\" \"$(printf 'caff\\350')\"; do\n"
-                   "    cp job.xml \"$name.xml\"\n"
-                   "    \"$program\" \"$name.xml\" \"$name.txt\"\n"
-                   "    cat \"$name.txt\"\n"
-                   "    rm \"$name.xml\" \"$name.txt\"\n"
-                   "done\n");
+    run.startShell(R"sh(
+        for name in "$(printf 'caff\303\250')" "$(printf 'caff\350')"; do
+            cp job.xml "$name.xml"
+            "$program" "$name.xml" "$name.txt"
+            cat "$name.txt"
+            rm "$name.xml" "$name.txt"
+        done
+    )sh");
 
-    QCOMPARE(run.standardOutput, script + script);
-    QCOMPARE(run.standardError, QByteArray());
+    QCOMPARE(run.remarks(), smallScript() + smallScript());
 }
 
 QTEST_GUILESS_MAIN(TestCommandLine)

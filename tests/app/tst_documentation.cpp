@@ -1,4 +1,4 @@
-#include "support/programrun.h"
+#include "support/examples.h"
 
 #include <QtTest>
 
@@ -17,7 +17,6 @@ private slots:
 };
 
 static const QString docs = ZELMORA_DOCS;
-static const QDir examples(ZELMORA_EXAMPLES);
 
 /// The settings that docs/job-file.md states for its examples, for all groups that they use.
 static QByteArray jobFileSettings()
@@ -38,10 +37,7 @@ static QByteArray jobFileSettings()
 /// The script of an example with the examples' settings, with plain line ends.
 static QByteArray exampleScript(const QString& name)
 {
-    ProgramRun run;
-    run.setSettings(fileContents(examples.filePath("home/.zelmora/conf/zelmora.conf")));
-    run.setWorkingFolder(QFileInfo(ZELMORA_CATALOGUE).path() + "/..");
-    return run.print(fileContents(examples.filePath(name))).replace("\r\n", "\n");
+    return ExampleRun().printExample(name).replace("\r\n", "\n");
 }
 
 void TestDocumentation::everyJobFileExampleIsFound()

@@ -1,4 +1,4 @@
-#include "support/programrun.h"
+#include "support/examples.h"
 
 #include <QtTest>
 
@@ -14,8 +14,6 @@ private slots:
     void settingsHaveEveryKey();
 };
 
-static const QDir examples(ZELMORA_EXAMPLES);
-
 void TestExamples::example_data()
 {
     QTest::addColumn<QString>("job");
@@ -26,13 +24,10 @@ void TestExamples::example_data()
 void TestExamples::example()
 {
     QFETCH(QString, job);
-    ProgramRun run;
-    run.setSettings(fileContents(examples.filePath("home/.zelmora/conf/zelmora.conf")));
-    run.setWorkingFolder(QFileInfo(ZELMORA_CATALOGUE).path() + "/.."); // from where the settings find it
-    const QByteArray script = run.print(fileContents(examples.filePath(job)));
+    ExampleRun run;
+    const QByteArray script = run.printExample(job);
 
-    QCOMPARE(run.standardOutput + run.standardError, QByteArray());
-    QCOMPARE(run.exitStatus, 0);
+    QCOMPARE(run.remarks(), QByteArray());
     const QRegularExpression ordinary("\\Anofis apri\r\n(nofis riga='[^\r\n]*'\r\n)*nofis chiudi\r\n\\z");
     const QRegularExpression fiscal("\\ACLEAR \r\nCHIAVE REG\r\n"
                                     "((VEND REP=\\d+,QTY=\\d+,PREZZO=\\d+\\.\\d\\d,DES='[^\r\n]+'"
@@ -101,8 +96,7 @@ void TestExamples::settingsHaveEveryKey_data()
 void TestExamples::settingsHaveEveryKey()
 {
     QFETCH(QByteArrayList, keys);
-    const QByteArray settings = fileContents(examples.filePath("home/.zelmora/conf/zelmora.conf"));
-    const QString text = QString::fromUtf8(groupText(settings, QTest::currentDataTag()));
+    const QString text = QString::fromUtf8(groupText(exampleSettings(), QTest::currentDataTag()));
     QByteArrayList found;
     QRegularExpressionMatchIterator lines = QRegularExpression("        (\\w+) = \"[^\"\n]+\";\n").globalMatch(text);
     while (lines.hasNext())

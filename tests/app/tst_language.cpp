@@ -1,4 +1,5 @@
 #include "support/programrun.h"
+#include "support/smalljob.h"
 
 #include <QtTest>
 
@@ -15,12 +16,6 @@ private slots:
     void variables();
     void pathInAMessageIsInTheLocalesEncoding();
 };
-
-static QByteArray printedNumber(const QByteArray& label)
-{
-    return "nofis apri\r\nnofis riga=' " + label
-        + "7'\r\nnofis riga='================================'\r\nnofis chiudi\r\n";
-}
 
 void TestLanguage::catalogue_data()
 {
@@ -65,16 +60,15 @@ void TestLanguage::catalogue()
                     + "; file = " + file + "; }; };");
     run.setEnvironment("LC_ALL", locale);
 
-    QCOMPARE(run.print("<job><method name='printFullOrderReceipt'/><receipt serialnumber='7'/></job>"),
-             printedNumber(italian ? "Numero progressivo: " : "Serial Number: "));
-    QCOMPARE(run.standardOutput + run.standardError, QByteArray());
+    QCOMPARE(run.print(smallJob), italian ? document({" Numero progressivo: 7", rule()}) : smallScript());
+    QCOMPARE(run.remarks(), QByteArray());
 }
 
 void TestLanguage::encoding_data()
 {
     QTest::addColumn<QString>("locale");
-    QTest::addColumn<QByteArray>("printed"); // of: e with grave accent, euro, a Chinese character, a pizza
-    const QByteArray utf8 = "\xc3\xa8|\xe2\x82\xac|\xe6\xbc\xa2|\xf0\x9f\x8d\x95";
+    QTest::addColumn<QByteArray>("printed"); // of: è|€|漢|🍕
+    const QByteArray utf8 = "è|€|漢|🍕";
     QTest::newRow("C") << "C" << utf8;
     QTest::newRow("POSIX") << "POSIX" << utf8;
     QTest::newRow("UTF-8") << "C.UTF-8" << utf8;
@@ -91,9 +85,9 @@ void TestLanguage::encoding()
     run.setSettings("zelmora: { fiscaldoc: { }; };");
     run.setEnvironment("LC_ALL", locale);
     QCOMPARE(run.print("<job><method name='printAbstractOrderFiscal'/>"
-                       "<receipe_type name='\xc3\xa8|\xe2\x82\xac|\xe6\xbc\xa2|\xf0\x9f\x8d\x95'/></job>"),
-             "CLEAR \r\nCHIAVE REG\r\nVEND REP=,QTY=1,PREZZO=,DES='" + printed + "'\r\nCHIUS T=1\r\n");
-    QCOMPARE(run.standardOutput + run.standardError, QByteArray());
+                       "<receipe_type name='è|€|漢|🍕'/></job>"),
+             fiscalReceipt({"VEND REP=,QTY=1,PREZZO=,DES='" + printed + "'"}));
+    QCOMPARE(run.remarks(), QByteArray());
 }
 
 void TestLanguage::variables_data()
@@ -144,9 +138,9 @@ void TestLanguage::pathInAMessageIsInTheLocalesEncoding()
 {
     ProgramRun run;
     run.setEnvironment("LC_ALL", "it_IT.ISO-8859-15");
-    run.startShell("HOME=\"$(printf '/caff\\350')\" \"$program\" job.xml script.txt");
+    run.startShell(R"sh(HOME="$(printf '/caff\350')" "$program" job.xml script.txt)sh");
     QCOMPARE(
-        run.standardOutput,
+        run.remarks(),
         QByteArray("Error in the method FileReader::open( /caff\xe8/.zelmora/conf/zelmora.conf ): File Not Found\n"));
 }
 

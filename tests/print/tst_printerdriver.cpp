@@ -148,8 +148,6 @@ private slots:
     void endOfElementDoesNothing();
     void hooksDoNothing();
 
-    void methodIsSelected_data();
-    void methodIsSelected();
     void sectionStartsWhenAllIsSet_data();
     void sectionStartsWhenAllIsSet();
     void elementsReachTheMethod_data();
@@ -165,8 +163,6 @@ private slots:
     void secondMethodLoadsItsOwnSettings();
     void secondMethodKeepsTheRest();
 
-    void duplicateOfOneMethod_data();
-    void duplicateOfOneMethod();
     void duplicateOfTwoMethods_data();
     void duplicateOfTwoMethods();
 
@@ -256,24 +252,6 @@ void TestPrinterDriver::hooksDoNothing()
     QCOMPARE(driver.takeCalls(), QStringList());
 }
 
-void TestPrinterDriver::methodIsSelected_data()
-{
-    addMethodRows();
-}
-
-void TestPrinterDriver::methodIsSelected()
-{
-    QFETCH(int, index);
-    const Method& method = methods[index];
-    RecordingDriver driver;
-
-    QVERIFY(driver.element("method", {{"id", "printers"}, {"name", method.name}}));
-    QCOMPARE(driver.method, QString(method.name));
-    QCOMPARE(driver.docPath, QString(method.docPath));
-    QCOMPARE(driver.paperWidth, method.paperWidth);
-    QCOMPARE(driver.takeCalls(), QStringList {"startSection()"});
-}
-
 void TestPrinterDriver::sectionStartsWhenAllIsSet_data()
 {
     addMethodRows();
@@ -285,7 +263,7 @@ void TestPrinterDriver::sectionStartsWhenAllIsSet()
     const Method& method = methods[index];
     SelectionDriver driver;
 
-    selectMethod(driver, method.name);
+    QVERIFY(driver.element("method", {{"id", "printers"}, {"name", method.name}}));
     const char* const duplicate = method.invoice.value_or(false) ? "duplicate" : "no duplicate";
     const QStringList expected {method.name, method.docPath, QString::number(method.paperWidth), duplicate};
     QCOMPARE(driver.seen, expected);
@@ -443,20 +421,6 @@ void TestPrinterDriver::secondMethodKeepsTheRest()
     QCOMPARE(driver.credit, QString("5.00"));
     QCOMPARE(driver.justify, QString("center"));
     QCOMPARE(driver.oneTime(), false);
-}
-
-void TestPrinterDriver::duplicateOfOneMethod_data()
-{
-    addMethodRows();
-}
-
-void TestPrinterDriver::duplicateOfOneMethod()
-{
-    QFETCH(int, index);
-    RecordingDriver driver;
-
-    selectMethod(driver, methods[index].name);
-    QCOMPARE(driver.printDuplicate(), methods[index].invoice.value_or(false));
 }
 
 void TestPrinterDriver::duplicateOfTwoMethods_data()

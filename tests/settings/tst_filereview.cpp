@@ -37,8 +37,8 @@ QStringList remarks(const FileReview& review, FileRemark::Kind kind)
 {
     QStringList texts;
     for (const FileRemark& remark : review.only(kind))
-        texts += QString("%1:%2 %3").arg(QString::number(remark.place.line), QString::number(remark.place.column),
-                                         remark.text);
+        texts += QString("%1:%2 %3")
+                     .arg(QString::number(remark.place.line), QString::number(remark.place.column), remark.text);
     return texts;
 }
 
@@ -75,7 +75,8 @@ void TestFileReview::dropped_data()
     row("text at the end of the file", "zelmora: { a = 1; };\n# caff\xE8", {"2:1 # caffè"});
     row("text at the end, in a group", "zelmora: { a = 1; nam", {"1:19 nam"});
     row("a remark that becomes part of a name is not dropped", "zelmora: { # x\n a = 1; };", {});
-    row("text after a '}' too many", "zelmora: { a = 1; }; } b = 2;\n c: { d = 3; };", {"1:24 b = 2", "2:2 c: { d = 3; };"});
+    row("text after a '}' too many", "zelmora: { a = 1; }; } b = 2;\n c: { d = 3; };",
+        {"1:24 b = 2", "2:2 c: { d = 3; };"});
     row("text before and after a '}' too many", "x } ; y", {"1:1 x", "1:7 y"});
     row("white space after a '}' too many", "zelmora: { a = 1; }; };\n \n", {});
     row("a ':' without a '{'", "zelmora: { a = 1;\n doc: b = 2; };", {"2:2 doc", "2:7 b = 2; };"});
@@ -101,10 +102,10 @@ void TestFileReview::dropped_data()
     row("the second group at top level", "zelmora: { a = 1; };\nother: { b = 2; };", {"2:1 other"});
     row("a second group of the same name", "zelmora: { a = 1; };\nzelmora: { b = 2; };", {"2:1 zelmora"});
     row("a second group without a name", "zelmora: { a = 1; };\n: { b = 2; };", {"2:1 :"});
-    row("all groups but the first that holds something", "x: { y: { }; }; zelmora: { a = 1; }; other: { b: { c = 1; }; };",
-        {"1:1 x", "1:6 y", "1:38 other"});
-    row("a first group that holds a group which holds one, all of them empty", "x: { y: { z: { }; }; }; zelmora: { a = 1; };",
-        {"1:1 x", "1:6 y", "1:11 z", "1:25 zelmora"});
+    row("all groups but the first that holds something",
+        "x: { y: { }; }; zelmora: { a = 1; }; other: { b: { c = 1; }; };", {"1:1 x", "1:6 y", "1:38 other"});
+    row("a first group that holds a group which holds one, all of them empty",
+        "x: { y: { z: { }; }; }; zelmora: { a = 1; };", {"1:1 x", "1:6 y", "1:11 z", "1:25 zelmora"});
     row("an empty group within the second group", "zelmora: { a = 1; }; other: { b = 2; c: { }; };",
         {"1:22 other", "1:38 c"});
 }
@@ -148,7 +149,8 @@ void TestFileReview::namesWithoutKeys_data()
     row("a remark before the first group", "# paper\nzelmora: { a = 1; };", {"1:1 # paper\nzelmora"});
     row("a point in a name", "zelmora: { a.b = 1; };", {"1:12 a.b"});
     row("no name at all", "zelmora: { = 1; };", {"1:12 "});
-    row("an empty group of such a name is dropped, and nothing else is said of it", "zelmora: { a = 1; b c: { }; };", {});
+    row("an empty group of such a name is dropped, and nothing else is said of it", "zelmora: { a = 1; b c: { }; };",
+        {});
     row("in a group that is left out", "zelmora: { a = 1; }; other: { b c = 1; };", {});
     row("in an empty group before the first one", "x: { b c: { }; }; zelmora: { a = 1; };", {});
 }
@@ -167,9 +169,11 @@ void TestFileReview::outsideAndSwallowing_data()
                         const QStringList& swallowing) { QTest::newRow(name) << bytes << outside << swallowing; };
 
     add("neither", "zelmora: { a = \"12:30 = {x}\"; b = \"c\nd\"; };", {}, {});
-    add("settings outside every group", "lang = it;\nzelmora: { a = 1; };\n b = \"2\";", {"1:1 lang = it", "3:2 b = 2"}, {});
+    add("settings outside every group", "lang = it;\nzelmora: { a = 1; };\n b = \"2\";", {"1:1 lang = it", "3:2 b = 2"},
+        {});
     add("the next setting", "zelmora: {\na = 1\n b = 2; };", {}, {"2:1 zelmora.a = 1\n b = 2"});
-    add("the end of the group", "zelmora: { doc: { a = 1\n }; sold: { b = 2; }; };", {}, {"1:19 zelmora.doc.a = 1\n }"});
+    add("the end of the group", "zelmora: { doc: { a = 1\n }; sold: { b = 2; }; };", {},
+        {"1:19 zelmora.doc.a = 1\n }"});
     add("the next group", "zelmora: { a = 1\n doc: { b = 2; }; };", {}, {"1:12 zelmora.a = 1\n doc: { b = 2"});
     add("after empty lines", "zelmora: { a = 1\n\n \n b = 2; };", {}, {"1:12 zelmora.a = 1\n\n \n b = 2"});
     add("outside every group", "a = 1\nb = 2;", {"1:1 a = 1\nb = 2"}, {"1:1 a = 1\nb = 2"});
@@ -257,15 +261,18 @@ void TestFileReview::hostileFiles_data()
     QTest::addColumn<QString>("format");
     QTest::addColumn<int>("remarks");
 
-    QTest::newRow("a value of empty lines") << "zelmora: { a = x" + QByteArray(3000000, '\n') + "; };" << "cfg" << 0;
-    QTest::newRow("a value of words") << "zelmora: { a = x" + QByteArray("\nword").repeated(500000) + "; };" << "cfg" << 0;
+    QTest::newRow("a value of empty lines") << "zelmora: { a = x" + QByteArray(3000000, '\n') + "; };"
+                                            << "cfg" << 0;
+    QTest::newRow("a value of words") << "zelmora: { a = x" + QByteArray("\nword").repeated(500000) + "; };"
+                                      << "cfg" << 0;
     QTest::newRow("stray words in one line") << QByteArray("g: x {}; ").repeated(200000) << "cfg" << 400000;
-    QTest::newRow("a setting again and again")
-        << "zelmora: {" + QByteArray("a=1;").repeated(300000) + "};" << "cfg" << 299999;
-    QTest::newRow("an attribute again and again")
-        << "<zelmora" + QByteArray(" a='1'").repeated(100000) + "/>" << "xml" << 99999;
+    QTest::newRow("a setting again and again") << "zelmora: {" + QByteArray("a=1;").repeated(300000) + "};"
+                                               << "cfg" << 299999;
+    QTest::newRow("an attribute again and again") << "<zelmora" + QByteArray(" a='1'").repeated(100000) + "/>"
+                                                  << "xml" << 99999;
     QTest::newRow("a comment again and again")
-        << "<zelmora a='1'>" + QByteArray("<!--x-->").repeated(200000) + "</zelmora>" << "xml" << 200000;
+        << "<zelmora a='1'>" + QByteArray("<!--x-->").repeated(200000) + "</zelmora>"
+        << "xml" << 200000;
 }
 
 // In proportion to their size: what is squared would take hours here.

@@ -1,7 +1,7 @@
 #ifndef ZELMORA_TESTS_SUPPORT_CAPTURE_H
 #define ZELMORA_TESTS_SUPPORT_CAPTURE_H
 
-#include "support/programrun.h"
+#include "support/files.h"
 
 #include <QTemporaryFile>
 

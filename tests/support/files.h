@@ -1,8 +1,6 @@
 #ifndef ZELMORA_TESTS_SUPPORT_FILES_H
 #define ZELMORA_TESTS_SUPPORT_FILES_H
 
-#include "support/programrun.h"
-
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -19,12 +17,14 @@ inline QString scratchFolder()
                                                               : QDir::tempPath() + QStringLiteral("/zelmora-XXXXXX");
 }
 
-inline void writeBytes(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("%s can't be written.", qPrintable(path));
-}
+/// Makes the file at @p path hold @p bytes and nothing else.
+void writeBytes(const QString& path, const QByteArray& bytes);
+
+/// What the file at @p path holds; nothing where it can't be read.
+QByteArray fileContents(const QString& path);
+
+/// Empty when both are the same; else what `diff -u` says of them.
+QByteArray difference(const QByteArray& expected, const QByteArray& actual);
 
 inline void makeLink(const QByteArray& target, const QString& path)
 {

@@ -18,6 +18,12 @@ using Job = QVector<Element>;
 
 Q_DECLARE_METATYPE(Job)
 
+/// Two of a dish that costs 3.50.
+inline Element dish(const char* name = "PIZZA")
+{
+    return {"receipe", {{"name", name}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}};
+}
+
 /// Elements of these names, each with attributes that one document or another would print.
 inline Job elementsNamed(std::initializer_list<const char*> names)
 {
@@ -31,6 +37,18 @@ inline Job elementsNamed(std::initializer_list<const char*> names)
 inline QString separator()
 {
     return QStringLiteral(R"(println("================================"))");
+}
+
+/// The calls that print the titles of the columns on that paper: those of dishes.
+inline QStringList dishTitles()
+{
+    return {"setBold()", R"(println("Num Description     Price Amount"))", "setCharSize()"};
+}
+
+/// Those of dish types.
+inline QStringList typeTitles()
+{
+    return {"setBold()", R"(println("Num Description            Price"))", "setCharSize()"};
 }
 
 /// Settings for the documents of one settings group: paper of 32 characters, columns of 3 (quantity), 6

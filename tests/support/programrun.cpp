@@ -1,7 +1,6 @@
 #include "support/programrun.h"
 
-#include "support/files.h"
-
+#include <QDir>
 #include <QProcess>
 
 ProgramRun::ProgramRun()
@@ -75,23 +74,14 @@ QByteArray ProgramRun::print(const QByteArray& job)
     return fileContents(path("script.txt"));
 }
 
-QByteArray fileContents(const QString& path)
+QByteArray ProgramRun::remarks() const
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-QByteArray difference(const QByteArray& expected, const QByteArray& actual)
-{
-    if (expected == actual)
-        return QByteArray();
-    const QTemporaryDir folder;
-    const QString expectedPath = folder.filePath(QStringLiteral("expected"));
-    const QString actualPath = folder.filePath(QStringLiteral("actual"));
-    writeBytes(expectedPath, expected);
-    writeBytes(actualPath, actual);
-    QProcess diff;
-    diff.start(QStringLiteral("diff"), {QStringLiteral("-u"), expectedPath, actualPath});
-    diff.waitForFinished();
-    return "The bytes differ:\n" + diff.readAllStandardOutput();
+    QByteArray text = standardOutput;
+    if (!standardError.isEmpty())
+        text += "\nstandard error: " + standardError;
+    if (!ended)
+        text += "\nended by a signal, or not at all";
+    else if (exitStatus != 0)
+        text += "\nexit status " + QByteArray::number(exitStatus);
+    return text;
 }

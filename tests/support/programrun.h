@@ -1,9 +1,9 @@
 #ifndef ZELMORA_TESTS_SUPPORT_PROGRAMRUN_H
 #define ZELMORA_TESTS_SUPPORT_PROGRAMRUN_H
 
-#include <QByteArray>
+#include "support/files.h"
+
 #include <QProcessEnvironment>
-#include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -29,6 +29,10 @@ public:
     /// Prints @p job to the file "script.txt" in the scratch folder and returns what that holds.
     QByteArray print(const QByteArray& job);
 
+    /// What the last run left to see beside its files: standard output as it is, and behind it, in words, what there
+    /// should not be: standard error, an exit status other than 0, an end by a signal. Empty where there is nothing.
+    QByteArray remarks() const;
+
     QByteArray standardOutput;
     QByteArray standardError;
     bool ended = false; ///< by itself, not by a signal or as hung
@@ -41,10 +45,5 @@ private:
     QProcessEnvironment environment;
     QString workingFolder;
 };
-
-QByteArray fileContents(const QString& path);
-
-/// Empty when both are the same; else what `diff -u` says of them.
-QByteArray difference(const QByteArray& expected, const QByteArray& actual);
 
 #endif
