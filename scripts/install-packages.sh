@@ -7,6 +7,8 @@ BUILD_PACKAGES=(g++ cmake ninja-build qtbase5-dev qttools5-dev-tools)
 TEST_PACKAGES=("${BUILD_PACKAGES[@]}" locales postgresql postgresql-client libqt5sql5-psql)
 # To measure as well: what the print program is measured against, and time(1) for the memory.
 BENCH_PACKAGES=("${BUILD_PACKAGES[@]}" xsltproc python3 time)
+# To fuzz: the compiler that has libFuzzer, its sanitizers, and what finds names and lines for their reports.
+FUZZ_PACKAGES=("${BUILD_PACKAGES[@]}" clang libclang-rt-14-dev llvm)
 # To lay out the sources.
 FORMAT_PACKAGES=(clang-format)
 
