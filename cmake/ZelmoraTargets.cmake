@@ -12,18 +12,19 @@ target_compile_options(zelmora_sax INTERFACE -Wno-deprecated-declarations)
 set(ZELMORA_DEFINITIONS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
 
 # zelmora_library(<name> [HEADERS <file>...] SOURCES <file>... LINKS <target>... [PRIVATE_LINKS <target>...]): the
-# static library Zelmora::<name>. Headers are those that are installed for other programs; private links those that
-# the headers do not show.
+# static library Zelmora::<name>. Headers are those that are installed for other programs, which include them as
+# <zelmora/<name>/file.h>: they include each other by paths relative to themselves, so that no header of a program comes
+# first. Private links are those that the headers do not show.
 function(zelmora_library name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "HEADERS;SOURCES;LINKS;PRIVATE_LINKS")
     add_library(zelmora_${name} STATIC ${arg_SOURCES})
     add_library(Zelmora::${name} ALIAS zelmora_${name})
     set_target_properties(zelmora_${name} PROPERTIES OUTPUT_NAME zelmora-${name} EXPORT_NAME ${name})
-    target_sources(zelmora_${name} PUBLIC
-        FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${arg_HEADERS})
+    target_include_directories(zelmora_${name} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
     target_link_libraries(zelmora_${name} PUBLIC ${arg_LINKS} PRIVATE ${arg_PRIVATE_LINKS})
     target_compile_features(zelmora_${name} PUBLIC cxx_std_17) # of the headers: a program may have set less
     target_compile_definitions(zelmora_${name} PRIVATE ${ZELMORA_DEFINITIONS})
+    install(FILES ${arg_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zelmora/${name})
 endfunction()
 
 # zelmora_program(<name> SOURCES <file>... LINKS <target>...)

@@ -1,8 +1,8 @@
 #ifndef ZELMORA_CONFIG_ZMCONFIGURATION_H
 #define ZELMORA_CONFIG_ZMCONFIGURATION_H
 
-#include "config/config.h"
-#include "config/syncsingleton.h"
+#include "config.h"
+#include "syncsingleton.h"
 
 /// The settings store: the settings of the user's own file, "/.zelmora/conf/zelmora.conf" under the home
 /// directory, in the brace format. The programs share one through SyncSingleton<ZMConfiguration>::instance();

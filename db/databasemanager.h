@@ -1,7 +1,7 @@
 #ifndef ZELMORA_DB_DATABASEMANAGER_H
 #define ZELMORA_DB_DATABASEMANAGER_H
 
-#include "config/syncsingleton.h"
+#include "../config/syncsingleton.h"
 
 #include <QSqlDatabase>
 #include <QStringList>

@@ -1,8 +1,8 @@
 #ifndef ZELMORA_LOG_HLOGMANAGER_H
 #define ZELMORA_LOG_HLOGMANAGER_H
 
-#include "config/syncsingleton.h"
-#include "log/logger.h"
+#include "../config/syncsingleton.h"
+#include "logger.h"
 
 #include <QMap>
 

@@ -1,6 +1,6 @@
-#include <db/databasemanager.h>
-#include <log/hlogmanager.h>
-#include <util/hlibrary.h>
+#include <zelmora/db/databasemanager.h>
+#include <zelmora/log/hlogmanager.h>
+#include <zelmora/util/hlibrary.h>
 
 #include <QCoreApplication>
 

@@ -16,7 +16,6 @@ private slots:
     void initTestCase();
     void cleanupTestCase();
 
-    void headers();
     void noPathOfTheBuildShows();
     void printProgramAndCatalogue();
     void settingsEditor();
@@ -74,17 +73,6 @@ static QByteArray log(const ProgramRun& run, const char* name)
     return withoutTimes(fileContents(run.path(name)));
 }
 
-/// The names of all files below @p folder that match @p filter, sorted.
-static QStringList filesBelow(const QString& folder, const QString& filter)
-{
-    QStringList files;
-    QDirIterator found(folder, {filter}, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-    while (found.hasNext())
-        files += QDir(folder).relativeFilePath(found.next());
-    files.sort();
-    return files;
-}
-
 void TestInstalledTree::initTestCase()
 {
     workbench = std::make_unique<Workbench>();
@@ -139,41 +127,9 @@ QByteArray TestInstalledTree::ourSettings(const ProgramRun& run, const QByteArra
         .replace("localhost", cluster->host().toUtf8());
 }
 
-void TestInstalledTree::headers()
-{
-    const QStringList headers = filesBelow(workbench->installed("include"), "*");
-    QCOMPARE(
-        headers,
-        QStringList({"zelmora/config/config.h", "zelmora/config/syncsingleton.h", "zelmora/config/zmconfiguration.h",
-                     "zelmora/db/databasemanager.h", "zelmora/log/hlogmanager.h", "zelmora/log/logger.h",
-                     "zelmora/util/hlibrary.h", "zelmora/util/sleepthread.h"}));
-
-    // Each on its own, in a program that would be content with an older language, and without a warning: the compiler
-    // is told that these are no system headers.
-    QByteArray project = "cmake_minimum_required(VERSION 3.25)\n"
-                         "project(Headers LANGUAGES CXX)\n"
-                         "set(CMAKE_CXX_STANDARD 14)\n"
-                         "add_compile_options(-Wpedantic -Werror)\n"
-                         "find_package(Zelmora 1.0 REQUIRED)\n"
-                         "set_target_properties(Zelmora::config Zelmora::log Zelmora::util Zelmora::db\n"
-                         "    PROPERTIES SYSTEM OFF)\n";
-    for (const QString& header : headers) {
-        const QByteArray include = header.mid(8).toUtf8();
-        const QByteArray component = include.left(include.indexOf('/'));
-        const QByteArray name = include.mid(component.size() + 1).chopped(2);
-        project += "file(WRITE ${CMAKE_BINARY_DIR}/" + name + ".cpp \"#include <" + include + ">\\n\")\n"
-            + "add_library(" + name + " OBJECT ${CMAKE_BINARY_DIR}/" + name + ".cpp)\n" + "target_link_libraries("
-            + name + " PRIVATE Zelmora::" + component + ")\n";
-    }
-    workbench->makeProject("headers", project, QByteArray());
-    const Outcome outcome = workbench->configureAndBuild("headers");
-    QVERIFY2(outcome.succeeded, outcome.said.constData());
-}
-
 void TestInstalledTree::noPathOfTheBuildShows()
 {
-    const QString root = workbench->installed();
-    const QStringList files = filesBelow(root, "*.cmake") + filesBelow(root, "*.h");
+    const QStringList files = workbench->installedFiles("*.cmake") + workbench->installedFiles("*.h");
     QVERIFY(files.size() > 8);
     for (const QString& file : files) {
         const QByteArray text = fileContents(workbench->installed(file));

@@ -1,19 +1,10 @@
 #include "workbench.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
-
-namespace {
-
-void writeFile(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("%s can't be written.", qPrintable(path));
-}
-
-} // namespace
 
 Workbench::Workbench()
     : folder(QDir::tempPath() + "/installed tree XXXXXX")
@@ -44,12 +35,27 @@ QString Workbench::built(const QString& project, const QString& name) const
     return path(project + "/build/" + name);
 }
 
+QStringList Workbench::installedFiles(const QString& filter) const
+{
+    QStringList files;
+    QDirIterator found(installed(), {filter}, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (found.hasNext())
+        files += QDir(installed()).relativeFilePath(found.next());
+    files.sort();
+    return files;
+}
+
 void Workbench::makeProject(const QString& project, const QByteArray& cmake, const QByteArray& source)
 {
-    if (!QDir(folder.path()).mkpath(project))
-        qFatal("The folder %s can't be made.", qPrintable(project));
-    writeFile(path(project + "/CMakeLists.txt"), cmake);
-    writeFile(path(project + "/main.cpp"), source);
+    addFile(project, "CMakeLists.txt", cmake);
+    addFile(project, "main.cpp", source);
+}
+
+void Workbench::addFile(const QString& project, const QString& name, const QByteArray& bytes)
+{
+    QFile file(path(project + '/' + name));
+    if (!QDir().mkpath(QFileInfo(file).path()) || !file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("%s can't be written.", qPrintable(file.fileName()));
 }
 
 Outcome Workbench::configure(const QString& project, const QStringList& options)

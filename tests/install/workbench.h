@@ -26,8 +26,13 @@ public:
     QString path(const QString& name) const; ///< a path in the scratch folder
     QString built(const QString& project, const QString& name = QString()) const; ///< a path in a project's build
 
+    /// The files of the installed tree that match @p filter: their paths in it, sorted.
+    QStringList installedFiles(const QString& filter) const;
+
     /// Makes the folder @p project with these files.
     void makeProject(const QString& project, const QByteArray& cmake, const QByteArray& source);
+    /// Adds a file to the project, or replaces it. Its folder is made.
+    void addFile(const QString& project, const QString& name, const QByteArray& bytes);
 
     Outcome configure(const QString& project, const QStringList& options = {});
     Outcome configureAndBuild(const QString& project, const QStringList& options = {});
