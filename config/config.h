@@ -129,6 +129,8 @@ protected:
     /// than 2 GiB when they are written are not written: a group's lines are indented by its depth, so that a small
     /// file of deeply nested groups can become that large.
     QString writeFile(const QString& path, const QString& fileFormat) const;
+    /// Makes @p bytes what writeFile() would write: "cfg" or "xml". Empty when that succeeded, else the reason.
+    QString writeBytes(QByteArray& bytes, const QString& fileFormat) const;
     /// The tree that @p list shows, in place of the old one; nothing is written.
     void rebuildTree(const QTreeWidget& list);
 

@@ -84,16 +84,22 @@ QString Config::writeFile(const QString& path, const QString& fileFormat) const
 {
     if (fileFormat != "cfg"_L1 && fileFormat != "xml"_L1)
         return QString();
+    QByteArray bytes;
+    const QString reason = writeBytes(bytes, fileFormat);
+    return reason.isEmpty() ? toolkit::replaceFile(path.isEmpty() ? fileName : path, bytes) : reason;
+}
+
+QString Config::writeBytes(QByteArray& bytes, const QString& fileFormat) const
+{
     ByteCounter counter;
     if (!writeTree(counter, fileFormat))
         return QStringLiteral("the settings are larger than 2 GiB");
-    QByteArray bytes;
     if (!reserve(bytes, counter.count()))
         return qt_error_string(ENOMEM);
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     writeTree(buffer, fileFormat);
-    return toolkit::replaceFile(path.isEmpty() ? fileName : path, bytes);
+    return QString();
 }
 
 bool Config::writeTree(QIODevice& device, const QString& fileFormat) const

@@ -7,7 +7,6 @@
 #include <QObject>
 #include <QRegularExpression>
 #include <QSet>
-#include <QTemporaryDir>
 
 using toolkit::operator""_L1;
 
@@ -65,20 +64,13 @@ QString SettingsFile::load(const QString& path)
 SettingsFile::Trial SettingsFile::tryWriting(const QString& path) const
 {
     Trial trial;
-    const QTemporaryDir folder;
-    if (!folder.isValid()) {
-        trial.reason = QObject::tr("a trial copy cannot be made, %1").arg(folder.errorString());
+    QByteArray bytes;
+    trial.reason = writeBytes(bytes, formatOf(path));
+    if (!trial.reason.isEmpty())
         return trial;
-    }
-    const QString file = folder.filePath(QStringLiteral("trial"));
-    const QString reason = writeFile(file, formatOf(path));
-    if (!reason.isEmpty()) {
-        trial.reason = QObject::tr("a trial copy cannot be made, %1").arg(reason);
-        return trial;
-    }
 
     SettingsFile readBack;
-    readBack.readFile(file, formatOf(path));
+    readBack.readBytes(bytes, path, formatOf(path));
     const QStringList kept = readBack.writtenSettings();
     const QSet<QString> keptSettings(kept.begin(), kept.end());
     for (const QString& setting : writtenSettings()) {

@@ -25,7 +25,7 @@ public:
     using Config::rebuildTree;
 
     struct Trial {
-        QString reason; ///< why there was none; empty when there was
+        QString reason; ///< why nothing would be written; empty when it would
         QStringList changed; ///< the settings that read back otherwise, or not at all
         QStringList notXml; ///< what keeps the whole file from being read: settings, and names of groups
     };

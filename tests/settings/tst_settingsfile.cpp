@@ -1,0 +1,240 @@
+#include "settings/settingsfile.h"
+
+#include "support/files.h"
+
+#include <QDomElement>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <sys/stat.h>
+
+/// A settings file loaded, tried, and saved.
+class TestSettingsFile : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void loads_data();
+    void loads();
+    void doesNotLoad_data();
+    void doesNotLoad();
+    void failureChangesNothing();
+    void pipeIsNotOpened();
+    void theNewFileIsReviewed();
+
+    void trial_data();
+    void trial();
+    void trialTouchesNoFile();
+
+    void saves_data();
+    void saves();
+    void savesUnderAnotherName();
+    void changedOnDisk();
+
+private:
+    QString path(const QString& name) const { return folder->filePath(name); }
+
+    QScopedPointer<QTemporaryDir> folder;
+};
+
+namespace {
+
+const QByteArray braces = "zelmora: \n{\n    lang = \"it\";\n};\n\n";
+const QByteArray xml = "\n<zelmora\n    lang = \"it\">\n</zelmora>\n";
+
+} // namespace
+
+void TestSettingsFile::init()
+{
+    folder.reset(new QTemporaryDir(scratchFolder()));
+}
+
+void TestSettingsFile::loads_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("lang");
+
+    QTest::newRow("the brace format") << "zelmora.conf" << braces << "it";
+    QTest::newRow("the brace format, whatever its name") << "till" << braces << "it";
+    QTest::newRow("XML by its name") << "zelmora.xml" << xml << "it";
+    QTest::newRow("XML by its name in capitals") << "ZELMORA.XML" << xml << "it";
+    QTest::newRow("an empty file") << "zelmora.conf" << QByteArray() << "";
+    QTest::newRow("an empty XML file") << "zelmora.xml" << QByteArray() << "";
+}
+
+void TestSettingsFile::loads()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, lang);
+    writeBytes(path(name), bytes);
+    SettingsFile file;
+    QCOMPARE(file.path(), QString());
+    QCOMPARE(file.load(path(name)), QString());
+    QCOMPARE(file.path(), path(name));
+    QCOMPARE(file.lookup("zelmora.lang"), lang);
+}
+
+void TestSettingsFile::doesNotLoad_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("reason");
+
+    QTest::newRow("a missing file") << "missing.conf" << "No such file or directory";
+    QTest::newRow("a folder") << "." << "it is not a file";
+    QTest::newRow("XML that breaks off") << "broken.xml" << "it is not XML";
+    QTest::newRow("the brace format under a name of XML") << "braces.xml" << "it is not XML";
+}
+
+void TestSettingsFile::doesNotLoad()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, reason);
+    writeBytes(path("broken.xml"), "<zelmora lang='it'>");
+    writeBytes(path("braces.xml"), braces);
+    SettingsFile file;
+    QCOMPARE(file.load(path(name)), reason);
+}
+
+void TestSettingsFile::failureChangesNothing()
+{
+    writeBytes(path("zelmora.conf"), braces + "other: { };");
+    SettingsFile file;
+    QCOMPARE(file.load(path("zelmora.conf")), QString());
+    QVERIFY(!file.load(path("missing.conf")).isEmpty());
+    QCOMPARE(file.path(), path("zelmora.conf"));
+    QCOMPARE(file.lookup("zelmora.lang"), QString("it"));
+    QCOMPARE(file.review().remarks.size(), 1);
+    QVERIFY(!file.changedOnDisk());
+}
+
+// It would never end, or end once.
+void TestSettingsFile::pipeIsNotOpened()
+{
+    QCOMPARE(mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
+    SettingsFile file;
+    QCOMPARE(file.load(path("pipe")), QString("it is not a file"));
+}
+
+void TestSettingsFile::theNewFileIsReviewed()
+{
+    writeBytes(path("a.conf"), "zelmora: { a = 1; };\nother: { b = 2; };");
+    writeBytes(path("b.xml"), "<zelmora a='1'>\n\nword</zelmora>");
+    SettingsFile file;
+    file.load(path("a.conf"));
+    QCOMPARE(file.review().remarks.size(), 1);
+    QCOMPARE(file.review().remarks.first().text, QString("other"));
+    file.load(path("b.xml"));
+    QCOMPARE(file.review().remarks.size(), 1);
+    QCOMPARE(file.review().remarks.first().place.line, 3);
+}
+
+void TestSettingsFile::trial_data()
+{
+    QTest::addColumn<QByteArray>("bytes"); // of a file in the brace format, or in XML when they begin so
+    QTest::addColumn<QString>("savedAs");
+    QTest::addColumn<QStringList>("changed");
+    QTest::addColumn<QStringList>("notXml");
+    const auto row = [](const char* name, const QByteArray& bytes, const char* savedAs, const QStringList& changed,
+                        const QStringList& notXml) { QTest::newRow(name) << bytes << savedAs << changed << notXml; };
+
+    row("nothing changes", "lang = it; zelmora: { a = 1; doc: { b = \"c:d=e{f}\"; }; };", "a.conf", {}, {});
+    row("nothing changes in XML", "zelmora: { a = 1; doc: { b = \"c:d=e{f}'\"; }; };", "a.xml", {}, {});
+    row("what is left out anyway does not change", "zelmora: { a = 1; }; other: { b = 2; };", "a.conf", {}, {});
+    row("XML values with signs of the brace format", "<zelmora a='1;2' b='say \"x\"' c='3'/>", "a.conf",
+        {"zelmora.a = 1;2", "zelmora.b = say \"x\""}, {});
+    row("an XML name with a colon", "<zelmora p:a='1' b='2'/>", "a.conf", {"zelmora.p:a = 1", "zelmora.b = 2"}, {});
+    row("a value with a less-than sign", "zelmora: { a = x<y; b = 1; };", "a.xml",
+        {"zelmora.a = x<y", "zelmora.b = 1"}, {"zelmora.a = x<y"});
+    row("a value with an ampersand", "zelmora: { a = x & y; };", "a.xml", {"zelmora.a = x & y"}, {"zelmora.a = x & y"});
+    row("a value with a control character", "zelmora: { a = x\x01y; };", "a.xml", {"zelmora.a = x\x01y"},
+        {"zelmora.a = x\x01y"});
+    row("a setting's name that begins with a digit", "zelmora: { 1st = x; };", "a.xml", {"zelmora.1st = x"},
+        {"zelmora.1st = x"});
+    row("a group's name that begins with a digit", "zelmora: { 2nd: { a = x; }; };", "a.xml", {"zelmora.2nd.a = x"},
+        {"2nd"});
+    row("a setting outside every group", "lang = it; zelmora: { b = 1; };", "a.xml", {"lang = it", "zelmora.b = 1"},
+        {"lang = it"});
+    row("a reference in a value", "zelmora: { a = &amp; };", "a.xml", {"zelmora.a = &amp"}, {"zelmora.a = &amp"});
+}
+
+void TestSettingsFile::trial()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, savedAs);
+    QFETCH(QStringList, changed);
+    QFETCH(QStringList, notXml);
+    const QString name = path(bytes.startsWith('<') ? "file.xml" : "file.conf");
+    writeBytes(name, bytes);
+    SettingsFile file;
+    QCOMPARE(file.load(name), QString());
+
+    const SettingsFile::Trial trial = file.tryWriting(path(savedAs));
+    QCOMPARE(trial.reason, QString());
+    QCOMPARE(trial.changed, changed);
+    QCOMPARE(trial.notXml, notXml);
+}
+
+void TestSettingsFile::trialTouchesNoFile()
+{
+    writeBytes(path("zelmora.conf"), "zelmora: { a = 1; }; other: { b = 2; };");
+    SettingsFile file;
+    file.load(path("zelmora.conf"));
+    file.tryWriting(path("zelmora.conf"));
+    file.tryWriting(path("other.conf"));
+    QCOMPARE(filesIn(folder->path()), QStringList("zelmora.conf"));
+    QCOMPARE(fileContents(path("zelmora.conf")), QByteArray("zelmora: { a = 1; }; other: { b = 2; };"));
+}
+
+void TestSettingsFile::saves_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QByteArray>("saved");
+
+    QTest::newRow("the brace format") << "zelmora.conf" << QByteArray("zelmora:{lang=it;};") << braces;
+    QTest::newRow("XML") << "zelmora.xml" << QByteArray("<zelmora lang='it'/>") << xml;
+}
+
+void TestSettingsFile::saves()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, bytes);
+    QFETCH(QByteArray, saved);
+    writeBytes(path(name), bytes);
+    SettingsFile file;
+    file.load(path(name));
+    QCOMPARE(file.save(path(name)), QString());
+    QCOMPARE(fileContents(path(name)), saved);
+    QVERIFY(!file.changedOnDisk());
+}
+
+void TestSettingsFile::savesUnderAnotherName()
+{
+    writeBytes(path("zelmora.conf"), braces);
+    SettingsFile file;
+    file.load(path("zelmora.conf"));
+    QCOMPARE(file.save(path("zelmora.xml")), QString());
+    QCOMPARE(fileContents(path("zelmora.xml")), xml);
+    QCOMPARE(file.path(), path("zelmora.conf"));
+    QCOMPARE(file.save(path("no such folder/zelmora.conf")), QString("No such file or directory"));
+}
+
+void TestSettingsFile::changedOnDisk()
+{
+    writeBytes(path("zelmora.conf"), braces);
+    SettingsFile file;
+    file.load(path("zelmora.conf"));
+    QVERIFY(!file.changedOnDisk());
+    writeBytes(path("zelmora.conf"), braces + " ");
+    QVERIFY(file.changedOnDisk());
+    writeBytes(path("zelmora.conf"), braces);
+    QVERIFY(!file.changedOnDisk());
+    QVERIFY(QFile::remove(path("zelmora.conf")));
+    QVERIFY(file.changedOnDisk());
+}
+
+QTEST_GUILESS_MAIN(TestSettingsFile)
+#include "tst_settingsfile.moc"
