@@ -14,8 +14,12 @@
 /// before it goes later, and must not use the instance in its destructor: instance() then still gives where it was.
 ///
 /// instance() is safe to call from any thread; what the instance itself allows is its own affair.
+///
+/// Its symbols are visible to the whole process, in code compiled with -fvisibility=hidden too, so that plug-ins which
+/// each link the library can share the instance (docs/library.md says when they do). A symbol is no more visible than
+/// the types in its name: T is a class declared with Q_DECL_EXPORT where plug-ins share it.
 template <class T>
-class SyncSingleton {
+class Q_DECL_EXPORT SyncSingleton {
 public:
     SyncSingleton() = delete;
 

@@ -4,8 +4,7 @@
 
 KeptConnections& KeptConnections::instance()
 {
-    static KeptConnections connections;
-    return connections;
+    return *SyncSingleton<KeptConnections>::instance();
 }
 
 KeptConnections::KeptConnections()

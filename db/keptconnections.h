@@ -1,13 +1,15 @@
 #ifndef ZELMORA_DB_KEPTCONNECTIONS_H
 #define ZELMORA_DB_KEPTCONNECTIONS_H
 
+#include "config/syncsingleton.h"
+
 #include <QSqlDatabase>
 
 #include <map>
 #include <mutex>
 
 /// The values that the library's QSqlDatabase pointers point to, one for each connection name.
-class KeptConnections {
+class Q_DECL_EXPORT KeptConnections {
 public:
     /// The one of the process, made at the first call.
     static KeptConnections& instance();
@@ -20,6 +22,7 @@ public:
     QSqlDatabase& operator[](const QString& name);
 
 private:
+    friend class SyncSingleton<KeptConnections>;
     KeptConnections();
 
     std::mutex mutex;

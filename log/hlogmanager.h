@@ -16,7 +16,7 @@
 /// can still log in its destructor, whenever set() was called, and may call set() there. To be sure of that it asks
 /// for the manager in its constructor. An object that is older finds no logger any more: the manager and all Loggers
 /// have gone before, and what instance() gave or gives, and every Logger of it, must not be used.
-class HLogManager {
+class Q_DECL_EXPORT HLogManager {
 public:
     /// No logger yet. Makes the settings store, if there is none, so that it goes after the manager.
     HLogManager();
