@@ -49,8 +49,10 @@ auto callUnlessIntercepted(const char* name, Function* function, Arguments... ar
     const int error = errorOf(name);
     if (error == 0)
         return next(name, function)(arguments...);
+    if (error == InterceptedCall::nothing)
+        return Result(0);
     errno = error;
-    return static_cast<Result>(-1);
+    return Result(-1);
 }
 
 } // namespace

@@ -117,8 +117,10 @@ bool withNoRoomInItsPath(const QString& folder, const QByteArray& old, const Act
     return true;
 }
 
+/// Another one has the name that the system shows for it.
 bool withoutAName(const QString& folder, const QByteArray& old, const Action& action)
 {
+    writeBytes(folder + "/file (deleted)", "another");
     QFile file(folder + "/file");
     writeBytes(file.fileName(), old);
     if (!file.open(QIODevice::ReadOnly) || unlink(QFile::encodeName(file.fileName())) != 0)
@@ -227,7 +229,7 @@ private slots:
     void fullDisk();
 
     void pipe();
-    void fullDevice();
+    void device();
     void notToBeWritten_data();
     void notToBeWritten();
     void readOnlyFile();
@@ -449,8 +451,10 @@ void TestFileReplacement::link()
     makeLink("toNothing", path("toToNothing"));
     makeLink("sub", path("folder"));
     const QStringList before = files();
+    const ino_t old = fileStatus(path("sub/real")).st_ino;
 
     QCOMPARE(replaceFile(path(written), "new"), QString());
+    QVERIFY(fileStatus(path(target)).st_ino != old);
     QCOMPARE(fileContents(path(target)), QByteArray("new"));
     QVERIFY(S_ISREG(fileStatus(path(target)).st_mode));
     for (const char* link : {"link", "linkToLink", "absolute", "toNothing", "toToNothing", "folder", "sub/nextToIt"})
@@ -538,13 +542,13 @@ void TestFileReplacement::pipe()
     QCOMPARE(files(), QStringList("pipe"));
 }
 
-// By a link of ours: a fault must not replace the machine's own.
-void TestFileReplacement::fullDevice()
+// The machine's own devices: an ordinary user can't do them any harm, whatever is wrong here.
+void TestFileReplacement::device()
 {
+    const OrdinaryUser someone;
     makeLink("/dev/full", path("full"));
-    QCOMPARE(replaceFile(path("full"), "new"), QString("No space left on device"));
-    QVERIFY(S_ISLNK(fileStatus(path("full")).st_mode));
     makeLink("/dev/null", path("null"));
+    QCOMPARE(replaceFile(path("full"), "new"), QString("No space left on device"));
     QCOMPARE(replaceFile(path("null"), "new"), QString());
     QCOMPARE(files(), (QStringList {"full", "null"}));
 }
@@ -706,6 +710,7 @@ void TestFileReplacement::failedInPlace_data()
         {{"posix_fallocate", always(ENOSPC)}, {"ftruncate", always(EIO)}},
         "No space left on device; its old contents could not be written back: Input/output error", oldContents);
     row("the first write fails", longContents, {{"write", once(EIO)}}, asItWas, oldContents);
+    row("a write takes nothing", longContents, {{"write", once(InterceptedCall::nothing)}}, asItWas, oldContents);
     row("a later write of more than there was fails", longContents, {{"write", once(EIO, 20)}}, asItWas, oldContents);
     row("a later write of less than there was fails", longContents.left(5000), {{"write", once(EIO, 2)}}, asItWas,
         oldContents);
