@@ -27,10 +27,11 @@ function(zelmora_library name)
     install(FILES ${arg_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zelmora/${name})
 endfunction()
 
-# zelmora_program(<name> SOURCES <file>... LINKS <target>...)
+# zelmora_program(<name> SOURCES <file>... LINKS <target>...): the program <name>, which finds the build's version in
+# ZELMORA_VERSION.
 function(zelmora_program name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
     add_executable(${name} ${arg_SOURCES})
     target_link_libraries(${name} PRIVATE ${arg_LINKS})
-    target_compile_definitions(${name} PRIVATE ${ZELMORA_DEFINITIONS})
+    target_compile_definitions(${name} PRIVATE ${ZELMORA_DEFINITIONS} ZELMORA_VERSION="${PROJECT_VERSION}")
 endfunction()

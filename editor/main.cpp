@@ -1,5 +1,6 @@
 #include "config/translation.h"
 #include "config/zmconfiguration.h"
+#include "editor/commandline.h"
 #include "editor/settingswindow.h"
 #include "toolkit/literals.h"
 
@@ -9,12 +10,12 @@
 
 using toolkit::operator""_L1;
 
-/// zelmora-settings [file]: without a file, the user's own.
 int main(int argc, char** argv)
 {
+    const QString path = pathToOpen(argc, argv);
+
     QApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("zelmora"));
-    QApplication::setApplicationName(QStringLiteral("zelmora-settings"));
 
     // In the language of the documents; the toolkit has its own catalogues for the buttons it brings.
     QTranslator texts;
@@ -26,7 +27,6 @@ int main(int argc, char** argv)
 
     SettingsWindow window;
     window.show();
-    const QStringList arguments = QApplication::arguments();
-    window.openFile(arguments.size() > 1 ? arguments.at(1) : ZMConfiguration::path());
+    window.openFile(path);
     return QApplication::exec();
 }

@@ -8,6 +8,12 @@ class TestSettingsProgram : public QObject {
     Q_OBJECT
 
 private slots:
+    void saysWithoutADisplay_data();
+    void saysWithoutADisplay();
+    void isWrongWithoutADisplay_data();
+    void isWrongWithoutADisplay();
+    void takesAFileWhoseNameBeginsLikeAnOption();
+    void takesTheOptionOfASession();
     void opensTheUsersOwnFile();
     void opensTheFileThatIsNamed();
     void theUsersOwnFileIsMissing();
@@ -27,13 +33,14 @@ public:
         environment.insert("XDG_RUNTIME_DIR", runtimeFolder.path());
         environment.insert("QT_QPA_PLATFORM", "offscreen");
         environment.insert("QT_PLUGIN_PATH", ZELMORA_TEST_PLUGINS);
+        environment.insert("QT_QPA_GENERIC_PLUGINS", "remotecontrol");
         for (const char* name : {"ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS"}) {
             if (qEnvironmentVariableIsSet(name))
                 environment.insert(name, qEnvironmentVariable(name));
         }
         program.setProcessEnvironment(environment);
         program.setWorkingDirectory(QFileInfo(run.path("home")).path());
-        program.start(ZELMORA_SETTINGS_PROGRAM, QStringList {"-plugin", "remotecontrol"} + arguments);
+        program.start(ZELMORA_SETTINGS_PROGRAM, arguments);
     }
 
     ~Editor()
@@ -84,6 +91,91 @@ private:
 
 #define COMPARE_SHOWN(editor, expected) \
     QVERIFY2((editor).shows(expected), qPrintable("It shows: " + (editor).lastShown))
+
+/// The program without a window, in surroundings that have no display.
+static void startWithoutADisplay(ProgramRun& run, const QByteArray& arguments)
+{
+    run.setEnvironment("settings", ZELMORA_SETTINGS_PROGRAM);
+    run.startShell("exec \"$settings\" " + arguments);
+}
+
+void TestSettingsProgram::saysWithoutADisplay_data()
+{
+    QTest::addColumn<QByteArray>("arguments");
+    QTest::addColumn<bool>("isHelp"); // otherwise the version
+    QTest::newRow("the help") << QByteArray("--help") << true;
+    QTest::newRow("the help, in short") << QByteArray("-h") << true;
+    QTest::newRow("the help, beside a file") << QByteArray("other.conf --help") << true;
+    QTest::newRow("the version") << QByteArray("--version") << false;
+    QTest::newRow("the version, in short") << QByteArray("-v") << false;
+}
+
+void TestSettingsProgram::saysWithoutADisplay()
+{
+    QFETCH(QByteArray, arguments);
+    QFETCH(bool, isHelp);
+    ProgramRun run;
+    startWithoutADisplay(run, arguments);
+    QVERIFY(run.ended);
+    QCOMPARE(run.standardError, QByteArray());
+    QCOMPARE(run.exitStatus, 0);
+    const QByteArray version = "zelmora-settings " ZELMORA_VERSION "\n";
+    const QByteArray usage = "Usage: " ZELMORA_SETTINGS_PROGRAM " [options] [file]\n";
+    if (isHelp) {
+        QVERIFY2(run.standardOutput.startsWith(usage), run.standardOutput);
+        const QByteArray ownFile = run.path("home/.zelmora/conf/zelmora.conf").toUtf8();
+        for (const QByteArray& word : {QByteArray("--help"), QByteArray("--version"), ownFile})
+            QVERIFY2(run.standardOutput.contains(word), run.standardOutput);
+    } else {
+        QCOMPARE(run.standardOutput, version);
+    }
+}
+
+void TestSettingsProgram::isWrongWithoutADisplay_data()
+{
+    QTest::addColumn<QByteArray>("arguments");
+    QTest::addColumn<QByteArray>("reason");
+    QTest::newRow("an option that there is not")
+        << QByteArray("--nonsense") << QByteArray("Unknown option 'nonsense'.");
+    QTest::newRow("a short option that there is not") << QByteArray("-x") << QByteArray("Unknown option 'x'.");
+    QTest::newRow("two files") << QByteArray("one.conf two.conf") << QByteArray("Only one file can be opened.");
+    QTest::newRow("a value for the help") << QByteArray("--help=me") << QByteArray("Unexpected value after '--help'.");
+}
+
+void TestSettingsProgram::isWrongWithoutADisplay()
+{
+    QFETCH(QByteArray, arguments);
+    QFETCH(QByteArray, reason);
+    ProgramRun run;
+    startWithoutADisplay(run, arguments);
+    QVERIFY(run.ended);
+    QCOMPARE(run.standardOutput, QByteArray());
+    QCOMPARE(run.standardError, reason + "\nTry '" ZELMORA_SETTINGS_PROGRAM " --help' for more information.\n");
+    QCOMPARE(run.exitStatus, 2);
+}
+
+void TestSettingsProgram::takesAFileWhoseNameBeginsLikeAnOption()
+{
+    ProgramRun run;
+    run.setSettings("zelmora: { a = b; };");
+    const QString path = run.writeFile("--help", "zelmora: { a = c; };");
+    Editor editor(run, {"--", "--help"});
+    COMPARE_SHOWN(editor, path + "[*] - Settings|&File|&Edit|" + path);
+    editor.press("Ctrl+Q");
+    QVERIFY2(editor.ends(), editor.said.constData());
+}
+
+// Which a desktop adds when it brings a session back.
+void TestSettingsProgram::takesTheOptionOfASession()
+{
+    ProgramRun run;
+    run.setSettings("zelmora: { a = b; };");
+    Editor editor(run, {"-session", "1_2_3"});
+    const QString path = run.path("home/.zelmora/conf/zelmora.conf");
+    COMPARE_SHOWN(editor, path + "[*] - Settings|&File|&Edit|" + path);
+    editor.press("Ctrl+Q");
+    QVERIFY2(editor.ends(), editor.said.constData());
+}
 
 void TestSettingsProgram::opensTheUsersOwnFile()
 {
