@@ -14,6 +14,8 @@ int main(int argc, char** argv)
 {
     const QString path = pathToOpen(argc, argv);
 
+    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("zelmora"));
 
@@ -25,8 +27,7 @@ int main(int argc, char** argv)
     if (buttons.load("qtbase_"_L1 + texts.language(), QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(&buttons);
 
-    SettingsWindow window;
+    SettingsWindow window(path);
     window.show();
-    window.openFile(path);
     return QApplication::exec();
 }

@@ -1,5 +1,7 @@
 #include "editor/settingswindow.h"
 
+#include "editor/message.h"
+#include "editor/placement.h"
 #include "editor/valuedelegate.h"
 #include "toolkit/literals.h"
 
@@ -8,8 +10,6 @@
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QSettings>
 #include <QShortcut>
 #include <QStatusBar>
@@ -53,26 +53,20 @@ QStringList withLines(const QVector<FileRemark>& remarks)
     return texts;
 }
 
-/// A message in which texts from the file stand as they are, whatever they look like.
-class Message : public QMessageBox {
-public:
-    Message(QWidget* parent, Icon icon, const QString& text, StandardButtons buttons = Ok)
-        : QMessageBox(icon, QObject::tr("Settings"), text, buttons, parent)
-    {
-        setTextFormat(Qt::PlainText);
-    }
-};
-
 } // namespace
 
-SettingsWindow::SettingsWindow()
+SettingsWindow::SettingsWindow(const QString& firstPath)
 {
     addActions();
     addFindBar();
     statusBar(); // or the window would change with its first message
     showTree();
-    resize(firstSize);
+    resize(firstSize.boundedTo(roomOnScreen(*this)));
     restoreGeometry(QSettings().value(geometryKey).toByteArray());
+    settleOnScreen(*this, [this, firstPath] {
+        if (!firstPath.isEmpty())
+            openFile(firstPath);
+    });
 }
 
 void SettingsWindow::addActions()
@@ -110,7 +104,8 @@ bool SettingsWindow::openFile(const QString& path)
 {
     const QString reason = file.load(QFileInfo(path).absoluteFilePath());
     if (!reason.isEmpty()) {
-        Message(this, QMessageBox::Critical, QObject::tr("The file %1 cannot be read: %2").arg(path, reason)).exec();
+        Message(this, QStyle::SP_MessageBoxCritical, QObject::tr("The file %1 cannot be read: %2").arg(path, reason))
+            .ask();
         return false;
     }
     showTree();
@@ -140,7 +135,7 @@ void SettingsWindow::warnOfLosses()
                            "equals sign:"),
                FileRemark::Kind::Swallowing);
     if (!warnings.isEmpty())
-        Message(this, QMessageBox::Warning, warnings.join("\n\n"_L1)).exec();
+        Message(this, QStyle::SP_MessageBoxWarning, warnings.join("\n\n"_L1)).ask();
 }
 
 void SettingsWindow::showTree()
@@ -211,9 +206,21 @@ void SettingsWindow::open()
 {
     if (!mayDiscardChanges())
         return;
-    const QString path = QFileDialog::getOpenFileName(this, QObject::tr("Open"), file.path());
+    QFileDialog dialog(this, QObject::tr("Open"));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    const QString path = chosenPath(dialog);
     if (!path.isEmpty())
         openFile(path);
+}
+
+/// Empty when none is chosen.
+QString SettingsWindow::chosenPath(QFileDialog& dialog)
+{
+    const QFileInfo current(file.path());
+    dialog.setDirectory(current.path());
+    dialog.selectFile(current.fileName());
+    settleOnScreen(dialog);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 bool SettingsWindow::save()
@@ -223,7 +230,9 @@ bool SettingsWindow::save()
 
 bool SettingsWindow::saveAs()
 {
-    const QString path = QFileDialog::getSaveFileName(this, QObject::tr("Save as"), file.path());
+    QFileDialog dialog(this, QObject::tr("Save as"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    const QString path = chosenPath(dialog);
     return !path.isEmpty() && saveTo(path);
 }
 
@@ -237,9 +246,9 @@ bool SettingsWindow::saveTo(const QString& path)
     const QString reason = trial.reason.isEmpty() ? file.save(path) : trial.reason;
     if (!reason.isEmpty()) {
         Message(
-            this, QMessageBox::Critical,
+            this, QStyle::SP_MessageBoxCritical,
             QObject::tr("The file %1 cannot be written: %2\nYour changes are still in this window.").arg(path, reason))
-            .exec();
+            .ask();
         return false;
     }
     setWindowModified(false);
@@ -275,10 +284,10 @@ bool SettingsWindow::mayBeWritten(const QString& path, const SettingsFile::Trial
 
 bool SettingsWindow::confirmed(const QString& warning)
 {
-    Message message(this, QMessageBox::Warning, warning, QMessageBox::Save | QMessageBox::Cancel);
-    message.button(QMessageBox::Save)->setText(QObject::tr("Save all the same"));
-    message.setDefaultButton(QMessageBox::Cancel);
-    return message.exec() == QMessageBox::Save;
+    Message message(this, QStyle::SP_MessageBoxWarning, warning, QDialogButtonBox::Save | QDialogButtonBox::Cancel,
+                    QDialogButtonBox::Cancel);
+    message.setButtonText(QDialogButtonBox::Save, QObject::tr("Save all the same"));
+    return message.ask() == QDialogButtonBox::Save;
 }
 
 void SettingsWindow::reload()
@@ -293,11 +302,11 @@ bool SettingsWindow::mayDiscardChanges()
     finishEditing();
     if (!isWindowModified())
         return true;
-    Message message(this, QMessageBox::Warning, QObject::tr("The settings have changed. Save the changes?"),
-                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
-    message.setDefaultButton(QMessageBox::Save);
-    const int answer = message.exec();
-    return answer == QMessageBox::Discard || (answer == QMessageBox::Save && save());
+    const Message::Button answer =
+        Message(this, QStyle::SP_MessageBoxWarning, QObject::tr("The settings have changed. Save the changes?"),
+                QDialogButtonBox::Save | QDialogButtonBox::Discard | QDialogButtonBox::Cancel, QDialogButtonBox::Save)
+            .ask();
+    return answer == QDialogButtonBox::Discard || (answer == QDialogButtonBox::Save && save());
 }
 
 void SettingsWindow::startFinding()

@@ -6,6 +6,7 @@
 #include <QMainWindow>
 
 class QAction;
+class QFileDialog;
 class QLineEdit;
 class QTreeWidget;
 class QTreeWidgetItem;
@@ -17,7 +18,9 @@ class SettingsWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    SettingsWindow();
+    /// @p firstPath is opened as soon as the window stands on the screen, with all of it, so that boxes stand over it;
+    /// when it is empty, none is.
+    explicit SettingsWindow(const QString& firstPath = QString());
 
     /// Shows the file @p path. False, after a message, when it cannot be read: then the window shows what it
     /// showed before.
@@ -37,6 +40,7 @@ private:
     void startFinding();
     void findNext();
 
+    QString chosenPath(QFileDialog& dialog);
     bool saveTo(const QString& path);
     void finishEditing();
     bool mayDiscardChanges();

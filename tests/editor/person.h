@@ -3,11 +3,13 @@
 
 #include "editor/settingswindow.h"
 
-#include <QAbstractButton>
+#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QStatusBar>
+#include <QTextEdit>
 #include <QTreeWidget>
 #include <QtTest>
 
@@ -27,11 +29,18 @@ public:
     void willPress(QMessageBox::StandardButton button)
     {
         answers += [button](QWidget* box) {
-            auto* const message = qobject_cast<QMessageBox*>(box);
-            QAbstractButton* const found = message ? message->button(button) : nullptr;
+            const auto* const buttons = box->findChild<QDialogButtonBox*>();
+            QPushButton* const found = buttons->button(static_cast<QDialogButtonBox::StandardButton>(button));
             if (found)
                 QTest::mouseClick(found, Qt::LeftButton);
             return found != nullptr;
+        };
+    }
+    void willPress(Qt::Key key) ///< in a message
+    {
+        answers += [key](QWidget* box) {
+            QTest::keyClick(box->focusWidget(), key);
+            return true;
         };
     }
     void willType(const QString& path) ///< into a file dialog; nothing cancels it
@@ -59,7 +68,7 @@ public:
 
     void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
-        // What a desktop does when a box has gone.
+        // As a desktop does when a box has gone.
         window.activateWindow();
         if (!QTest::qWaitForWindowActive(&window))
             qFatal("The window is not active.");
@@ -110,9 +119,6 @@ public:
         press(Qt::Key_Return);
     }
 
-    /// Whether no text in a box was taken for markup.
-    bool hasSeenPlainBoxesOnly = true;
-
     QString status() const { return window.statusBar()->currentMessage(); }
 
 private:
@@ -124,11 +130,14 @@ private:
         QWidget* const box = QApplication::activeModalWidget();
         if (!box || !box->isVisible())
             return;
-        if (const auto* const message = qobject_cast<QMessageBox*>(box)) {
-            texts += message->text();
-            const bool isToolkitsOwn = qobject_cast<QFileDialog*>(message->parent());
-            hasSeenPlainBoxesOnly = hasSeenPlainBoxesOnly && (isToolkitsOwn || message->textFormat() == Qt::PlainText);
+        if (!box->isActiveWindow()) {
+            box->activateWindow(); // as a desktop does
+            return;
         }
+        if (const auto* const message = box->findChild<QTextEdit*>())
+            texts += message->toPlainText();
+        else if (const auto* const toolkitsOwn = qobject_cast<QMessageBox*>(box))
+            texts += toolkitsOwn->text();
         if (answers.isEmpty() || !answers.takeFirst()(box)) {
             texts += QStringLiteral("A box came up that was not expected.");
             box->close();

@@ -1,15 +1,21 @@
-// A person at the keyboard of a program that runs in a process of its own. Reads lines on standard input:
+// A person at the keyboard of a program that runs in a process of its own, and the desktop around it. Reads lines on
+// standard input:
 //
-//     press <key sequence>      type <text>      show
+//     press <key sequence>      type <text>      resize <width> <height>      show      measure
 //
 // and answers "show" by a line on standard output: the window's title, then the text of a message, or the labels of the
-// menus and the label of the current item, all joined by "|".
+// menus and the label of the current item, all joined by "|". The answer to "measure" is where things are: the screen,
+// the main window, its status line, and the window with the keyboard with its undermost button, each a name, x, y,
+// width and height; windows with their frames.
 
+#include <QAbstractButton>
 #include <QGenericPlugin>
 #include <QMainWindow>
 #include <QMenuBar>
-#include <QMessageBox>
+#include <QScreen>
 #include <QSocketNotifier>
+#include <QStatusBar>
+#include <QTextEdit>
 #include <QTreeWidget>
 #include <QtTest>
 
@@ -23,6 +29,17 @@ public:
     {
         input.open(0, QIODevice::ReadOnly | QIODevice::Unbuffered); // a buffer would hide lines from the notifier
         connect(&notifier, &QSocketNotifier::activated, this, &RemoteControl::readLine);
+        QCoreApplication::instance()->installEventFilter(this);
+    }
+
+    /// A window manager puts a new window where it thinks fit, soon after the window is shown.
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        auto* const window = qobject_cast<QMainWindow*>(object);
+        if (window && event->type() == QEvent::Show)
+            QMetaObject::invokeMethod(
+                window, [window] { window->move(250, 30); }, Qt::QueuedConnection);
+        return false;
     }
 
 private:
@@ -33,6 +50,10 @@ private:
         const QString argument = line.section(' ', 1);
         if (command == "show")
             std::puts(shown().join('|').replace('\n', ' ').toUtf8().constData());
+        else if (command == "measure")
+            std::puts(measured().join('|').toUtf8().constData());
+        else if (command == "resize")
+            mainWindow()->resize(argument.section(' ', 0, 0).toInt(), argument.section(' ', 1).toInt());
         else if (command == "type")
             QTimer::singleShot(0, this, [argument] { QTest::keyClicks(QApplication::focusWidget(), argument); });
         else if (command == "press")
@@ -47,18 +68,23 @@ private:
                         Qt::KeyboardModifiers(modifiers));
     }
 
+    static QMainWindow* mainWindow()
+    {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (auto* const found = qobject_cast<QMainWindow*>(window))
+                return found;
+        }
+        return nullptr;
+    }
+
     /// A box, or else the main window, which gets the keys now as a desktop would have it.
     static QWidget* currentWindow()
     {
         if (QWidget* const box = QApplication::activeModalWidget())
             return box;
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (qobject_cast<QMainWindow*>(window)) {
-                window->activateWindow();
-                return window;
-            }
-        }
-        return nullptr;
+        if (QWidget* const window = mainWindow())
+            window->activateWindow();
+        return mainWindow();
     }
 
     static QStringList shown()
@@ -67,8 +93,8 @@ private:
         if (!window)
             return {};
         QStringList texts {window->windowTitle()};
-        if (const auto* const message = qobject_cast<QMessageBox*>(window))
-            texts += message->text();
+        if (const auto* const message = window->findChild<QTextEdit*>())
+            texts += message->toPlainText();
         if (const auto* const bar = window->findChild<QMenuBar*>()) {
             for (const QAction* menu : bar->actions())
                 texts += menu->text();
@@ -78,6 +104,29 @@ private:
                 texts += tree->currentItem()->text(0);
         }
         return texts;
+    }
+
+    static QStringList measured()
+    {
+        const QMainWindow* const main = mainWindow();
+        const QWidget* const window = currentWindow();
+        if (!main)
+            return {};
+        QRect lowestButton;
+        for (const QAbstractButton* button : window->findChildren<QAbstractButton*>()) {
+            if (button->isVisible() && onScreen(*button).bottom() > lowestButton.bottom())
+                lowestButton = onScreen(*button);
+        }
+        return {text("screen", main->screen()->availableGeometry()), text("main", main->frameGeometry()),
+                text("status", onScreen(*main->findChild<QStatusBar*>())), text("window", window->frameGeometry()),
+                text("button", lowestButton)};
+    }
+
+    static QRect onScreen(const QWidget& widget) { return QRect(widget.mapToGlobal(QPoint(0, 0)), widget.size()); }
+
+    static QString text(const char* name, const QRect& place)
+    {
+        return QString("%1 %2 %3 %4 %5").arg(name).arg(place.x()).arg(place.y()).arg(place.width()).arg(place.height());
     }
 
     QFile input;

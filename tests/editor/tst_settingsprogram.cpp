@@ -3,6 +3,8 @@
 #include <QProcess>
 #include <QtTest>
 
+#include <functional>
+
 /// The real `zelmora-settings` in a process of its own, with a home of its own.
 class TestSettingsProgram : public QObject {
     Q_OBJECT
@@ -20,12 +22,18 @@ private slots:
     void speaksTheLanguageOfTheDocuments();
     void aChangedWidthShowsOnTheNextReceipt();
     void remembersItsSizeInTheUsersHome();
+    void fitsTheScreen_data();
+    void fitsTheScreen();
+    void fitsAScreenSmallerThanTheLast();
+    void boxesStandOverTheWindow_data();
+    void boxesStandOverTheWindow();
 };
 
 /// The program, and the person at its keyboard.
 class Editor {
 public:
-    Editor(const ProgramRun& run, const QStringList& arguments)
+    /// @p setting: of the environment, "NAME=value".
+    Editor(const ProgramRun& run, const QStringList& arguments, const QString& setting = QString())
     {
         QProcessEnvironment environment;
         environment.insert("HOME", run.path("home"));
@@ -38,6 +46,7 @@ public:
             if (qEnvironmentVariableIsSet(name))
                 environment.insert(name, qEnvironmentVariable(name));
         }
+        environment.insert(setting.section('=', 0, 0), setting.section('=', 1));
         program.setProcessEnvironment(environment);
         program.setWorkingDirectory(QFileInfo(run.path("home")).path());
         program.start(ZELMORA_SETTINGS_PROGRAM, arguments);
@@ -51,19 +60,36 @@ public:
 
     void press(const char* keys) { send(QByteArray("press ") + keys); }
     void type(const QByteArray& text) { send("type " + text); }
+    void resize(const QByteArray& size) { send("resize " + size); }
 
     /// Whether what is shown becomes @p expected.
     bool shows(const QString& expected)
     {
         return QTest::qWaitFor(
             [&] {
-                send("show");
-                while (!program.canReadLine() && program.waitForReadyRead(20000)) {
-                }
-                lastShown = QString::fromUtf8(program.readLine()).trimmed();
+                lastShown = answerTo("show");
                 return lastShown == expected;
             },
             20000);
+    }
+
+    using Places = QHash<QString, QRect>;
+
+    /// Whether what the person sees becomes as @p isGood wants it.
+    bool isPlaced(const std::function<bool(const Places&)>& isGood)
+    {
+        return QTest::qWaitFor(
+            [&] {
+                lastShown = answerTo("measure");
+                Places places;
+                for (const QString& place : lastShown.split('|', Qt::SkipEmptyParts)) {
+                    const QStringList words = place.split(' ');
+                    places.insert(words[0],
+                                  QRect(words[1].toInt(), words[2].toInt(), words[3].toInt(), words[4].toInt()));
+                }
+                return isGood(places);
+            },
+            5000);
     }
 
     /// Whether it ends by itself, as it should, and has said nothing.
@@ -79,6 +105,14 @@ public:
     QByteArray said; ///< on standard error, but for what the platform without a screen says of itself
 
 private:
+    QString answerTo(const QByteArray& question)
+    {
+        send(question);
+        while (!program.canReadLine() && program.waitForReadyRead(20000)) {
+        }
+        return QString::fromUtf8(program.readLine()).trimmed();
+    }
+
     void send(const QByteArray& line)
     {
         program.write(line + '\n');
@@ -281,6 +315,105 @@ void TestSettingsProgram::remembersItsSizeInTheUsersHome()
     editor.press("Ctrl+Q");
     QVERIFY2(editor.ends(), editor.said.constData());
     QVERIFY(fileContents(run.path("home/.config/zelmora/zelmora-settings.conf")).contains("geometry="));
+}
+
+// The platform without a screen has one of 800 by 600 dots all the same, and frames of two dots on each side.
+
+static bool mainWindowFits(const Editor::Places& places)
+{
+    return places["screen"].contains(places["main"]) && places["main"].contains(places["status"]);
+}
+
+void TestSettingsProgram::fitsTheScreen_data()
+{
+    QTest::addColumn<QString>("setting");
+    QTest::addColumn<QSize>("screen");
+    QTest::addColumn<QSize>("leastSize");
+    // Room for a frame, as wide as they get, may be left free.
+    QTest::newRow("a small screen") << "QT_SCALE_FACTOR=1" << QSize(800, 600) << QSize(480, 550);
+    QTest::newRow("at twice the scale") << "QT_SCALE_FACTOR=2" << QSize(400, 300) << QSize(380, 260);
+    QTest::newRow("a screen with twice the dots") << "QT_FONT_DPI=192" << QSize(400, 300) << QSize(380, 260);
+    QTest::newRow("a large screen") << "QT_SCALE_FACTOR=0.5" << QSize(1600, 1200) << QSize(480, 640);
+}
+
+void TestSettingsProgram::fitsTheScreen()
+{
+    QFETCH(QString, setting);
+    QFETCH(QSize, screen);
+    QFETCH(QSize, leastSize);
+    ProgramRun run;
+    run.setSettings("zelmora: { a = b; };");
+    Editor editor(run, {}, setting);
+    const auto isGood = [&](const Editor::Places& places) {
+        return mainWindowFits(places) && places["screen"].size() == screen
+            && places["main"].size().expandedTo(leastSize) == places["main"].size();
+    };
+    QVERIFY2(editor.isPlaced(isGood), qPrintable("It has: " + editor.lastShown));
+    editor.press("Ctrl+Q");
+    QVERIFY2(editor.ends(), editor.said.constData());
+}
+
+void TestSettingsProgram::fitsAScreenSmallerThanTheLast()
+{
+    ProgramRun run;
+    run.setSettings("zelmora: { a = b; };");
+    {
+        Editor editor(run, {}, "QT_SCALE_FACTOR=0.85"); // 941 by 705
+        QVERIFY(editor.isPlaced(mainWindowFits));
+        editor.resize("700 680");
+        QVERIFY(editor.isPlaced([](const Editor::Places& places) { return places["main"].height() >= 680; }));
+        editor.press("Ctrl+Q");
+        QVERIFY2(editor.ends(), editor.said.constData());
+    }
+    Editor editor(run, {});
+    const auto isGood = [&](const Editor::Places& places) {
+        return mainWindowFits(places) && places["main"].width() >= 700;
+    };
+    QVERIFY2(editor.isPlaced(isGood), qPrintable("It has: " + editor.lastShown));
+}
+
+void TestSettingsProgram::boxesStandOverTheWindow_data()
+{
+    QTest::addColumn<QByteArray>("settings"); // none: the file is missing
+    QTest::addColumn<QString>("keys");
+    QTest::addColumn<QString>("setting");
+    const QByteArray good = "zelmora: { a = b; };";
+    const QByteArray full = good + QByteArray("other: { a = b; };").repeated(20)
+        + QByteArray("a remark of some length between two groups; and a second one: { # here = too; };\n").repeated(20);
+    for (const QString scale : {"1", "2"}) {
+        const QString setting = "QT_SCALE_FACTOR=" + scale;
+        const auto row = [&](const char* name) -> QTestData& {
+            return QTest::newRow(qPrintable(QString(name) + ", at scale " + scale));
+        };
+        row("the first message") << QByteArray() << QString() << setting;
+        row("many things to tell") << full << QString() << setting;
+        row("the dialog to open a file") << good << "Ctrl+O" << setting;
+        row("the dialog to save a file") << good << "Ctrl+Shift+S" << setting;
+    }
+}
+
+void TestSettingsProgram::boxesStandOverTheWindow()
+{
+    QFETCH(QByteArray, settings);
+    QFETCH(QString, keys);
+    QFETCH(QString, setting);
+    ProgramRun run;
+    if (!settings.isEmpty())
+        run.setSettings(settings);
+    Editor editor(run, {}, setting);
+    if (!keys.isEmpty()) {
+        QVERIFY(editor.isPlaced(mainWindowFits));
+        editor.press(qPrintable(keys));
+    }
+    const auto isGood = [](const Editor::Places& places) {
+        const QRect box = places["window"];
+        const QPoint besides = box.center() - places["main"].center();
+        const bool isAtTheEdge = !places["screen"].adjusted(2, 2, -2, -2).contains(box);
+        return mainWindowFits(places) && box != places["main"] && places["screen"].contains(box)
+            && box.contains(places["button"]) && places["main"].contains(box.center())
+            && (isAtTheEdge || (std::abs(besides.x()) <= 15 && std::abs(besides.y()) <= 40));
+    };
+    QVERIFY2(editor.isPlaced(isGood), qPrintable("It has: " + editor.lastShown));
 }
 
 QTEST_GUILESS_MAIN(TestSettingsProgram)

@@ -4,6 +4,7 @@
 
 #include <QClipboard>
 #include <QMenuBar>
+#include <QScreen>
 #include <QSettings>
 #include <QToolTip>
 #include <QTranslator>
@@ -57,9 +58,12 @@ private slots:
     void closesAtOnceWithoutChanges();
     void closeAsksWhenThereAreChanges_data();
     void closeAsksWhenThereAreChanges();
+    void keysAnswerQuestions_data();
+    void keysAnswerQuestions();
     void openingAsksWhenThereAreChanges();
     void anOpenCellIsAChange();
     void remembersItsSize();
+    void isNotLargerThanTheScreenFromTheBeginning();
 
     void cannotBeRead_data();
     void cannotBeRead();
@@ -637,6 +641,33 @@ void TestSettingsWindow::closeAsksWhenThereAreChanges()
     QCOMPARE(person->value(receiptWidth), QString("48"));
 }
 
+void TestSettingsWindow::keysAnswerQuestions_data()
+{
+    QTest::addColumn<bool>("isChangedUnderneath"); // otherwise closed with changes
+    QTest::addColumn<int>("key");
+    QTest::addColumn<QByteArray>("width"); // of the person's 48, the file's 32 and the other program's 50
+    QTest::newRow("Return saves before closing") << false << int(Qt::Key_Return) << QByteArray("48");
+    QTest::newRow("Escape keeps the window open") << false << int(Qt::Key_Escape) << QByteArray("32");
+    QTest::newRow("Return cancels what would be a loss") << true << int(Qt::Key_Return) << QByteArray("50");
+    QTest::newRow("Escape does too") << true << int(Qt::Key_Escape) << QByteArray("50");
+}
+
+void TestSettingsWindow::keysAnswerQuestions()
+{
+    QFETCH(bool, isChangedUnderneath);
+    QFETCH(int, key);
+    QFETCH(QByteArray, width);
+    openSettings(smallFile);
+    person->change(receiptWidth, "48");
+    if (isChangedUnderneath)
+        write("zelmora.conf", smallFileWithReceiptWidth("50"));
+    person->willPress(static_cast<Qt::Key>(key));
+    person->press(isChangedUnderneath ? Qt::Key_S : Qt::Key_Q, Qt::ControlModifier);
+    QCOMPARE(person->readBoxes().size(), 1);
+    QCOMPARE(savedBytes(), smallFileWithReceiptWidth(width));
+    QCOMPARE(window->isVisible(), width != "48");
+}
+
 void TestSettingsWindow::openingAsksWhenThereAreChanges()
 {
     openSettings(smallFile);
@@ -674,6 +705,12 @@ void TestSettingsWindow::remembersItsSize()
     window->resize(size);
     window->close();
     QCOMPARE(SettingsWindow().size(), size);
+}
+
+// Fitting it afterwards would show.
+void TestSettingsWindow::isNotLargerThanTheScreenFromTheBeginning()
+{
+    QVERIFY(SettingsWindow().height() < QGuiApplication::primaryScreen()->availableGeometry().height());
 }
 
 // --- When something fails ---
@@ -1011,7 +1048,6 @@ void TestSettingsWindow::textsOfTheFileAreShownAsTheyAre()
     person->willPress(QMessageBox::Ok);
     openSettings("zelmora: <b>bold</b> { a = 1; };");
     QVERIFY(person->readBoxes().value(0).endsWith("<b>bold</b>"));
-    QVERIFY(person->hasSeenPlainBoxesOnly);
 }
 
 void TestSettingsWindow::veryLongTextsAreShortened()
