@@ -32,13 +32,14 @@ public:
         viewport()->setAutoFillBackground(false);
     }
 
-    /// As wide as its longest line, up to the greatest width, and as high as it is then.
+    /// As wide as its longest line, up to the greatest width, with room for the bar to scroll by, and as high as it is
+    /// then.
     QSize sizeHint() const override
     {
         const std::unique_ptr<QTextDocument> copy(document()->clone());
         copy->setTextWidth(-1);
         copy->setTextWidth(qMin<qreal>(std::ceil(copy->idealWidth()), widest));
-        return copy->size().toSize();
+        return copy->size().toSize() + QSize(style()->pixelMetric(QStyle::PM_ScrollBarExtent), 0);
     }
 
     QSize minimumSizeHint() const override { return {0, fontMetrics().lineSpacing()}; }

@@ -13,8 +13,8 @@ public:
     using Buttons = QDialogButtonBox::StandardButtons;
 
     /// @p icon: QStyle::SP_MessageBoxWarning or its like. Return presses @p defaultButton.
-    Message(QWidget* window, QStyle::StandardPixmap icon, const QString& text,
-            Buttons buttons = QDialogButtonBox::Ok, Button defaultButton = QDialogButtonBox::Ok);
+    Message(QWidget* window, QStyle::StandardPixmap icon, const QString& text, Buttons buttons = QDialogButtonBox::Ok,
+            Button defaultButton = QDialogButtonBox::Ok);
 
     void setButtonText(Button button, const QString& text);
 

@@ -17,6 +17,7 @@ QSize roomOnScreen(const QWidget& window);
 
 /// Makes all of @p window be on its screen, when it is shown for the first time, unless it is maximized or full-screen;
 /// then calls @p next. Only then has the window its place and its frame: a window manager puts it where it thinks fit.
-void settleOnScreen(QWidget& window, std::function<void()> next = [] {});
+void settleOnScreen(
+    QWidget& window, std::function<void()> next = [] {});
 
 #endif

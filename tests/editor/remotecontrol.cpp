@@ -110,7 +110,7 @@ private:
     {
         const QMainWindow* const main = mainWindow();
         const QWidget* const window = currentWindow();
-        if (!main)
+        if (!main || !main->testAttribute(Qt::WA_Mapped)) // not painted yet
             return {};
         QRect lowestButton;
         for (const QAbstractButton* button : window->findChildren<QAbstractButton*>()) {

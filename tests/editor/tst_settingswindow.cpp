@@ -710,6 +710,7 @@ void TestSettingsWindow::remembersItsSize()
 // Fitting it afterwards would show.
 void TestSettingsWindow::isNotLargerThanTheScreenFromTheBeginning()
 {
+    QSettings().clear();
     QVERIFY(SettingsWindow().height() < QGuiApplication::primaryScreen()->availableGeometry().height());
 }
 
