@@ -45,6 +45,9 @@ void TestAccounts::statement_data()
     addJob("no date: a colon and a blank", {{"statement", {{"type", "Payment"}, {"amount", "10.00"}}}},
            {R"(println(":              Payment..10.00"))"});
     addJob("no attributes", {{"statement", {}}}, {R"(println(":              .............."))"});
+    addJob("a long date, with its colon and blank",
+           {{"statement", {{"date", "2024-02-01 12:34"}, {"type", "Payment"}, {"amount", "10.00"}}}},
+           {R"(println("2024-02-01 12:34: Payment..10.00"))"});
     addJob("amounts are printed as they stand",
            {{"statement", {{"date", "1"}, {"type", "Payment"}, {"amount", "abc"}}}},
            {R"(println("1:             Payment....abc"))"});
