@@ -82,10 +82,14 @@ void TestSettingsFile::doesNotLoad_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("reason");
 
-    QTest::newRow("a missing file") << "missing.conf" << "No such file or directory";
-    QTest::newRow("a folder") << "." << "it is not a file";
-    QTest::newRow("XML that breaks off") << "broken.xml" << "it is not XML";
-    QTest::newRow("the brace format under a name of XML") << "braces.xml" << "it is not XML";
+    QTest::newRow("a missing file") << "missing.conf"
+                                    << "No such file or directory";
+    QTest::newRow("a folder") << "."
+                              << "it is not a file";
+    QTest::newRow("XML that breaks off") << "broken.xml"
+                                         << "it is not XML";
+    QTest::newRow("the brace format under a name of XML") << "braces.xml"
+                                                          << "it is not XML";
 }
 
 void TestSettingsFile::doesNotLoad()
@@ -146,8 +150,8 @@ void TestSettingsFile::trial_data()
     row("XML values with signs of the brace format", "<zelmora a='1;2' b='say \"x\"' c='3'/>", "a.conf",
         {"zelmora.a = 1;2", "zelmora.b = say \"x\""}, {});
     row("an XML name with a colon", "<zelmora p:a='1' b='2'/>", "a.conf", {"zelmora.p:a = 1", "zelmora.b = 2"}, {});
-    row("a value with a less-than sign", "zelmora: { a = x<y; b = 1; };", "a.xml",
-        {"zelmora.a = x<y", "zelmora.b = 1"}, {"zelmora.a = x<y"});
+    row("a value with a less-than sign", "zelmora: { a = x<y; b = 1; };", "a.xml", {"zelmora.a = x<y", "zelmora.b = 1"},
+        {"zelmora.a = x<y"});
     row("a value with an ampersand", "zelmora: { a = x & y; };", "a.xml", {"zelmora.a = x & y"}, {"zelmora.a = x & y"});
     row("a value with a control character", "zelmora: { a = x\x01y; };", "a.xml", {"zelmora.a = x\x01y"},
         {"zelmora.a = x\x01y"});
