@@ -12,6 +12,7 @@
 /// At exit the instances go in the reverse order of their completion: a T whose constructor uses another
 /// singleton is deleted before that one. So is a static object that was made after the instance; one that was made
 /// before it goes later, and must not use the instance in its destructor: instance() then still gives where it was.
+/// registerDestruction() counts as the completion, where it came first.
 ///
 /// instance() is safe to call from any thread; what the instance itself allows is its own affair.
 ///
@@ -44,6 +45,10 @@ public:
         instance_destroyer().instance = created;
         instance_pointer.store(created, std::memory_order_release);
     }
+
+    /// Makes no instance, but has the one that may be made later go after all that is completed from now on: for the
+    /// constructor of an object that may first use the instance when others have long been made.
+    static void registerDestruction() { instance_destroyer(); }
 
 private:
     template <class U>

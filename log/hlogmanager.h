@@ -18,7 +18,7 @@
 /// have gone before, and what instance() gave or gives, and every Logger of it, must not be used.
 class Q_DECL_EXPORT HLogManager {
 public:
-    /// No logger yet. Makes the settings store, if there is none, so that it goes after the manager.
+    /// No logger yet, and no settings read.
     HLogManager();
     /// Releases every logger that was ever set.
     ~HLogManager();

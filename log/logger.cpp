@@ -55,9 +55,9 @@ QIODevice::OpenMode openMode(const QString& word, const QString& path)
 
 void Logger::prepare()
 {
-    SyncSingleton<ZMConfiguration>::instance();
     // The toolkit's calendars, without which a time is empty, and its codecs, which all go at once.
     TextEncoder(TextEncoder::Encoding::Utf8).encoded(lineOf(DEBUG, QString()));
+    SyncSingleton<ZMConfiguration>::registerDestruction();
 }
 
 Logger::Logger(const QString&)

@@ -89,8 +89,8 @@ public:
 private:
     friend class HLogManager;
 
-    /// Uses once what loggers use: what is made at its first use, here or in the toolkit, goes at the end of the
-    /// process, after all that is made from now on.
+    /// Has what loggers use, and what is made at its first use, go after all that is made from now on when the process
+    /// ends. The settings are not read yet.
     static void prepare();
 
     std::unique_ptr<QFile> file;

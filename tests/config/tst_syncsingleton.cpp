@@ -125,6 +125,15 @@ struct Log {
     Settings* settings;
 };
 
+/// Uses the settings at its end alone.
+struct LateReader {
+    ~LateReader()
+    {
+        std::printf("late reader, %s\n", SyncSingleton<Settings>::instance()->name);
+        std::fflush(stdout);
+    }
+};
+
 struct Unused {
     Unused() { std::puts("unused made"); }
     ~Unused() { std::puts("unused gone"); }
@@ -150,6 +159,12 @@ bool takeInstances(const QByteArray& task)
         SyncSingleton<Log>::createInstance();
         SyncSingleton<Log>::instance();
         SyncSingleton<Settings>::instance();
+    } else if (task == "--registered") {
+        SyncSingleton<Settings>::registerDestruction();
+        SyncSingleton<LateReader>::instance();
+        SyncSingleton<Settings>::instance();
+    } else if (task == "--registered-and-never-asked-for") {
+        SyncSingleton<Unused>::registerDestruction();
     } else if (task == "--from-threads") {
         runTogether(threadCount, [](int) { SyncSingleton<Log>::instance(); });
     } else if (task == "--nothing") {
@@ -236,6 +251,10 @@ void TestSyncSingleton::endOfTheProcess_data()
     QTest::newRow("what was made inside a constructor goes after its user") << "--log" << logFirst;
     QTest::newRow("the last one made goes first") << "--settings-log" << logFirst;
     QTest::newRow("asking again changes nothing") << "--log-twice" << logFirst;
+    QTest::newRow("what was registered earlier goes later")
+        << "--registered" << QByteArray("late reader, settings still there\nsettings\n");
+    QTest::newRow("what was registered and nobody asked for is never made")
+        << "--registered-and-never-asked-for" << QByteArray();
     QTest::newRow("made from many threads") << "--from-threads" << logFirst;
     QTest::newRow("what nobody asked for is never made") << "--nothing" << QByteArray();
 }

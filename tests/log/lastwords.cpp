@@ -1,3 +1,4 @@
+#include "config/zmconfiguration.h"
 #include "log/hlogmanager.h"
 
 #include <QCoreApplication>
@@ -58,6 +59,7 @@ std::unique_ptr<Speaker> speakerBeforeMain()
 const std::unique_ptr<Speaker> beforeMain = speakerBeforeMain();
 
 const std::map<std::string, void (*)()> steps {
+    {"settings", [] { SyncSingleton<ZMConfiguration>::instance(); }},
     {"manager", [] { manager(); }},
     {"set", setLogger},
     {"set-in-a-thread", [] { std::thread(setLogger).join(); }},

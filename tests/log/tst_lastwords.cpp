@@ -11,6 +11,7 @@ private slots:
     void programEnds_data();
     void programEnds();
     void logThatCannotBeOpened();
+    void managerAloneReadsNoSettings();
 };
 
 /// Runs @p command with the log @p log, a path in the run's folder.
@@ -57,6 +58,7 @@ void TestLastWords::programEnds_data()
     row("ended by exit()", "application manager speaker set exit", {last});
     row("set by the object that goes", "manager late-setter", {last});
     row("set before, and once more by the object that goes", "manager late-setter set", {last});
+    row("set by the object that goes, the settings being older", "settings manager late-setter set", {last});
     row("a logger of the program's own", "own-logger own-speaker", {last});
     row("a logger of the program's own, first used after the object was made",
         "application own-logger own-speaker own-log", {words, last});
@@ -86,6 +88,16 @@ void TestLastWords::logThatCannotBeOpened()
     run(program, "\"$lastwords\" manager late-setter", "ERROR", "missing/caff\u00E8.log");
     QCOMPARE(program.standardOutput, QByteArray("Error in the method Logger::setType(APPEND)\n"));
     QCOMPARE(program.standardError, QByteArray());
+    QCOMPARE(program.exitStatus, 0);
+}
+
+// There are none, and who needs none hears nothing of it.
+void TestLastWords::managerAloneReadsNoSettings()
+{
+    ProgramRun program;
+    program.setEnvironment("lastwords", ZELMORA_LASTWORDS);
+    program.startShell("\"$lastwords\" manager");
+    QCOMPARE(program.standardOutput + program.standardError, QByteArray());
     QCOMPARE(program.exitStatus, 0);
 }
 
