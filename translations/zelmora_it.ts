@@ -344,10 +344,6 @@
         <translation>non è un file</translation>
     </message>
     <message>
-        <source>a trial copy cannot be made, %1</source>
-        <translation>non si può fare una copia di prova, %1</translation>
-    </message>
-    <message>
         <source>Save all the same</source>
         <translation>Salva comunque</translation>
     </message>

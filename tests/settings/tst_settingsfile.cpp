@@ -153,8 +153,6 @@ void TestSettingsFile::trial_data()
     row("a value with a less-than sign", "zelmora: { a = x<y; b = 1; };", "a.xml", {"zelmora.a = x<y", "zelmora.b = 1"},
         {"zelmora.a = x<y"});
     row("a value with an ampersand", "zelmora: { a = x & y; };", "a.xml", {"zelmora.a = x & y"}, {"zelmora.a = x & y"});
-    row("a value with a control character", "zelmora: { a = x\x01y; };", "a.xml", {"zelmora.a = x\x01y"},
-        {"zelmora.a = x\x01y"});
     row("a setting's name that begins with a digit", "zelmora: { 1st = x; };", "a.xml", {"zelmora.1st = x"},
         {"zelmora.1st = x"});
     row("a group's name that begins with a digit", "zelmora: { 2nd: { a = x; }; };", "a.xml", {"zelmora.2nd.a = x"},
