@@ -46,7 +46,7 @@ public:
             window.windowHandle()->installEventFilter(this);
         } else if (object != &window && event->type() == QEvent::Expose) {
             object->removeEventFilter(this);
-            QTimer::singleShot(0, this, &Settler::settle);
+            QTimer::singleShot(0, this, &Settler::settle); // when the window itself has seen the event
         }
         return false;
     }

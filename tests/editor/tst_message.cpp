@@ -23,6 +23,7 @@ void TestMessage::showsTheTextAndTheButtons_data()
     QTest::addColumn<bool>("scrolls");
     QTest::newRow("a word") << "No." << false;
     QTest::newRow("a sentence") << "The settings have changed. Save the changes?" << false;
+    QTest::newRow("what looks like markup") << "<b>bold</b> &amp; <br>" << false;
     QTest::newRow("many sentences") << QString("The settings have changed. ").repeated(30) << false;
     QTest::newRow("a path without a blank") << '/' + QString(700, 'x') << false;
     QTest::newRow("twenty-two lines") << QString("a line\n").repeated(22) << false;
