@@ -9,6 +9,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMenuBar>
 #include <QSettings>
 #include <QShortcut>
@@ -72,10 +73,11 @@ SettingsWindow::SettingsWindow(const QString& firstPath)
 void SettingsWindow::addActions()
 {
     QMenu* const fileMenu = menuBar()->addMenu(QObject::tr("&File"));
+    connect(fileMenu, &QMenu::aboutToShow, this, &SettingsWindow::updateSave);
     fileMenu->addAction(QObject::tr("&Open..."), this, &SettingsWindow::open, QKeySequence::Open);
     // Not all platforms have a standard key for saving under another name, and for quitting.
     const QKeySequence saveAsKey(Qt::CTRL + Qt::SHIFT + Qt::Key_S);
-    fileActions += fileMenu->addAction(QObject::tr("&Save"), this, &SettingsWindow::save, QKeySequence::Save);
+    saveAction = fileMenu->addAction(QObject::tr("&Save"), this, &SettingsWindow::save, QKeySequence::Save);
     fileActions += fileMenu->addAction(QObject::tr("Save &as..."), this, &SettingsWindow::saveAs, saveAsKey);
     fileActions += fileMenu->addAction(QObject::tr("&Reload"), this, &SettingsWindow::reload, QKeySequence::Refresh);
     fileMenu->addSeparator();
@@ -155,8 +157,8 @@ void SettingsWindow::showTree()
         shortcut->setContext(Qt::WidgetShortcut);
         connect(shortcut, &QShortcut::activated, this, &SettingsWindow::editCurrentValue);
     }
-    connect(tree, &QTreeWidget::itemChanged, this, [this] { setWindowModified(true); });
-    setWindowModified(false);
+    connect(tree, &QTreeWidget::itemChanged, this, &SettingsWindow::noteEdit);
+    noteStored();
     showPath();
 }
 
@@ -179,6 +181,60 @@ void SettingsWindow::showPath()
     setWindowTitle((isLoaded ? file.path() : QObject::tr("no file")) + "[*] - "_L1 + QObject::tr("Settings"));
     for (QAction* action : qAsConst(fileActions))
         action->setEnabled(isLoaded);
+    updateSave();
+}
+
+/// All values of the tree, in its order; their names cannot change.
+QStringList SettingsWindow::shownValues() const
+{
+    QStringList values;
+    for (QTreeWidgetItemIterator value(tree, QTreeWidgetItemIterator::Editable); *value; ++value)
+        values += (*value)->text(0);
+    return values;
+}
+
+/// What is shown is what the file holds.
+void SettingsWindow::noteStored()
+{
+    isStored = true;
+    storedValues = shownValues();
+    setWindowModified(false);
+}
+
+/// What is shown may stand in no file, whatever was read or written before.
+void SettingsWindow::noteUnstored()
+{
+    isStored = false;
+    setWindowModified(true);
+}
+
+void SettingsWindow::noteEdit()
+{
+    setWindowModified(!isStored || shownValues() != storedValues);
+}
+
+/// Whether the text of a cell that is being edited is not the value any more.
+bool SettingsWindow::isTypingAnotherValue() const
+{
+    const auto* const cell = tree->findChild<QLineEdit*>();
+    return cell && cell->isVisible() && tree->currentItem() && cell->text() != tree->currentItem()->text(0);
+}
+
+/// Saving is for what the file does not hold.
+void SettingsWindow::updateSave()
+{
+    const QString path = file.path();
+    saveAction->setEnabled(!path.isEmpty()
+                           && (isWindowModified() || isTypingAnotherValue() || !QFileInfo::exists(path)));
+}
+
+bool SettingsWindow::event(QEvent* event)
+{
+    // Others may remove the file, and a cell keeps its text for itself until it is closed: so that is asked when it
+    // counts, before a key is taken for a shortcut.
+    if (event->type() == QEvent::ShortcutOverride || event->type() == QEvent::ModifiedChange)
+        updateSave();
+    return QMainWindow::event(event);
 }
 
 /// The current value, or that of the current setting.
@@ -249,14 +305,16 @@ bool SettingsWindow::saveTo(const QString& path)
             this, QStyle::SP_MessageBoxCritical,
             QObject::tr("The file %1 cannot be written: %2\nYour changes are still in this window.").arg(path, reason))
             .ask();
+        if (path == file.path())
+            noteUnstored();
         return false;
     }
-    setWindowModified(false);
+    noteStored();
     // The window shows what the file holds now; where that cannot be read, this is still the only copy.
     const bool holdsOtherThings =
         path != file.path() || !trial.changed.isEmpty() || !file.review().only(FileRemark::Kind::Dropped).isEmpty();
     if (holdsOtherThings && !openFile(path)) {
-        setWindowModified(true);
+        noteUnstored();
         return false;
     }
     statusBar()->showMessage(QObject::tr("Saved."));

@@ -27,6 +27,7 @@ public:
     bool openFile(const QString& path);
 
 protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
@@ -52,10 +53,20 @@ private:
     void editCurrentValue();
     void showPath();
 
+    QStringList shownValues() const;
+    void noteStored();
+    void noteUnstored();
+    void noteEdit();
+    bool isTypingAnotherValue() const;
+    void updateSave();
+
     SettingsFile file;
     QTreeWidget* tree = nullptr;
     QLineEdit* findField = nullptr;
-    QList<QAction*> fileActions; ///< those that need a file
+    QAction* saveAction = nullptr;
+    QList<QAction*> fileActions; ///< of the others those that need a file
+    QStringList storedValues; ///< all values, as they were last read or written
+    bool isStored = true; ///< false after a failure: then the file is not what was last read or written
 };
 
 #endif

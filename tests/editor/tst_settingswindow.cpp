@@ -1,9 +1,11 @@
 #include "editor/person.h"
 #include "support/files.h"
 #include "support/ordinaryuser.h"
+#include "support/processstate.h"
 #include "support/programrun.h"
 
 #include <QClipboard>
+#include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
 #include <QSettings>
@@ -11,7 +13,6 @@
 #include <QTranslator>
 
 #include <memory>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 /// The settings editor as a person uses it: real keys and clicks to the real window.
@@ -47,6 +48,12 @@ private slots:
     void cellKeepsTheRestOfTheValue_data();
     void cellKeepsTheRestOfTheValue();
 
+    void saveIsForWhatHasChanged();
+    void saveIsForAFileThatIsGone();
+    void saveIsForTheTextOfAnOpenCell();
+    void saveIsForWhatCouldNotBeSaved();
+    void aCopyThatCouldNotBeSavedIsNoChange();
+    void unchangedValuesAreNotWritten();
     void saves();
     void savesTheTextOfAnOpenCell();
     void savesXmlAndBack();
@@ -93,6 +100,8 @@ private slots:
     void speaksItalian();
 
 private:
+    QAction* fileAction(const QString& text) const;
+    bool isSaveEnabled() const { return fileAction("&Save")->isEnabled(); }
     QString write(const char* name, const QByteArray& bytes) const;
     void open(const QString& path);
     void openSettings(const QByteArray& bytes) { open(write("zelmora.conf", bytes)); }
@@ -486,6 +495,117 @@ void TestSettingsWindow::cellKeepsTheRestOfTheValue()
 
 // --- Saving ---
 
+/// Of the menu as it is when the person opens it.
+QAction* TestSettingsWindow::fileAction(const QString& text) const
+{
+    QMenu* const menu = window->menuBar()->actions().first()->menu();
+    emit menu->aboutToShow();
+    for (QAction* action : menu->actions()) {
+        if (action->text() == text)
+            return action;
+    }
+    qFatal("There is no %s in the menu.", qPrintable(text));
+}
+
+void TestSettingsWindow::saveIsForWhatHasChanged()
+{
+    QVERIFY(!isSaveEnabled());
+    openSettings(smallFile);
+    QVERIFY(!isSaveEnabled());
+    QVERIFY(fileAction("Save &as...")->isEnabled());
+    person->change(receiptWidth, "48");
+    QVERIFY(isSaveEnabled());
+    person->change(soldWidth, "50");
+    person->change(receiptWidth, "32"); // as it was
+    QVERIFY(isSaveEnabled());
+    person->change(soldWidth, "40");
+    QVERIFY(!isSaveEnabled());
+    QVERIFY(!window->isWindowModified());
+
+    person->change(receiptWidth, "48");
+    person->press(Qt::Key_S, Qt::ControlModifier);
+    QVERIFY(!isSaveEnabled());
+    person->change(receiptWidth, "32"); // as it was before the save
+    QVERIFY(isSaveEnabled());
+    QVERIFY(window->isWindowModified());
+    person->willPress(QMessageBox::Discard);
+    person->press(Qt::Key_F5);
+    QCOMPARE(person->readBoxes().size(), 1);
+    QVERIFY(!isSaveEnabled());
+
+    person->change(receiptWidth, "64");
+    person->willType(folder->filePath("other.conf"));
+    person->press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    QVERIFY(!isSaveEnabled());
+}
+
+void TestSettingsWindow::saveIsForAFileThatIsGone()
+{
+    openSettings(smallFile);
+    QVERIFY(QFile::remove(folder->filePath("zelmora.conf")));
+    QVERIFY(isSaveEnabled());
+    QVERIFY(!window->isWindowModified());
+    write("zelmora.conf", smallFile);
+    QVERIFY(!isSaveEnabled());
+}
+
+void TestSettingsWindow::saveIsForTheTextOfAnOpenCell()
+{
+    openSettings(smallFile);
+    person->goTo(receiptWidth);
+    person->press(Qt::Key_F2);
+    QVERIFY(!isSaveEnabled());
+    person->type("48");
+    QVERIFY(isSaveEnabled());
+    person->press(Qt::Key_Escape);
+    QVERIFY(!isSaveEnabled());
+}
+
+void TestSettingsWindow::saveIsForWhatCouldNotBeSaved()
+{
+    openSettings(smallFile);
+    person->change(receiptWidth, "48");
+    person->willPress(QMessageBox::Ok);
+    {
+        const FileSizeLimit limit(0);
+        person->press(Qt::Key_S, Qt::ControlModifier);
+    }
+    QCOMPARE(person->readBoxes().size(), 1);
+    person->change(receiptWidth, "32"); // as it was, but who knows what the file holds
+    QVERIFY(isSaveEnabled());
+    QVERIFY(window->isWindowModified());
+    person->press(Qt::Key_S, Qt::ControlModifier);
+    QVERIFY(!isSaveEnabled());
+    QVERIFY(!window->isWindowModified());
+    QCOMPARE(savedBytes(), smallFile);
+}
+
+void TestSettingsWindow::aCopyThatCouldNotBeSavedIsNoChange()
+{
+    openSettings(smallFile);
+    person->willType(folder->filePath("copy.conf"));
+    person->willPress(QMessageBox::Ok);
+    {
+        const FileSizeLimit limit(0);
+        person->press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    }
+    QCOMPARE(person->readBoxes().size(), 1);
+    QVERIFY(!isSaveEnabled());
+    QVERIFY(!window->isWindowModified());
+}
+
+void TestSettingsWindow::unchangedValuesAreNotWritten()
+{
+    const QByteArray bytes = "zelmora:{a=1;};"; // not as the writer writes it
+    openSettings(bytes);
+    person->press(Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(savedBytes(), bytes);
+    person->change({"zelmora", "a"}, "1");
+    person->press(Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(savedBytes(), bytes);
+    QCOMPARE(person->status(), QString());
+}
+
 void TestSettingsWindow::saves()
 {
     openSettings("zelmora:{lang=it;receiptdoc:{paperWidth=32;printDate=true;};solddoc:{paperWidth=40;};};");
@@ -803,13 +923,11 @@ void TestSettingsWindow::fullDisk()
 {
     openSettings(smallFile);
     person->change(receiptWidth, "48");
-    rlimit before {};
-    QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
-    const rlimit none {0, before.rlim_max};
     person->willPress(QMessageBox::Ok);
-    QCOMPARE(setrlimit(RLIMIT_FSIZE, &none), 0);
-    person->press(Qt::Key_S, Qt::ControlModifier);
-    QCOMPARE(setrlimit(RLIMIT_FSIZE, &before), 0);
+    {
+        const FileSizeLimit limit(0);
+        person->press(Qt::Key_S, Qt::ControlModifier);
+    }
 
     QCOMPARE(person->readBoxes(),
              QStringList("The file " + folder->filePath("zelmora.conf")
@@ -931,8 +1049,9 @@ void TestSettingsWindow::afterALossTheWindowShowsTheFile()
     openSettings(smallFile + "other: { b = 2; };");
     QCOMPARE(person->readBoxes().size(), 1);
     QCOMPARE(person->value({"other", "b"}), QString("2"));
+    person->change(receiptWidth, "48");
     person->press(Qt::Key_S, Qt::ControlModifier);
-    QCOMPARE(savedBytes(), smallFile);
+    QCOMPARE(savedBytes(), smallFileWithReceiptWidth("48"));
     QVERIFY(!person->item({"other"}));
 
     person->willPress(QMessageBox::Ok);
@@ -1008,14 +1127,17 @@ void TestSettingsWindow::emptyingAFileIsAsked()
     open(path);
     QCOMPARE(person->readBoxes().size(), 1);
 
-    person->willPress(QMessageBox::Cancel);
-    person->press(Qt::Key_S, Qt::ControlModifier);
-    QCOMPARE(person->readBoxes(), QStringList("Nothing of the file " + path + " could be read. Saving empties it."));
+    const auto saveUnderTheSameName = [&](QMessageBox::StandardButton answer) {
+        person->willType(path);
+        person->willPress(QMessageBox::Yes); // it exists
+        person->willPress(answer);
+        person->press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+        return person->readBoxes().value(1);
+    };
+    QCOMPARE(saveUnderTheSameName(QMessageBox::Cancel),
+             "Nothing of the file " + path + " could be read. Saving empties it.");
     QCOMPARE(fileContents(path), bytes);
-
-    person->willPress(QMessageBox::Save);
-    person->press(Qt::Key_S, Qt::ControlModifier);
-    QCOMPARE(person->readBoxes().size(), 1);
+    saveUnderTheSameName(QMessageBox::Save);
     QCOMPARE(fileContents(path), QByteArray());
 }
 
