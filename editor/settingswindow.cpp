@@ -18,6 +18,9 @@
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 
+using settings::FileRemark;
+using settings::FileReview;
+using settings::SettingsFile;
 using toolkit::operator""_L1;
 
 namespace {
@@ -78,8 +81,8 @@ void SettingsWindow::addActions()
     // Not all platforms have a standard key for saving under another name, and for quitting.
     const QKeySequence saveAsKey(Qt::CTRL + Qt::SHIFT + Qt::Key_S);
     saveAction = fileMenu->addAction(QObject::tr("&Save"), this, &SettingsWindow::save, QKeySequence::Save);
-    fileActions += fileMenu->addAction(QObject::tr("Save &as..."), this, &SettingsWindow::saveAs, saveAsKey);
-    fileActions += fileMenu->addAction(QObject::tr("&Reload"), this, &SettingsWindow::reload, QKeySequence::Refresh);
+    saveAsAction = fileMenu->addAction(QObject::tr("Save &as..."), this, &SettingsWindow::saveAs, saveAsKey);
+    reloadAction = fileMenu->addAction(QObject::tr("&Reload"), this, &SettingsWindow::reload, QKeySequence::Refresh);
     fileMenu->addSeparator();
     const QKeySequence quitKey(Qt::CTRL + Qt::Key_Q);
     fileMenu->addAction(QObject::tr("&Quit"), this, &SettingsWindow::close, quitKey);
@@ -110,13 +113,22 @@ bool SettingsWindow::openFile(const QString& path)
             .ask();
         return false;
     }
+    isReadOnly = !file.looksLikeSettings();
     showTree();
-    warnOfLosses();
+    sayWhatIsWrong();
     return true;
 }
 
-void SettingsWindow::warnOfLosses()
+void SettingsWindow::sayWhatIsWrong()
 {
+    if (isReadOnly) {
+        Message(this, QStyle::SP_MessageBoxWarning,
+                QObject::tr("The file %1 does not look like the settings of the suite: none of its outermost groups is "
+                            "named zelmora. It is open for reading only, since saving would leave little of it.")
+                    .arg(file.path()))
+            .ask();
+        return;
+    }
     const FileReview& review = file.review();
     QStringList warnings;
     const auto addWarning = [&](const QString& text, FileRemark::Kind kind) {
@@ -144,7 +156,7 @@ void SettingsWindow::showTree()
 {
     tree = file.newConfigListView();
     tree->setItemDelegate(new ValueDelegate(tree));
-    tree->setEditTriggers(QAbstractItemView::DoubleClicked);
+    tree->setEditTriggers(isReadOnly ? QAbstractItemView::NoEditTriggers : QAbstractItemView::DoubleClicked);
     unfoldTree();
     setCentralWidget(tree); // the window owns it, and deletes the one before
     tree->setCurrentItem(tree->topLevelItem(0));
@@ -178,9 +190,10 @@ void SettingsWindow::unfoldTree()
 void SettingsWindow::showPath()
 {
     const bool isLoaded = !file.path().isEmpty();
-    setWindowTitle((isLoaded ? file.path() : QObject::tr("no file")) + "[*] - "_L1 + QObject::tr("Settings"));
-    for (QAction* action : qAsConst(fileActions))
-        action->setEnabled(isLoaded);
+    const QString mark = isReadOnly ? QObject::tr(" (read only)") : QString();
+    setWindowTitle((isLoaded ? file.path() : QObject::tr("no file")) + mark + "[*] - "_L1 + QObject::tr("Settings"));
+    saveAsAction->setEnabled(isLoaded && !isReadOnly);
+    reloadAction->setEnabled(isLoaded);
     updateSave();
 }
 
@@ -224,7 +237,7 @@ bool SettingsWindow::isTypingAnotherValue() const
 void SettingsWindow::updateSave()
 {
     const QString path = file.path();
-    saveAction->setEnabled(!path.isEmpty()
+    saveAction->setEnabled(!path.isEmpty() && !isReadOnly
                            && (isWindowModified() || isTypingAnotherValue() || !QFileInfo::exists(path)));
 }
 
@@ -244,7 +257,7 @@ void SettingsWindow::editCurrentValue()
     QTreeWidgetItem* item = tree->currentItem();
     if (item && isValue(item->child(0)))
         item = item->child(0);
-    if (!isValue(item) || tree->isPersistentEditorOpen(item))
+    if (isReadOnly || !isValue(item) || tree->isPersistentEditorOpen(item))
         return;
     tree->setCurrentItem(item);
     tree->editItem(item);
@@ -321,23 +334,44 @@ bool SettingsWindow::saveTo(const QString& path)
     return true;
 }
 
+/// What saving to @p path would cost, a question for each kind of loss.
+QStringList SettingsWindow::lossesOf(const QString& path, const SettingsFile::Trial& trial) const
+{
+    const bool isSameFile = path == file.path();
+    const QStringList dropped = withLines(file.review().only(FileRemark::Kind::Dropped));
+    QStringList questions;
+    if (file.review().isHiddenByItsBeginning && isSameFile)
+        questions += QObject::tr("Nothing of the file %1 could be read. Saving empties it.").arg(path);
+    else if (!dropped.isEmpty())
+        questions += QObject::tr("Saving will drop from the file:") + bulletList(dropped);
+    if (!trial.notXml.isEmpty())
+        questions += QObject::tr("The file would not be XML, and nothing would be read back, because of:")
+            + bulletList(trial.notXml);
+    else if (!trial.changed.isEmpty())
+        questions +=
+            QObject::tr("These settings would read back otherwise, or not at all:") + bulletList(trial.changed);
+    if (isSameFile && file.changedOnDisk())
+        questions += QObject::tr("Another program has changed or removed the file %1 since it was opened. Saving drops "
+                                 "what it changed.")
+                         .arg(path);
+    return questions;
+}
+
+/// Asks what there is to ask. What is lost then is kept beside the file; so is another file that is written over, of
+/// which the dialog has asked.
 bool SettingsWindow::mayBeWritten(const QString& path, const SettingsFile::Trial& trial)
 {
-    if (file.review().isHiddenByItsBeginning && path == file.path()
-        && !confirmed(QObject::tr("Nothing of the file %1 could be read. Saving empties it.").arg(path)))
-        return false;
-    if (!trial.notXml.isEmpty()
-        && !confirmed(QObject::tr("The file would not be XML, and nothing would be read back, because of:")
-                      + bulletList(trial.notXml)))
-        return false;
-    if (trial.notXml.isEmpty() && !trial.changed.isEmpty()
-        && !confirmed(QObject::tr("These settings would read back otherwise, or not at all:")
-                      + bulletList(trial.changed)))
-        return false;
-    return path != file.path() || !file.changedOnDisk()
-        || confirmed(QObject::tr("Another program has changed or removed the file %1 since it was opened. Saving drops "
-                                 "what it changed.")
-                         .arg(path));
+    const QStringList losses = lossesOf(path, trial);
+    for (const QString& loss : losses) {
+        if (!confirmed(loss))
+            return false;
+    }
+    if (losses.isEmpty() && path == file.path())
+        return true;
+    const QString reason = SettingsFile::keepBackup(path);
+    return reason.isEmpty()
+        || confirmed(
+               QObject::tr("The file as it is now cannot be kept as %1: %2").arg(path + QLatin1Char('~'), reason));
 }
 
 bool SettingsWindow::confirmed(const QString& warning)

@@ -12,8 +12,8 @@ class QTreeWidget;
 class QTreeWidgetItem;
 
 /// The settings editor: one file as a tree of groups, settings and values, of which the values can be edited. Nothing
-/// is lost without a word: what saving would drop or change is said before, and what cannot be saved stays in the
-/// window.
+/// is lost without a word: what saving would drop or change is asked before and kept beside the file, what cannot be
+/// saved stays in the window, and a file that does not look like settings can only be read.
 class SettingsWindow : public QMainWindow {
     Q_OBJECT
 
@@ -45,9 +45,10 @@ private:
     bool saveTo(const QString& path);
     void finishEditing();
     bool mayDiscardChanges();
-    bool mayBeWritten(const QString& path, const SettingsFile::Trial& trial);
+    QStringList lossesOf(const QString& path, const settings::SettingsFile::Trial& trial) const;
+    bool mayBeWritten(const QString& path, const settings::SettingsFile::Trial& trial);
     bool confirmed(const QString& warning);
-    void warnOfLosses();
+    void sayWhatIsWrong();
     void showTree();
     void unfoldTree();
     void editCurrentValue();
@@ -60,12 +61,14 @@ private:
     bool isTypingAnotherValue() const;
     void updateSave();
 
-    SettingsFile file;
+    settings::SettingsFile file;
     QTreeWidget* tree = nullptr;
     QLineEdit* findField = nullptr;
     QAction* saveAction = nullptr;
-    QList<QAction*> fileActions; ///< of the others those that need a file
+    QAction* saveAsAction = nullptr;
+    QAction* reloadAction = nullptr;
     QStringList storedValues; ///< all values, as they were last read or written
+    bool isReadOnly = false; ///< a file that does not look like settings
     bool isStored = true; ///< false after a failure: then the file is not what was last read or written
 };
 

@@ -17,6 +17,9 @@ using libconfig::BraceScanner;
 using libconfig::ScanEvent;
 using toolkit::operator""_L1;
 using toolkit::TextPlace;
+
+namespace settings {
+
 using Kind = FileRemark::Kind;
 
 namespace {
@@ -282,3 +285,5 @@ FileReview reviewOf(const QByteArray& bytes, const QString& format)
 {
     return format == "xml"_L1 ? reviewOfXml(bytes) : reviewOfBraces(bytes);
 }
+
+} // namespace settings

@@ -8,6 +8,8 @@
 #include <QStringList>
 #include <QVector>
 
+namespace settings {
+
 /// Something in a settings file that whoever saves it, or looks for an effect of it, should know.
 struct FileRemark {
     enum class Kind {
@@ -37,5 +39,7 @@ struct FileReview {
 /// Looks through the settings file that holds @p bytes, in the brace format ("cfg") or XML ("xml"). Takes time and
 /// memory in proportion to them.
 FileReview reviewOf(const QByteArray& bytes, const QString& format);
+
+} // namespace settings
 
 #endif

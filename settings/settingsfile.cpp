@@ -1,5 +1,7 @@
 #include "settings/settingsfile.h"
 
+#include "settings/backup.h"
+#include "settings/likeness.h"
 #include "toolkit/literals.h"
 
 #include <QFile>
@@ -9,6 +11,8 @@
 #include <QSet>
 
 using toolkit::operator""_L1;
+
+namespace settings {
 
 namespace {
 
@@ -139,9 +143,25 @@ QStringList SettingsFile::writtenSettings() const
     return settings;
 }
 
+bool SettingsFile::looksLikeSettings() const
+{
+    return settings::looksLikeSettings(fileReview.topLevelGroups, contents.trimmed().isEmpty());
+}
+
 bool SettingsFile::changedOnDisk() const
 {
     return contentsOf(filePath) != contents;
+}
+
+QString SettingsFile::keepBackup(const QString& path)
+{
+    if (!QFileInfo(path).isFile())
+        return QString();
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return file.errorString();
+    const QByteArray bytes = file.readAll();
+    return file.error() == QFileDevice::NoError ? settings::keepBackup(path, bytes) : file.errorString();
 }
 
 QString SettingsFile::save(const QString& path)
@@ -151,3 +171,5 @@ QString SettingsFile::save(const QString& path)
         contents = contentsOf(path);
     return reason;
 }
+
+} // namespace settings

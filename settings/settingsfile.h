@@ -6,6 +6,8 @@
 
 #include <QVector>
 
+namespace settings {
+
 /// A settings file that is changed and saved without a loss that nobody heard of: it says beforehand what the format,
 /// or the writer, would lose.
 ///
@@ -21,6 +23,9 @@ public:
     /// What load() found in the file's bytes.
     const FileReview& review() const { return fileReview; }
 
+    /// Whether it is one at all, as looksLikeSettings() has it: any other text is not to be written over.
+    bool looksLikeSettings() const;
+
     /// Takes the tree over from the list that is edited. Link Zelmora::configwidgets.
     using Config::rebuildTree;
 
@@ -35,6 +40,10 @@ public:
 
     /// Whether the file on disk is no longer what load() or save() left there.
     bool changedOnDisk() const;
+
+    /// Keeps what the file @p path holds now as settings::keepBackup() does; nothing where there is no such file. Empty
+    /// when that succeeded, else the system's reason.
+    static QString keepBackup(const QString& path);
 
     /// Writes the tree to the file @p path, another one than path() too. Empty when that succeeded; else the system's
     /// reason, and no file has changed.
@@ -57,5 +66,7 @@ private:
     QByteArray contents; ///< of the file, as it was loaded or saved
     FileReview fileReview;
 };
+
+} // namespace settings
 
 #endif

@@ -232,6 +232,18 @@
         <translation>e altri %1</translation>
     </message>
     <message>
+        <source>The file %1 does not look like the settings of the suite: none of its outermost groups is named zelmora. It is open for reading only, since saving would leave little of it.</source>
+        <translation>Il file %1 non sembra contenere le impostazioni della suite: nessuno dei gruppi più esterni si chiama zelmora. È aperto in sola lettura, perché salvandolo ne resterebbe poco.</translation>
+    </message>
+    <message>
+        <source> (read only)</source>
+        <translation> (sola lettura)</translation>
+    </message>
+    <message>
+        <source>The file as it is now cannot be kept as %1: %2</source>
+        <translation>Il file com'è ora non può essere conservato come %1: %2</translation>
+    </message>
+    <message>
         <source>line %1: %2</source>
         <translation>riga %1: %2</translation>
     </message>

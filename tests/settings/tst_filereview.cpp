@@ -6,6 +6,10 @@
 
 #include <random>
 
+using settings::FileRemark;
+using settings::FileReview;
+using settings::reviewOf;
+
 /// What is to be said of a settings file, and at which place.
 class TestFileReview : public QObject {
     Q_OBJECT

@@ -8,6 +8,8 @@
 
 #include <sys/stat.h>
 
+using settings::SettingsFile;
+
 /// A settings file loaded, tried, and saved.
 class TestSettingsFile : public QObject {
     Q_OBJECT
