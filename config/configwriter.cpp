@@ -91,14 +91,12 @@ QString Config::writeFile(const QString& path, const QString& fileFormat) const
 
 QString Config::writeBytes(QByteArray& bytes, const QString& fileFormat) const
 {
-    ByteCounter counter;
+    ByteCounter counter; // before any memory is taken
     if (!writeTree(counter, fileFormat))
         return QStringLiteral("the settings are larger than 2 GiB");
-    if (!reserve(bytes, counter.count()))
-        return qt_error_string(ENOMEM);
     QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    writeTree(buffer, fileFormat);
+    if (!reserve(bytes, counter.count()) || !buffer.open(QIODevice::WriteOnly) || !writeTree(buffer, fileFormat))
+        return qt_error_string(ENOMEM);
     return QString();
 }
 

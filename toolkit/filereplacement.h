@@ -6,16 +6,16 @@ class QString;
 
 namespace toolkit {
 
-/// Makes @p bytes the contents of the file @p name, on the disk as well: it returns when they are synced. Null when
-/// that succeeded, else the reason, which begins with the system's text for the error ("No space left on device"). It
-/// waits for the disk, and for the reader of a pipe. It throws nothing and raises no signal.
+/// Makes @p bytes the contents of the file @p name, synced to the disk. Null when that succeeded, else the reason,
+/// which begins with the system's text for the error ("No space left on device"). It waits for the disk, and for the
+/// reader of a pipe. No signal comes of it.
 ///
 /// - A **new file** appears under its name when it is complete, with the permissions that the umask leaves. Its folder
 ///   must exist.
 /// - An **existing file** stays whole until a new one, complete and synced, takes its place in one step: after a
-///   failure, or a crash at any time, the name stands for the old file or for the new one. The new one gets the
-///   permissions of the old one (read, write, execute) and, as far as the user may give them, its owner and group. It
-///   has no access control list, and further hard links keep the old contents.
+///   failure the name stands for the old file; after a crash, even one shortly after success, for the old or the new
+///   one. The new one gets the permissions of the old one (read, write, execute) and, as far as the user may give them,
+///   its owner and group. It has no access control list, and further hard links keep the old contents.
 /// - **Links** are followed and stay; one to a missing file makes that.
 /// - A **device or a pipe** is written as it is. What was written before a failure has gone out.
 /// - An **existing file that no new one can replace** is overwritten as it is, and stays what it is in all but its
