@@ -87,7 +87,13 @@ private slots:
     void warnsOfLosses();
     void doesNotWarn_data();
     void doesNotWarn();
-    void afterALossTheWindowShowsTheFile();
+    void whatSavingDropsIsAskedAndKept();
+    void aCopyDropsTheSame();
+    void aMissingSemicolonCostsNothingUnseen();
+    void whatCannotBeKeptIsAskedAgain();
+    void otherTextsAreForReadingOnly_data();
+    void otherTextsAreForReadingOnly();
+    void aSlipInTheGroupsNameIsForEditing();
     void warnsBeforeXmlThatDoesNotReadBack_data();
     void warnsBeforeXmlThatDoesNotReadBack();
     void namesThatLookLikeXml();
@@ -913,6 +919,7 @@ void TestSettingsWindow::readOnly()
     person->change(receiptWidth, "48");
     const QString path = folder->filePath("zelmora.conf");
     setPermissions(path, 0444);
+    setPermissions(folder->path(), 0777);
     person->willPress(QMessageBox::Ok);
     {
         const OrdinaryUser someone;
@@ -969,6 +976,7 @@ void TestSettingsWindow::changedUnderneath()
     person->press(Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(person->readBoxes().size(), 1);
     QCOMPARE(savedBytes(), smallFileWithReceiptWidth("48"));
+    QCOMPARE(fileContents(path + '~'), QByteArray("zelmora: { theirs = 1; };"));
     QVERIFY(!window->isWindowModified());
 }
 
@@ -1051,21 +1059,147 @@ void TestSettingsWindow::doesNotWarn()
     QCOMPARE(window->windowTitle(), folder->filePath("zelmora.conf") + "[*] - Settings");
 }
 
-void TestSettingsWindow::afterALossTheWindowShowsTheFile()
+// The second top-level group begins in line 17 of the file.
+void TestSettingsWindow::whatSavingDropsIsAskedAndKept()
 {
+    const QByteArray bytes = smallFile + "other: { b = 2; };";
+    const QString path = folder->filePath("zelmora.conf");
+    const QString backup = path + '~';
     person->willPress(QMessageBox::Ok);
-    openSettings(smallFile + "other: { b = 2; };");
+    openSettings(bytes);
+    setPermissions(path, 0640);
     QCOMPARE(person->readBoxes().size(), 1);
     QCOMPARE(person->value({"other", "b"}), QString("2"));
     person->change(receiptWidth, "48");
+
+    person->willPress(QMessageBox::Cancel);
     person->press(Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(person->readBoxes(), QStringList("Saving will drop from the file:\n\u00B7 line 17: other"));
+    QCOMPARE(savedBytes(), bytes);
+    QVERIFY(!QFile::exists(backup));
+    QVERIFY(window->isWindowModified());
+
+    person->willPress(QMessageBox::Save);
+    person->press(Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(person->readBoxes().size(), 1);
     QCOMPARE(savedBytes(), smallFileWithReceiptWidth("48"));
     QVERIFY(!person->item({"other"}));
+    QCOMPARE(fileContents(backup), bytes);
+    QCOMPARE(permissionsOf(backup), mode_t(0640));
 
+    person->change(receiptWidth, "50"); // nothing is left to be dropped
+    person->press(Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(savedBytes(), smallFileWithReceiptWidth("50"));
+    QCOMPARE(fileContents(backup), bytes);
+}
+
+void TestSettingsWindow::aCopyDropsTheSame()
+{
+    const QByteArray bytes = smallFile + "other: { b = 2; };";
     person->willPress(QMessageBox::Ok);
-    openSettings("zelmora: the till { a = 1; };");
+    openSettings(bytes);
+    const QString copy = folder->filePath("copy.conf");
+    person->willType(copy);
+    person->willPress(QMessageBox::Cancel);
+    person->press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(person->readBoxes().value(1), QString("Saving will drop from the file:\n\u00B7 line 17: other"));
+    QVERIFY(!QFile::exists(copy));
+
+    person->willType(copy);
+    person->willPress(QMessageBox::Save);
+    person->press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(fileContents(copy), smallFile);
+    QCOMPARE(savedBytes(), bytes);
+    QCOMPARE(filesIn(folder->path()), (QStringList {"copy.conf", "zelmora.conf"})); // there was nothing to keep
+}
+
+// One forgotten semicolon after the brace of a group: what stands behind it would be gone.
+void TestSettingsWindow::aMissingSemicolonCostsNothingUnseen()
+{
+    QByteArray bytes = fileContents(ZELMORA_EXAMPLES "/home/.zelmora/conf/zelmora.conf");
+    const int end = bytes.indexOf("};");
+    bytes.remove(end + 1, 1);
+    person->willPress(QMessageBox::Ok);
+    openSettings(bytes);
+    QVERIFY(person->readBoxes().value(0).startsWith("Saving will drop from the file:\n"));
+
+    person->change({"zelmora", "language", "file"}, "other.qm");
+    person->willPress(Qt::Key_Return); // what the box would do by itself
+    person->press(Qt::Key_S, Qt::ControlModifier);
+    QVERIFY(person->readBoxes().value(0).startsWith("Saving will drop from the file:\n"));
+    QCOMPARE(savedBytes(), bytes);
+}
+
+void TestSettingsWindow::whatCannotBeKeptIsAskedAgain()
+{
+    const QByteArray bytes = smallFile + "other: { b = 2; };";
+    const QString path = folder->filePath("zelmora.conf");
+    person->willPress(QMessageBox::Ok);
+    openSettings(bytes);
     QCOMPARE(person->readBoxes().size(), 1);
-    openSettings(smallFile); // has nothing to lose
+    person->change(receiptWidth, "48");
+    setPermissions(path, 0666);
+    setPermissions(folder->path(), 0555); // there may be no new file in it
+    const QString question = "The file as it is now cannot be kept as " + path + "~: ";
+    for (const auto answer : {QMessageBox::Cancel, QMessageBox::Save}) {
+        const OrdinaryUser someone;
+        person->willPress(QMessageBox::Save);
+        person->willPress(answer);
+        person->press(Qt::Key_S, Qt::ControlModifier);
+        const QStringList told = person->readBoxes();
+        QCOMPARE(told.size(), 2);
+        QVERIFY2(told[1].startsWith(question), qPrintable(told[1]));
+        QCOMPARE(savedBytes(), answer == QMessageBox::Save ? smallFileWithReceiptWidth("48") : bytes);
+    }
+    setPermissions(folder->path(), 0777);
+}
+
+void TestSettingsWindow::otherTextsAreForReadingOnly_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("a program") << "main.c"
+                               << QByteArray("int main(void)\n{\n    int a = 1;\n    return a == 2 ? 3 : 4;\n}\n");
+    QTest::newRow("a letter") << "letter.txt" << QByteArray("Dear guest: a table for two = 40 euros;\nregards");
+    QTest::newRow("a first group of another name") << "till.conf" << QByteArray("till: { a = 1; };\n");
+    QTest::newRow("XML of another kind") << "page.xml" << QByteArray("<html lang='it'><body class='a'/></html>");
+}
+
+void TestSettingsWindow::otherTextsAreForReadingOnly()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, bytes);
+    const QString path = write(qPrintable(name), bytes);
+    person->willPress(QMessageBox::Ok);
+    open(path);
+    QCOMPARE(person->readBoxes(),
+             QStringList("The file " + path
+                         + " does not look like the settings of the suite: none of its outermost groups is named "
+                           "zelmora. It is open for reading only, since saving would leave little of it."));
+    QCOMPARE(window->windowTitle(), path + " (read only)[*] - Settings");
+    QVERIFY(!isSaveEnabled());
+    QVERIFY(!fileAction("Save &as...")->isEnabled());
+    for (QTreeWidgetItemIterator value(person->tree(), QTreeWidgetItemIterator::Editable); *value; ++value) {
+        person->tree()->setCurrentItem(*value);
+        person->press(Qt::Key_F2);
+        QVERIFY(!person->tree()->isPersistentEditorOpen(*value));
+        QVERIFY(!person->tree()->findChild<QLineEdit*>());
+    }
+    person->press(Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(fileContents(path), bytes);
+
+    openSettings(smallFile); // the next one can be edited again
+    person->change(receiptWidth, "48");
+    QVERIFY(isSaveEnabled());
+    QVERIFY(fileAction("Save &as...")->isEnabled());
+}
+
+void TestSettingsWindow::aSlipInTheGroupsNameIsForEditing()
+{
+    openSettings("zelmore: { a = 1; };");
+    QCOMPARE(person->readBoxes(), QStringList());
+    person->change({"zelmore", "a"}, "2");
+    QVERIFY(isSaveEnabled());
 }
 
 void TestSettingsWindow::warnsBeforeXmlThatDoesNotReadBack_data()
@@ -1147,6 +1281,7 @@ void TestSettingsWindow::emptyingAFileIsAsked()
     QCOMPARE(fileContents(path), bytes);
     saveUnderTheSameName(QMessageBox::Save);
     QCOMPARE(fileContents(path), QByteArray());
+    QCOMPARE(fileContents(path + '~'), bytes);
 }
 
 void TestSettingsWindow::warnsBeforeAValueThatChanges()
