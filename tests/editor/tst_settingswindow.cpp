@@ -1108,6 +1108,7 @@ void TestSettingsWindow::aCopyDropsTheSame()
     person->willType(copy);
     person->willPress(QMessageBox::Save);
     person->press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(person->readBoxes().size(), 1);
     QCOMPARE(fileContents(copy), smallFile);
     QCOMPARE(savedBytes(), bytes);
     QCOMPARE(filesIn(folder->path()), (QStringList {"copy.conf", "zelmora.conf"})); // there was nothing to keep
