@@ -1,6 +1,6 @@
 #include "config/bracescanner.h"
 
-#include <QTextCodec>
+#include "toolkit/textencoder.h"
 
 #include <algorithm>
 #include <limits>
@@ -28,9 +28,8 @@ QString decoded(const std::string& bytes, bool& isUtf8)
     isUtf8 = false;
     // Nearly all texts are plain ASCII, which needs no converter.
     if (!std::all_of(bytes.begin(), bytes.end(), isAscii)) {
-        QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
-        const QString text = QTextCodec::codecForName("UTF-8")->toUnicode(bytes.data(), size, &state);
-        isUtf8 = state.invalidChars == 0 && state.remainingChars == 0;
+        QString text;
+        isUtf8 = toolkit::decodeUtf8(bytes.data(), size, text);
         if (isUtf8)
             return text;
     }
@@ -66,6 +65,13 @@ BraceScanner::BraceScanner(std::FILE* input)
 {
 }
 
+std::unique_ptr<BraceScanner> BraceScanner::over(const QByteArray& bytes)
+{
+    auto* const text = const_cast<char*>(bytes.constData()); // which is opened for reading
+    std::FILE* const input = fmemopen(text, static_cast<std::size_t>(bytes.size()), "rb");
+    return input ? std::make_unique<BraceScanner>(input) : nullptr;
+}
+
 ScanEvent BraceScanner::next()
 {
     while (pending.empty())
@@ -88,13 +94,13 @@ void BraceScanner::scan()
         break;
     case '}':
         addSkipped(std::move(text), ScanEvent::Reason::BeforeEnd);
+        pending.push_back({ScanEvent::Kind::GroupEnds, {{}, offset - 1}});
         addSkipped(readUpTo(";"), ScanEvent::Reason::AfterBrace);
-        pending.push_back({ScanEvent::Kind::GroupEnds});
         depth = std::max(0, depth - 1);
         break;
     default:
         addSkipped(std::move(text), ScanEvent::Reason::BeforeEnd);
-        pending.push_back({ScanEvent::Kind::EndOfInput});
+        pending.push_back({ScanEvent::Kind::EndOfInput, {{}, offset}});
     }
 }
 
@@ -130,7 +136,7 @@ ScannedText BraceScanner::readUpTo(std::string_view stops)
     // Not locked for each byte: one thread reads a file.
     for (stop = getc_unlocked(input.get()); stop != EOF; stop = getc_unlocked(input.get())) {
         ++offset;
-        if (stops.find(static_cast<char>(stop)) != std::string_view::npos)
+        if (std::find(stops.begin(), stops.end(), static_cast<char>(stop)) != stops.end())
             break;
         text.bytes += static_cast<char>(stop);
     }

@@ -1,6 +1,7 @@
 #ifndef ZELMORA_CONFIG_BRACESCANNER_H
 #define ZELMORA_CONFIG_BRACESCANNER_H
 
+#include <QByteArray>
 #include <QString>
 
 #include <cstdio>
@@ -27,10 +28,10 @@ struct ScannedText {
 struct ScanEvent {
     enum class Kind {
         GroupBegins, ///< text is its name
-        GroupEnds, ///< by a brace; at the top level, where no group is open, that is the end of the settings
+        GroupEnds, ///< by the brace where text begins; at the top level, where no group is open, the settings end
         Setting, ///< text is its name, and value is what stands between '=' and ';', quotes and all
         Skipped, ///< text counts for nothing
-        EndOfInput ///< and so on for ever
+        EndOfInput ///< where text begins, and so on for ever
     };
     /// Why text counts for nothing.
     enum class Reason {
@@ -62,13 +63,16 @@ public:
     /// Takes @p input over and closes it; it is read from where it stands, and offsets count from there.
     explicit BraceScanner(std::FILE* input);
 
+    /// One that reads @p bytes, which must outlive it; null when there is no memory for it.
+    static std::unique_ptr<BraceScanner> over(const QByteArray& bytes);
+
     /// The next thing that was met. Text that is white space alone is skipped without a word.
     ScanEvent next();
 
     /// Reads up to and including @p target; false when the input ended before it.
     bool skipTo(char target);
 
-    /// All that has not been read yet.
+    /// All that has not been read yet. What was met before and not been asked for still comes from next().
     ScannedText rest();
 
 private:

@@ -6,8 +6,6 @@
 
 #include <QBuffer>
 
-#include <cstdio>
-
 using toolkit::operator""_L1;
 
 namespace libconfig {
@@ -43,9 +41,7 @@ void Config::readBytes(const QByteArray& bytes, const QString& name, const QStri
 {
     begin(name, fileFormat);
     if (format == "cfg"_L1) {
-        auto* const text = const_cast<char*>(bytes.constData()); // which is opened for reading
-        if (std::FILE* const file = fmemopen(text, static_cast<std::size_t>(bytes.size()), "rb"))
-            stream = std::make_unique<BraceScanner>(file);
+        stream = BraceScanner::over(bytes);
         readTopLevel();
         closeFile();
     } else if (format == "xml"_L1) {
@@ -104,7 +100,7 @@ QString Config::lookup(QDomNode node, const QString& key) const
 {
     const QDomElement element = node.toElement();
     const int firstDot = key.indexOf(QLatin1Char('.'));
-    if (element.isNull() || firstDot < 0 || element.tagName() != key.leftRef(firstDot))
+    if (element.isNull() || firstDot < 0 || element.tagName() != QStringView(key).left(firstDot))
         return QString();
 
     const QString rest = key.mid(firstDot + 1);

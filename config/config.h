@@ -64,7 +64,8 @@ public:
     /// The name of the file is written in the toolkit's encoding for file names, also where the reader found a file by
     /// the 8-bit form of its name alone.
     ///
-    /// Values go out as they are, without escaping: in the brace format one with '"' or ';' reads back changed. A
+    /// Names and values go out as they are, without escaping: in the brace format a value with '"' or ';' reads back
+    /// changed, and a setting whose name holds ':', which an XML file may bring, does not read back at all. A
     /// group that holds no setting, however deep, is left out, as the reader would drop it.
     void buildConfigFile(QString path) const;
     /// As above in XML, but for the settings of the root element, which are lines of the brace format here too. An
@@ -94,8 +95,10 @@ public:
     /// Replaces the tree by the one that @p list shows, and writes it to the file that was read, in its format; by a
     /// failure to write nothing changes but the tree. Nothing happens when @p list is null. An item
     /// that newConfigListView() made for a group is a group; of the others a child whose first child has no children
-    /// is a setting, any other a group. A group without children is dropped, as the reader drops an empty one: when
-    /// it was the first, the second one takes its place, and is written and found.
+    /// is a setting, any other a group: so a group collapses to one setting, named like the group, when the value of
+    /// its first setting is taken out of the list, unless its item is one of ours. A group without children is dropped,
+    /// as the reader drops an empty one: when it was the first, the second one takes its place, and is written and
+    /// found.
     void loadListView(QTreeWidget* list);
     void loadListView(QTreeWidgetItem* item, QDomDocument* doc);
     void loadListView(QTreeWidgetItem* item, QDomNode parent);

@@ -8,6 +8,7 @@
 #include "toolkit/filereplacement.h"
 #include "toolkit/literals.h"
 #include "toolkit/localecodec.h"
+#include "toolkit/textencoder.h"
 
 #include <QBuffer>
 #include <QTextStream>
@@ -103,7 +104,7 @@ QString Config::writeBytes(QByteArray& bytes, const QString& fileFormat) const
 bool Config::writeTree(QIODevice& device, const QString& fileFormat) const
 {
     QTextStream out(&device);
-    out.setCodec("UTF-8");
+    toolkit::setUtf8(out);
     writeTree(out, fileFormat);
     out.flush();
     return out.status() == QTextStream::Ok;

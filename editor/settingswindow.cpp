@@ -28,8 +28,10 @@ namespace {
 const QSize firstSize(480, 640);
 const QString geometryKey = QStringLiteral("geometry");
 
-/// As much as a message can show; the rest is counted, or left out.
-const int mostLines = 12;
+/// As much of a list as is read at a glance, and as there is in a question that somebody must be able to answer; the
+/// rest is counted.
+const int linesToGlanceAt = 12;
+const int linesToDecideBy = 1000;
 const int longestLine = 100;
 
 QString oneLine(const QString& text)
@@ -38,7 +40,7 @@ QString oneLine(const QString& text)
     return line.size() <= longestLine ? line : line.left(longestLine) + "..."_L1;
 }
 
-QString bulletList(const QStringList& texts)
+QString bulletList(const QStringList& texts, int mostLines = linesToGlanceAt)
 {
     QString list;
     for (const QString& text : texts.mid(0, mostLines))
@@ -48,12 +50,17 @@ QString bulletList(const QStringList& texts)
     return list;
 }
 
-/// Each with its line in the file.
+/// Each with its line, or lines, in the file.
 QStringList withLines(const QVector<FileRemark>& remarks)
 {
     QStringList texts;
-    for (const FileRemark& remark : remarks)
-        texts += QObject::tr("line %1: %2").arg(QString::number(remark.place.line), remark.text);
+    for (const FileRemark& remark : remarks) {
+        const int first = remark.place.line;
+        const int last = first + remark.text.count(QLatin1Char('\n'));
+        texts += last == first
+            ? QObject::tr("line %1: %2").arg(QString::number(first), remark.text)
+            : QObject::tr("lines %1 to %2: %3").arg(QString::number(first), QString::number(last), remark.text);
+    }
     return texts;
 }
 
@@ -79,12 +86,12 @@ void SettingsWindow::addActions()
     connect(fileMenu, &QMenu::aboutToShow, this, &SettingsWindow::updateSave);
     fileMenu->addAction(QObject::tr("&Open..."), this, &SettingsWindow::open, QKeySequence::Open);
     // Not all platforms have a standard key for saving under another name, and for quitting.
-    const QKeySequence saveAsKey(Qt::CTRL + Qt::SHIFT + Qt::Key_S);
+    const QKeySequence saveAsKey(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
     saveAction = fileMenu->addAction(QObject::tr("&Save"), this, &SettingsWindow::save, QKeySequence::Save);
     saveAsAction = fileMenu->addAction(QObject::tr("Save &as..."), this, &SettingsWindow::saveAs, saveAsKey);
     reloadAction = fileMenu->addAction(QObject::tr("&Reload"), this, &SettingsWindow::reload, QKeySequence::Refresh);
     fileMenu->addSeparator();
-    const QKeySequence quitKey(Qt::CTRL + Qt::Key_Q);
+    const QKeySequence quitKey(Qt::CTRL | Qt::Key_Q);
     fileMenu->addAction(QObject::tr("&Quit"), this, &SettingsWindow::close, quitKey);
 
     QMenu* const editMenu = menuBar()->addMenu(QObject::tr("&Edit"));
@@ -341,9 +348,10 @@ QStringList SettingsWindow::lossesOf(const QString& path, const SettingsFile::Tr
     const QStringList dropped = withLines(file.review().only(FileRemark::Kind::Dropped));
     QStringList questions;
     if (file.review().isHiddenByItsBeginning && isSameFile)
-        questions += QObject::tr("Nothing of the file %1 could be read. Saving empties it.").arg(path);
+        questions += QObject::tr("Nothing of the file %1 could be read. Saving empties it.").arg(path)
+            + bulletList(dropped, linesToDecideBy);
     else if (!dropped.isEmpty())
-        questions += QObject::tr("Saving will drop from the file:") + bulletList(dropped);
+        questions += QObject::tr("Saving will drop from the file:") + bulletList(dropped, linesToDecideBy);
     if (!trial.notXml.isEmpty())
         questions += QObject::tr("The file would not be XML, and nothing would be read back, because of:")
             + bulletList(trial.notXml);

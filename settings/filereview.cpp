@@ -11,7 +11,7 @@
 #include <QXmlDefaultHandler>
 
 #include <algorithm>
-#include <cstdio>
+#include <memory>
 
 using libconfig::BraceScanner;
 using libconfig::ScanEvent;
@@ -48,6 +48,18 @@ bool losesQuotes(const QString& value)
     return (quoted ? value.mid(1, value.size() - 2) : value).contains(quote);
 }
 
+/// What the keys of the settings in the group @p name begin with, below a group whose keys begin with @p key. A key
+/// that no message could show is cut, so that long names inside each other do not add up.
+QString keyBelow(const QString& key, const QString& name)
+{
+    const int longestKey = 100;
+    const QString cut = QStringLiteral("...");
+    if (key.endsWith(cut))
+        return key;
+    const QString below = key + name.left(longestKey) + QLatin1Char('.');
+    return below.size() <= longestKey ? below : key + cut;
+}
+
 /// Hears what stands in a file, in either format, and makes the remarks.
 class Reviewer {
 public:
@@ -62,7 +74,7 @@ public:
         levels.last().isInTree = true;
         Level level;
         level.name = name;
-        level.key = levels.last().key + name + "."_L1;
+        level.key = keyBelow(levels.last().key, name);
         level.place = place;
         levels += level;
     }
@@ -74,17 +86,17 @@ public:
         Level& level = levels.last();
         level.isInTree = true;
         level.holdsSetting = true;
-        const Setting setting {level.key + name + " = "_L1 + value, place};
+        const auto text = [&](const QString& itsValue) { return level.key + name + " = "_L1 + itsValue; };
         const auto earlier = level.settings.constFind(name);
         if (earlier != level.settings.constEnd())
-            remark(Kind::Dropped, earlier->text, earlier->place);
-        level.settings.insert(name, setting);
+            remark(Kind::Dropped, text(earlier->value), earlier->place);
+        level.settings.insert(name, {value, place});
         if (levels.size() == 1)
-            remark(Kind::Outside, setting.text, place);
+            remark(Kind::Outside, text(value), place);
         else if (isWritten() && !canBeLookedUp(name))
-            remark(Kind::NoKey, name, place);
+            remark(Kind::NoKey, name.isEmpty() ? QStringLiteral("=") : name, place);
         if ((levels.size() == 1 || isWritten()) && runsOn(value))
-            remark(Kind::Swallowing, setting.text, place);
+            remark(Kind::Swallowing, text(value), place);
     }
 
     void endGroup()
@@ -123,7 +135,7 @@ public:
 
 private:
     struct Setting {
-        QString text;
+        QString value;
         TextPlace place;
     };
 
@@ -182,20 +194,18 @@ void hear(const ScanEvent& event, Reviewer& reviewer, toolkit::TextPlaces& place
 FileReview reviewOfBraces(const QByteArray& bytes)
 {
     Reviewer reviewer;
-    auto* const text = const_cast<char*>(bytes.constData()); // which is opened for reading
-    std::FILE* const file = fmemopen(text, static_cast<std::size_t>(bytes.size()), "rb");
-    if (!file)
+    const std::unique_ptr<BraceScanner> scanner = BraceScanner::over(bytes);
+    if (!scanner)
         return reviewer.result();
-    BraceScanner scanner(file);
     toolkit::TextPlaces places(bytes);
-    for (ScanEvent event = scanner.next(); event.kind != ScanEvent::Kind::EndOfInput; event = scanner.next()) {
-        if (event.kind == ScanEvent::Kind::GroupEnds && reviewer.isOutsideEveryGroup()) {
-            const libconfig::ScannedText rest = scanner.rest(); // the settings end here
-            reviewer.drop(rest.text(), places.at(rest.textOffset()));
-        } else {
+    libconfig::ScannedText rest;
+    for (ScanEvent event = scanner->next(); event.kind != ScanEvent::Kind::EndOfInput; event = scanner->next()) {
+        if (event.kind == ScanEvent::Kind::GroupEnds && reviewer.isOutsideEveryGroup())
+            rest = scanner->rest(); // the settings end here
+        else
             hear(event, reviewer, places);
-        }
     }
+    reviewer.drop(rest.text(), places.at(rest.textOffset()));
     return reviewer.result();
 }
 

@@ -21,7 +21,9 @@ struct FileRemark {
     };
 
     Kind kind;
-    QString text; ///< the name, or "key = value", or what else is meant, as it stands in the file
+    /// The name (":" or "=" for a group or setting without one), or "key = value" (where a long key is cut), or what
+    /// else is meant, as it stands in the file.
+    QString text;
     toolkit::TextPlace place; ///< of the name or the text
 };
 

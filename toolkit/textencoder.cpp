@@ -3,6 +3,7 @@
 #include "toolkit/localecodec.h"
 
 #include <QTextCodec>
+#include <QTextStream>
 
 namespace toolkit {
 
@@ -25,6 +26,18 @@ TextEncoder::~TextEncoder() = default;
 QByteArray TextEncoder::encoded(const QString& text)
 {
     return encoder->fromUnicode(text);
+}
+
+bool decodeUtf8(const char* bytes, int size, QString& text)
+{
+    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
+    text = QTextCodec::codecForName("UTF-8")->toUnicode(bytes, size, &state);
+    return state.invalidChars == 0 && state.remainingChars == 0;
+}
+
+void setUtf8(QTextStream& stream)
+{
+    stream.setCodec("UTF-8");
 }
 
 } // namespace toolkit

@@ -7,6 +7,7 @@
 
 class QString;
 class QTextEncoder;
+class QTextStream;
 
 namespace toolkit {
 
@@ -30,6 +31,13 @@ public:
 private:
     std::unique_ptr<QTextEncoder> encoder;
 };
+
+/// The UTF-8 of @p size bytes as text, a byte-order mark included. False where they are not UTF-8 from the first to the
+/// last; then @p text is what could be made of them.
+bool decodeUtf8(const char* bytes, int size, QString& text);
+
+/// Makes @p stream write UTF-8.
+void setUtf8(QTextStream& stream);
 
 } // namespace toolkit
 

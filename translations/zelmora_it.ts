@@ -248,6 +248,10 @@
         <translation>riga %1: %2</translation>
     </message>
     <message>
+        <source>lines %1 to %2: %3</source>
+        <translation>righe da %1 a %2: %3</translation>
+    </message>
+    <message>
         <source>&amp;File</source>
         <translation>&amp;File</translation>
     </message>

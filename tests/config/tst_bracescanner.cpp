@@ -18,19 +18,13 @@ private slots:
     void textAndItsPlace();
     void skipTo();
     void restOfTheInput();
+    void restLeavesWhatWasMet();
     void groupsInsideEachOther();
     void byteOrderMarksAreReadInOneGo_data();
     void byteOrderMarksAreReadInOneGo();
 };
 
 namespace {
-
-/// A stream over @p bytes, which must outlive it.
-std::FILE* opened(const QByteArray& bytes)
-{
-    // The scanner reads no further than the bytes, and writes nothing.
-    return fmemopen(const_cast<char*>(bytes.constData()), static_cast<std::size_t>(bytes.size()), "rb");
-}
 
 QString at(const ScannedText& text)
 {
@@ -43,13 +37,13 @@ QString described(const ScanEvent& event)
     case ScanEvent::Kind::GroupBegins:
         return "group " + at(event.text);
     case ScanEvent::Kind::GroupEnds:
-        return "end";
+        return "end@" + QString::number(event.text.offset);
     case ScanEvent::Kind::Setting:
         return "setting " + at(event.text) + " = " + at(event.value);
     case ScanEvent::Kind::Skipped:
         break;
     case ScanEvent::Kind::EndOfInput:
-        return "end of input";
+        return "end of input@" + QString::number(event.text.offset);
     }
     static const char* const reasons[] = {"?", "before a brace", "after a brace", "before the end", "too deep"};
     return "skipped " + at(event.text) + ", " + reasons[static_cast<int>(event.reason)];
@@ -57,11 +51,11 @@ QString described(const ScanEvent& event)
 
 QStringList eventsOf(const QByteArray& bytes)
 {
-    BraceScanner scanner(opened(bytes));
+    const std::unique_ptr<BraceScanner> scanner = BraceScanner::over(bytes);
     QStringList events;
     do
-        events += described(scanner.next());
-    while (events.last() != "end of input");
+        events += described(scanner->next());
+    while (!events.last().startsWith("end of input"));
     events.removeLast();
     return events;
 }
@@ -84,21 +78,21 @@ void TestBraceScanner::events_data()
     row("a value with the format's signs", "a = {b:c=d};", {"setting a@0 = {b:c=d}@4"});
     row("a setting without its end", "a = 1\n", {"setting a@0 = 1@4"});
     row("a setting without a name and a value", "=;", {"setting @0 = @1"});
-    row("a group", "g: { a = 1; };", {"group g@0", "setting a@5 = 1@9", "end"});
-    row("a group in a group", "g:{h:{a=1;};};", {"group g@0", "group h@3", "setting a@6 = 1@8", "end", "end"});
-    row("an empty group", "g: {};", {"group g@0", "end"});
-    row("two groups", "g:{}; h:{};", {"group g@0", "end", "group h@6", "end"});
+    row("a group", "g: { a = 1; };", {"group g@0", "setting a@5 = 1@9", "end@12"});
+    row("a group in a group", "g:{h:{a=1;};};", {"group g@0", "group h@3", "setting a@6 = 1@8", "end@10", "end@12"});
+    row("an empty group", "g: {};", {"group g@0", "end@4"});
+    row("two groups", "g:{}; h:{};", {"group g@0", "end@3", "group h@6", "end@9"});
     row("a group that does not end", "g: { a = 1;", {"group g@0", "setting a@5 = 1@9"});
     row("a group that does not begin", "g: a = 1;", {"group g@0", "skipped a = 1;@3, before a brace"});
-    row("text before a brace", "g: the till { };", {"group g@0", "skipped the till@3, before a brace", "end"});
-    row("text after a brace", "g: { } of ours ;", {"group g@0", "skipped of ours@7, after a brace", "end"});
+    row("text before a brace", "g: the till { };", {"group g@0", "skipped the till@3, before a brace", "end@14"});
+    row("text after a brace", "g: { } of ours ;", {"group g@0", "end@5", "skipped of ours@7, after a brace"});
     row("a missing semicolon after a brace", "g: {\n}\nh: { a = 1; };",
-        {"group g@0", "skipped h: { a = 1@7, after a brace", "end", "end"});
+        {"group g@0", "end@5", "skipped h: { a = 1@7, after a brace", "end@19"});
     row("text before the end of a group", "g: { a = 1; b };",
-        {"group g@0", "setting a@5 = 1@9", "skipped b@12, before the end", "end"});
+        {"group g@0", "setting a@5 = 1@9", "skipped b@12, before the end", "end@14"});
     row("text at the end of the input", "a = 1; # end", {"setting a@0 = 1@4", "skipped # end@7, before the end"});
     row("a remark is part of the next name", "# x\na = 1;", {"setting # x\na@0 = 1@8"});
-    row("a brace too many", "};a=1;", {"end", "setting a@2 = 1@4"});
+    row("a brace too many", "};a=1;", {"end@0", "setting a@2 = 1@4"});
 }
 
 void TestBraceScanner::events()
@@ -111,10 +105,10 @@ void TestBraceScanner::events()
 void TestBraceScanner::endOfInputGoesOnForEver()
 {
     const QByteArray bytes = "a = 1;";
-    BraceScanner scanner(opened(bytes));
-    QCOMPARE(described(scanner.next()), QString("setting a@0 = 1@4"));
+    const std::unique_ptr<BraceScanner> scanner = BraceScanner::over(bytes);
+    QCOMPARE(described(scanner->next()), QString("setting a@0 = 1@4"));
     for (int i = 0; i < 3; ++i)
-        QCOMPARE(described(scanner.next()), QString("end of input"));
+        QCOMPARE(described(scanner->next()), QString("end of input@6"));
 }
 
 void TestBraceScanner::textAndItsPlace_data()
@@ -150,21 +144,32 @@ void TestBraceScanner::textAndItsPlace()
 void TestBraceScanner::skipTo()
 {
     const QByteArray bytes = "ab{c = 1; d";
-    BraceScanner scanner(opened(bytes));
-    QVERIFY(scanner.skipTo('{'));
-    QCOMPARE(described(scanner.next()), QString("setting c@3 = 1@7"));
-    QVERIFY(!scanner.skipTo('{'));
-    QCOMPARE(described(scanner.next()), QString("end of input"));
+    const std::unique_ptr<BraceScanner> scanner = BraceScanner::over(bytes);
+    QVERIFY(scanner->skipTo('{'));
+    QCOMPARE(described(scanner->next()), QString("setting c@3 = 1@7"));
+    QVERIFY(!scanner->skipTo('{'));
+    QCOMPARE(described(scanner->next()), QString("end of input@11"));
 }
 
 void TestBraceScanner::restOfTheInput()
 {
     const QByteArray bytes = "a = 1; }; b: { c";
-    BraceScanner scanner(opened(bytes));
-    scanner.next();
-    QCOMPARE(described(scanner.next()), QString("end"));
-    QCOMPARE(at(scanner.rest()), QString("b: { c@10"));
-    QCOMPARE(scanner.rest().bytes, std::string());
+    const std::unique_ptr<BraceScanner> scanner = BraceScanner::over(bytes);
+    scanner->next();
+    QCOMPARE(described(scanner->next()), QString("end@7"));
+    QCOMPARE(at(scanner->rest()), QString("b: { c@10"));
+    QCOMPARE(scanner->rest().bytes, std::string());
+}
+
+// What stands between the brace and the semicolon was met with the brace.
+void TestBraceScanner::restLeavesWhatWasMet()
+{
+    const QByteArray bytes = "} x ; y";
+    const std::unique_ptr<BraceScanner> scanner = BraceScanner::over(bytes);
+    QCOMPARE(described(scanner->next()), QString("end@0"));
+    QCOMPARE(at(scanner->rest()), QString("y@6"));
+    QCOMPARE(described(scanner->next()), QString("skipped x@2, after a brace"));
+    QCOMPARE(described(scanner->next()), QString("end of input@7"));
 }
 
 void TestBraceScanner::groupsInsideEachOther()

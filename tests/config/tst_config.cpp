@@ -1,6 +1,7 @@
 #include "config/config.h"
 
 #include "support/capture.h"
+#include "support/settingstree.h"
 
 #include <QTemporaryDir>
 #include <QTemporaryFile>
@@ -56,15 +57,6 @@ private slots:
 };
 
 namespace {
-
-/// Opens what derived classes may use.
-class OpenConfig : public Config {
-public:
-    using Config::closeFile;
-    using Config::jump;
-    using Config::lookup;
-    using Config::openFile;
-};
 
 const char goodFile[] = "zelmora: { a = good; };";
 

@@ -1,5 +1,5 @@
 #include "config/zmconfiguration.h"
-#include "settingstree.h"
+#include "support/settingstree.h"
 
 #include "support/capture.h"
 #include "support/ownprocess.h"

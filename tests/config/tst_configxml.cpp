@@ -1,4 +1,4 @@
-#include "settingstree.h"
+#include "support/settingstree.h"
 
 #include "support/capture.h"
 

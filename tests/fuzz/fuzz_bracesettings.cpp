@@ -1,8 +1,8 @@
 // Any bytes as a settings file in the brace format: names and values are what the grammar leaves of them, and each
 // setting of the first group is found by its key.
 
-#include "config/settingstree.h"
 #include "fuzzing.h"
+#include "support/settingstree.h"
 
 static bool isName(const QString& text)
 {

@@ -1,7 +1,7 @@
 // Any bytes as settings of either format, written and read: what a file can keep comes back and is written as before.
 
-#include "config/settingstree.h"
 #include "fuzzing.h"
+#include "support/settingstree.h"
 
 #include <QRegularExpression>
 #include <QTemporaryDir>

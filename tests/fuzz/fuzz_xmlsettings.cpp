@@ -1,7 +1,7 @@
 // Any bytes as a settings file in XML: what is accepted becomes the tree that the toolkit's own document has of it.
 
-#include "config/settingstree.h"
 #include "fuzzing.h"
+#include "support/settingstree.h"
 
 #include <QDomDocument>
 

@@ -21,6 +21,7 @@ private slots:
     void droppedFromXml();
     void namesWithoutKeys_data();
     void namesWithoutKeys();
+    void longKeysAreCut();
     void outsideAndSwallowing_data();
     void outsideAndSwallowing();
     void topLevelGroups();
@@ -152,7 +153,7 @@ void TestFileReview::namesWithoutKeys_data()
     row("a remark before a group", "zelmora: { # paper\n doc: { a = 1; }; };", {"1:12 # paper\n doc"});
     row("a remark before the first group", "# paper\nzelmora: { a = 1; };", {"1:1 # paper\nzelmora"});
     row("a point in a name", "zelmora: { a.b = 1; };", {"1:12 a.b"});
-    row("no name at all", "zelmora: { = 1; };", {"1:12 "});
+    row("no name at all", "zelmora: { = 1; };", {"1:12 ="});
     row("an empty group of such a name is dropped, and nothing else is said of it", "zelmora: { a = 1; b c: { }; };",
         {});
     row("in a group that is left out", "zelmora: { a = 1; }; other: { b c = 1; };", {});
@@ -162,6 +163,17 @@ void TestFileReview::namesWithoutKeys_data()
 void TestFileReview::namesWithoutKeys()
 {
     checkRemarks("cfg", FileRemark::Kind::NoKey);
+}
+
+void TestFileReview::longKeysAreCut()
+{
+    const QByteArray name(60, 'g');
+    const QString longest = QString(60, 'g') + '.';
+    const QByteArray text =
+        name + ": { a = 1; a = 2; " + name + ": { b = 1; b = 2; " + name + ": { c = 1; c = 2; };};};";
+    QCOMPARE(
+        remarks(reviewOf(text, "cfg"), FileRemark::Kind::Dropped),
+        (QStringList {"1:65 " + longest + "a = 1", "1:143 " + longest + "...b = 1", "1:221 " + longest + "...c = 1"}));
 }
 
 void TestFileReview::outsideAndSwallowing_data()
@@ -272,6 +284,14 @@ void TestFileReview::hostileFiles_data()
     QTest::newRow("stray words in one line") << QByteArray("g: x {}; ").repeated(200000) << "cfg" << 400000;
     QTest::newRow("a setting again and again") << "zelmora: {" + QByteArray("a=1;").repeated(300000) + "};"
                                                << "cfg" << 299999;
+    QTest::newRow("a long group name over many settings")
+        << "zelmora: { " + QByteArray(20000, 'g') + ": {" + QByteArray("a b=;").repeated(100000) + "}; };"
+        << "cfg" << 199999;
+    QTest::newRow("a long name again and again")
+        << "zelmora: {" + QByteArray(QByteArray(1000, 'a') + "=1;").repeated(3000) + "};"
+        << "cfg" << 2999;
+    QTest::newRow("long names inside each other")
+        << QByteArray(QByteArray(10000, 'g') + ":{ a=1; a=2; ").repeated(999) << "cfg" << 999;
     QTest::newRow("an attribute again and again") << "<zelmora" + QByteArray(" a='1'").repeated(100000) + "/>"
                                                   << "xml" << 99999;
     QTest::newRow("a comment again and again")

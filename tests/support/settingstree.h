@@ -1,5 +1,5 @@
-#ifndef ZELMORA_TESTS_CONFIG_SETTINGSTREE_H
-#define ZELMORA_TESTS_CONFIG_SETTINGSTREE_H
+#ifndef ZELMORA_TESTS_SUPPORT_SETTINGSTREE_H
+#define ZELMORA_TESTS_SUPPORT_SETTINGSTREE_H
 
 #include "config/config.h"
 
@@ -13,6 +13,10 @@ class OpenConfig : public libconfig::Config {
 public:
     using Config::Config;
 
+    using Config::closeFile;
+    using Config::jump;
+    using Config::lookup;
+    using Config::openFile;
     using Config::readBytes;
     using Config::rebuildTree;
     using Config::rootElement;
