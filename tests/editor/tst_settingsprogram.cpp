@@ -89,7 +89,7 @@ public:
                 }
                 return isGood(places);
             },
-            5000);
+            20000);
     }
 
     /// Whether it ends by itself, as it should, and has said nothing.
