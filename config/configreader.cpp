@@ -126,27 +126,20 @@ public:
         return true;
     }
 
-    bool processingInstruction(const QString&, const QString& data) override
-    {
-        hideWhatFollows(config.document->createProcessingInstruction(QStringLiteral("xml"), data));
-        return true;
-    }
-
-    bool comment(const QString& text) override
-    {
-        hideWhatFollows(config.document->createComment(text));
-        return true;
-    }
+    bool processingInstruction(const QString&, const QString&) override { return hideWhatFollows(); }
+    bool comment(const QString&) override { return hideWhatFollows(); }
 
 private:
-    /// What stands first in the file is all that the root element holds: what is no group hides the first group.
-    void hideWhatFollows(const QDomNode& node)
+    /// What stands first in the file is all that the root element holds: what is no group hides the first group. A
+    /// comment without a text takes its place, since nobody asks for it.
+    bool hideWhatFollows()
     {
         const bool isFirst = groups.size() == 1 && !groups.top().hasChildNodes();
-        if (!isFirst)
-            return;
-        groups.top().appendChild(node);
-        groups.top() = newElement(*config.document, QString()); // out of reach
+        if (isFirst) {
+            groups.top().appendChild(config.document->createComment(QString()));
+            groups.top() = newElement(*config.document, QString()); // out of reach
+        }
+        return true;
     }
 
     Config& config;

@@ -49,8 +49,8 @@ class TextEncoder;
 /// append to one file do not mix.
 ///
 /// No operation reports that a line could not be written: it is lost, and the next one is tried anew. Where the disk
-/// took only the beginning of a line, the next one begins with the missing line end. No operation takes a lock: one
-/// thread at a time may use a Logger.
+/// took only the beginning of a line, the next one of this Logger begins with the missing line end; a fragment that
+/// another Logger or program left stays as it is. No operation takes a lock: one thread at a time may use a Logger.
 ///
 /// An object that is made after a Logger may log to it in its destructor, at the end of the process too; the shared
 /// ones have the rules of HLogManager.

@@ -38,7 +38,7 @@ public:
                       const QXmlAttributes& atts) override;
     bool endElement(const QString& namespaceURI, const QString& localName, const QString& qName) override;
 
-    // --- The device: each driver's own --------------------------------------------------------------------------
+    // --- in the drivers: the device ------------------------------------------------------------------------------
 
     /// Characters on a line of the device; the paper width where the settings give none.
     virtual int getPaperWidth() = 0;

@@ -23,9 +23,9 @@ enum class NamespaceDeclarations { Drop, Keep };
 /// Where things stand is found out for @p places, when there are any; they cost time.
 ///
 /// Four things are errors here that the reader by itself answers with a stack overflow, or with hours and
-/// gigabytes: elements nested more than 1,000 deep; a document type declaration longer than about 16,000 bytes; in
+/// gigabytes: elements nested more than 1,000 deep; a document type declaration longer than about 17,000 bytes; in
 /// it an entity that stands for more than 1,000 characters, or that refers to one not declared before it; and more
-/// than 10,000 "&" in a document that declares entities.
+/// than about 10,000 "&" in a document that declares entities. What is "about" acts on pieces of 1,024 bytes.
 bool readXml(QIODevice& device, QXmlDefaultHandler& handler,
              NamespaceDeclarations declarations = NamespaceDeclarations::Drop, XmlPlaces* places = nullptr);
 

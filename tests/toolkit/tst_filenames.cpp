@@ -63,7 +63,7 @@ void TestFileNames::paths_data()
     const auto row = [](const char* name, const char* locale, const QByteArrayList& names, const QStringList& paths) {
         QTest::newRow(name) << locale << names << paths;
     };
-    row("UTF-8 in a UTF-8 locale", "C.UTF-8", {utf8, "/tmp/a b"}, {"caffè", "/tmp/a b"});
+    row("UTF-8 in a UTF-8 locale", "C.UTF-8", {utf8, "/till/a b"}, {"caffè", "/till/a b"});
     row("UTF-8 in the C locale", "C", {utf8}, {"caffè"});
     row("one that is no UTF-8, the first: every byte is a character", "C.UTF-8", {latin, utf8}, {"caffè", "caffÃ¨"});
     row("one that is no UTF-8, the last: every byte is a character", "C.UTF-8", {utf8, latin}, {"caffÃ¨", "caffè"});
