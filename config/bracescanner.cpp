@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <string_view>
 #include <utility>
 
 namespace libconfig {
@@ -21,8 +22,18 @@ bool isBlank(char byte)
     return byte == ' ' || (byte >= '\t' && byte <= '\r');
 }
 
+/// @p bytes without the white space of ASCII around them.
+std::string_view withoutBlanks(std::string_view bytes)
+{
+    while (!bytes.empty() && isBlank(bytes.back()))
+        bytes.remove_suffix(1);
+    while (!bytes.empty() && isBlank(bytes.front()))
+        bytes.remove_prefix(1);
+    return bytes;
+}
+
 /// @p bytes as text. UTF-8 where they are that: @p isUtf8 says so.
-QString decoded(const std::string& bytes, bool& isUtf8)
+QString decoded(std::string_view bytes, bool& isUtf8)
 {
     const int size = static_cast<int>(std::min<std::size_t>(bytes.size(), std::numeric_limits<int>::max()));
     isUtf8 = false;
@@ -48,16 +59,19 @@ int leadingCharacters(const QString& text)
 QString ScannedText::text() const
 {
     bool isUtf8 = false;
-    const QString whole = decoded(bytes, isUtf8);
-    return whole.mid(leadingCharacters(whole)).trimmed();
+    QString whole = decoded(withoutBlanks(bytes), isUtf8);
+    const int leading = leadingCharacters(whole);
+    return leading == 0 ? std::move(whole).trimmed() : whole.mid(leading).trimmed();
 }
 
 qint64 ScannedText::textOffset() const
 {
+    const std::string_view inner = withoutBlanks(bytes);
+    const qint64 begin = offset + (inner.empty() ? static_cast<qint64>(bytes.size()) : inner.data() - bytes.data());
     bool isUtf8 = false;
-    const QString whole = decoded(bytes, isUtf8);
+    const QString whole = decoded(inner, isUtf8);
     const int leading = leadingCharacters(whole);
-    return offset + (isUtf8 ? whole.left(leading).toUtf8().size() : leading);
+    return begin + (isUtf8 ? whole.left(leading).toUtf8().size() : leading);
 }
 
 BraceScanner::BraceScanner(std::FILE* input)
@@ -84,18 +98,18 @@ ScanEvent BraceScanner::next()
 /// Reads as far as the next thing that is worth an event.
 void BraceScanner::scan()
 {
-    ScannedText text = readUpTo(":=}");
+    ScannedText text = readUpTo(':', '=', '}');
     switch (stop) {
     case ':':
         beginGroup(std::move(text));
         break;
     case '=':
-        pending.push_back({ScanEvent::Kind::Setting, std::move(text), readUpTo(";")});
+        pending.push_back({ScanEvent::Kind::Setting, std::move(text), readUpTo(';')});
         break;
     case '}':
         addSkipped(std::move(text), ScanEvent::Reason::BeforeEnd);
         pending.push_back({ScanEvent::Kind::GroupEnds, {{}, offset - 1}});
-        addSkipped(readUpTo(";"), ScanEvent::Reason::AfterBrace);
+        addSkipped(readUpTo(';'), ScanEvent::Reason::AfterBrace);
         depth = std::max(0, depth - 1);
         break;
     default:
@@ -107,7 +121,7 @@ void BraceScanner::scan()
 void BraceScanner::beginGroup(ScannedText name)
 {
     pending.push_back({ScanEvent::Kind::GroupBegins, std::move(name)});
-    addSkipped(readUpTo("{"), ScanEvent::Reason::BeforeBrace);
+    addSkipped(readUpTo('{'), ScanEvent::Reason::BeforeBrace);
     if (++depth > greatestGroupDepth)
         addSkipped(rest(), ScanEvent::Reason::TooDeep);
 }
@@ -120,26 +134,26 @@ void BraceScanner::addSkipped(ScannedText text, ScanEvent::Reason reason)
 
 bool BraceScanner::skipTo(char target)
 {
-    readUpTo(std::string_view(&target, 1));
+    readUpTo(static_cast<unsigned char>(target));
     return stop != EOF;
 }
 
 ScannedText BraceScanner::rest()
 {
-    return readUpTo({});
+    return readUpTo(EOF);
 }
 
-ScannedText BraceScanner::readUpTo(std::string_view stops)
+ScannedText BraceScanner::readUpTo(int first, int second, int third)
 {
     ScannedText text;
     text.offset = offset;
-    // Not locked for each byte: one thread reads a file.
-    for (stop = getc_unlocked(input.get()); stop != EOF; stop = getc_unlocked(input.get())) {
-        ++offset;
-        if (std::find(stops.begin(), stops.end(), static_cast<char>(stop)) != stops.end())
-            break;
-        text.bytes += static_cast<char>(stop);
-    }
+    // Not locked for each byte: one thread reads a file. All settings of all documents pass here at each receipt.
+    std::FILE* const file = input.get();
+    int byte = getc_unlocked(file);
+    for (; byte != EOF && byte != first && byte != second && byte != third; byte = getc_unlocked(file))
+        text.bytes += static_cast<char>(byte);
+    stop = byte;
+    offset += static_cast<qint64>(text.bytes.size()) + (stop == EOF ? 0 : 1);
     return text;
 }
 

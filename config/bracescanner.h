@@ -8,7 +8,6 @@
 #include <deque>
 #include <memory>
 #include <string>
-#include <string_view>
 
 namespace libconfig {
 
@@ -83,7 +82,8 @@ private:
     void scan();
     void beginGroup(ScannedText name);
     void addSkipped(ScannedText text, ScanEvent::Reason reason);
-    ScannedText readUpTo(std::string_view stops);
+    /// Up to and including one of these bytes, which is noted and no part of the text, or up to the end of the input.
+    ScannedText readUpTo(int first, int second = EOF, int third = EOF);
 
     std::unique_ptr<std::FILE, FileCloser> input;
     qint64 offset = 0; ///< of the next byte
