@@ -16,7 +16,7 @@ namespace settings {
 /// the group may no more than others may, since it is another group. Where there is no file at @p path any more, the
 /// user alone may read and write it.
 ///
-/// The bytes are the caller's: those it judged, not what may have come to the disk since.
+/// The file itself is not read: the backup is as old as the caller's bytes.
 QString keepBackup(const QString& path, const QByteArray& bytes);
 
 } // namespace settings

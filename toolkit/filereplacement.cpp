@@ -107,17 +107,19 @@ bool isNameOf(const QByteArray& name, const struct stat& file)
 }
 
 /// What root writes for another user stays that user's. Others may not give files away, but keep a group of theirs.
-void keepOwner(int file, const struct stat& old)
+/// False when the group is another one.
+bool keepOwner(int file, const struct stat& old)
 {
     const uid_t unchanged = static_cast<uid_t>(-1);
-    if (fchown(file, old.st_uid, old.st_gid) != 0 && fchown(file, unchanged, old.st_gid) != 0)
-        return; // then the permissions are for the new owner
+    return fchown(file, old.st_uid, old.st_gid) == 0 || fchown(file, unchanged, old.st_gid) == 0;
 }
 
+/// Another group may no more than others may: what the file holds was not meant for it.
 int keepAttributes(int file, const struct stat& old)
 {
-    keepOwner(file, old);
-    return outcome(fchmod(file, old.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO)) == 0);
+    const mode_t forOthers = old.st_mode & S_IRWXO;
+    const mode_t forGroup = keepOwner(file, old) ? old.st_mode & S_IRWXG : forOthers << 3;
+    return outcome(fchmod(file, (old.st_mode & S_IRWXU) | forGroup | forOthers) == 0);
 }
 
 int writeAndSync(int file, const QByteArray& bytes)
@@ -132,12 +134,16 @@ int writeDirectly(const QByteArray& name, const QByteArray& bytes)
     return file.error == 0 ? writeAndSync(file.number, bytes) : file.error;
 }
 
-/// @p old is null when there is none; else nobody can open the new file before it has the permissions of that.
-int putNewFileInPlace(const QByteArray& name, const QByteArray& bytes, const struct stat* old)
+const mode_t forTheUserAlone = S_IRUSR | S_IWUSR;
+const mode_t asTheUmaskLeavesIt = 0666;
+
+/// The new file is made with @p mode. It gets the owner and the permissions of @p old, unless that is null, before
+/// anything is written to it.
+int putNewFileInPlace(const QByteArray& name, const QByteArray& bytes, mode_t mode, const struct stat* old = nullptr)
 {
     const quint64 number = QRandomGenerator::system()->generate64();
     const QByteArray newName = folderOf(name) + ".zelmora-" + QByteArray::number(number, 36);
-    const Descriptor file(openFile(newName, O_WRONLY | O_CREAT | O_EXCL, old ? 0600 : 0666));
+    const Descriptor file(openFile(newName, O_WRONLY | O_CREAT | O_EXCL, mode));
     if (file.error != 0)
         return file.error;
     int error = old ? keepAttributes(file.number, *old) : 0;
@@ -250,7 +256,7 @@ QString replaceExistingFile(const QByteArray& name, const QByteArray& bytes)
     if (file.error != 0 || fstat(file.number, &old) != 0)
         return reason(file.error != 0 ? file.error : errno);
     const QByteArray target = withoutLinks(name);
-    const int error = isNameOf(target, old) ? putNewFileInPlace(target, bytes, &old) : EPERM;
+    const int error = isNameOf(target, old) ? putNewFileInPlace(target, bytes, forTheUserAlone, &old) : EPERM;
     return isRefusal(error) ? overwriteFile(file.number, bytes, old.st_size) : reason(error);
 }
 
@@ -265,10 +271,24 @@ QString replaceFile(const QString& name, const QByteArray& bytes)
     struct stat found;
     const int error = outcome(stat(file.constData(), &found) == 0);
     if (error == ENOENT && !file.isEmpty())
-        return reason(putNewFileInPlace(withoutLinks(file), bytes, nullptr));
+        return reason(putNewFileInPlace(withoutLinks(file), bytes, asTheUmaskLeavesIt));
     if (error != 0)
         return reason(error);
     return S_ISREG(found.st_mode) ? replaceExistingFile(file, bytes) : reason(writeDirectly(file, bytes));
+}
+
+QString replaceFileBeside(const QString& name, const QString& suffix, const QByteArray& bytes)
+{
+    const WriteSignalsBlocked writeSignalsBlocked;
+    const QByteArray original = withoutLinks(QFile::encodeName(name));
+    const QByteArray file = original + QFile::encodeName(suffix);
+    if (file.contains('\0'))
+        return reason(EINVAL);
+    struct stat found;
+    const int error = outcome(stat(original.constData(), &found) == 0);
+    if (error != 0 && error != ENOENT)
+        return reason(error);
+    return reason(putNewFileInPlace(file, bytes, forTheUserAlone, error == 0 ? &found : nullptr));
 }
 
 } // namespace toolkit

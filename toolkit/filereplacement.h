@@ -15,7 +15,8 @@ namespace toolkit {
 /// - An **existing file** stays whole until a new one, complete and synced, takes its place in one step: after a
 ///   failure the name stands for the old file; after a crash, even one shortly after success, for the old or the new
 ///   one. The new one gets the permissions of the old one (read, write, execute) and, as far as the user may give them,
-///   its owner and group. It has no access control list, and further hard links keep the old contents.
+///   its owner and group; where the group cannot be kept, the group may no more than others may, since it is another
+///   group. It has no access control list, and further hard links keep the old contents.
 /// - **Links** are followed and stay; one to a missing file makes that.
 /// - A **device or a pipe** is written as it is. What was written before a failure has gone out.
 /// - An **existing file that no new one can replace** is overwritten as it is, and stays what it is in all but its
@@ -33,6 +34,16 @@ namespace toolkit {
 /// A new file has a name of its own beside the old one until it takes its place (".zelmora-" and a random number):
 /// after a crash it can be left behind.
 QString replaceFile(const QString& name, const QByteArray& bytes);
+
+/// Makes @p bytes the contents of the file whose name is @p name with @p suffix at its end, synced to the disk: beside
+/// the file @p name, or beside the one that it leads to when it is a link. Null when that succeeded, else the system's
+/// reason. No signal comes of it.
+///
+/// It is always a new file, made as replaceFile() makes it, with owner, group and permissions of the file @p name;
+/// where there is no such file, the user alone may read and write it. What has its name stays whole until the new one
+/// takes its place in one step, and stays when there is a failure. Of a link there, the link goes and what it leads to
+/// stays.
+QString replaceFileBeside(const QString& name, const QString& suffix, const QByteArray& bytes);
 
 } // namespace toolkit
 

@@ -218,6 +218,8 @@ private slots:
     void neverOpenToOthersMeanwhile();
     void ownerStays();
     void groupStays();
+    void aGroupThatCannotBeKeptGivesNothingAway_data();
+    void aGroupThatCannotBeKeptGivesNothingAway();
     void longName_data();
     void longName();
     void link_data();
@@ -390,6 +392,38 @@ void TestFileReplacement::groupStays()
     QCOMPARE(result.after.st_gid, group);
     QCOMPARE(permissionsOf(path("file")), mode_t(0660));
     QCOMPARE(result.contents, QByteArray("new"));
+}
+
+void TestFileReplacement::aGroupThatCannotBeKeptGivesNothingAway_data()
+{
+    QTest::addColumn<int>("old"); // to be written by others, who are the one who writes
+    QTest::addColumn<int>("expected");
+
+    QTest::newRow("the group could read and write, others only write") << 0662 << 0622;
+    QTest::newRow("the group could do all, others read and write") << 0776 << 0766;
+    QTest::newRow("the group could do nothing, others read and write") << 0606 << 0666;
+}
+
+// The settings hold a password.
+void TestFileReplacement::aGroupThatCannotBeKeptGivesNothingAway()
+{
+    QFETCH(int, old);
+    QFETCH(int, expected);
+    if (geteuid() != 0)
+        QSKIP("Only root can make a file of another group.");
+    writeBytes(path("file"), "old");
+    QCOMPARE(chown(QFile::encodeName(path("file")), 1111, 2222), 0);
+    setPermissions(path("file"), static_cast<mode_t>(old));
+    QString reason;
+    {
+        const OrdinaryUser someone;
+        reason = replaceFile(path("file"), "new");
+    }
+    QCOMPARE(reason, QString());
+    QCOMPARE(statusOf(path("file")).st_uid, uid_t(OrdinaryUser::user));
+    QVERIFY(statusOf(path("file")).st_gid != gid_t(2222));
+    QCOMPARE(permissionsOf(path("file")), static_cast<mode_t>(expected));
+    QCOMPARE(fileContents(path("file")), QByteArray("new"));
 }
 
 void TestFileReplacement::longName_data()
