@@ -8,13 +8,18 @@
 #include <QFileInfo>
 #include <QObject>
 #include <QRegularExpression>
-#include <QSet>
+
+#include <map>
+#include <utility>
 
 using toolkit::operator""_L1;
 
 namespace settings {
 
 namespace {
+
+const int longestName = 100;
+const int longestKey = 1000;
 
 QString formatOf(const QString& path)
 {
@@ -42,7 +47,35 @@ bool isXmlValue(const QString& value)
     return !value.contains(markup);
 }
 
+QString shortened(const QString& name)
+{
+    return name.size() <= longestName ? name : name.left(longestName) + "..."_L1;
+}
+
 } // namespace
+
+/// Groups of the same name in the same group have the same number, in whichever tree they are. A joined key would say
+/// the same, but a group's name would take its memory again with each setting.
+class SettingsFile::GroupNumbers {
+public:
+    /// Of each of @p groups, in their order.
+    QVector<int> of(const QVector<Group>& groups)
+    {
+        QVector<int> found;
+        for (const Group& group : groups)
+            found += group.parent < 0 ? 0 : numberOf(found.at(group.parent), group.element.tagName());
+        return found;
+    }
+
+private:
+    int numberOf(int parent, const QString& name)
+    {
+        const auto next = static_cast<int>(numbers.size()) + 1;
+        return numbers.emplace(std::make_pair(parent, name), next).first->second;
+    }
+
+    std::map<std::pair<int, QString>, int> numbers;
+};
 
 QString SettingsFile::load(const QString& path)
 {
@@ -75,15 +108,41 @@ SettingsFile::Trial SettingsFile::tryWriting(const QString& path) const
 
     SettingsFile readBack;
     readBack.readBytes(bytes, path, formatOf(path));
-    const QStringList kept = readBack.writtenSettings();
-    const QSet<QString> keptSettings(kept.begin(), kept.end());
-    for (const QString& setting : writtenSettings()) {
-        if (!keptSettings.contains(setting))
-            trial.changed += setting;
-    }
+    trial.changed = settingsMissingIn(readBack);
     if (formatOf(path) == "xml"_L1 && readBack.rootElement().isNull())
         trial.notXml = brokenXml();
     return trial;
+}
+
+/// The settings that @p other has not, or has with another value.
+QStringList SettingsFile::settingsMissingIn(const SettingsFile& other) const
+{
+    GroupNumbers numbers;
+    const std::set<Setting> found = other.writtenSettings(numbers);
+    const QVector<Group> groups = writtenGroups();
+    const QVector<int> groupNumbers = numbers.of(groups);
+    QStringList texts;
+    for (int place = 0; place < groups.size(); ++place) {
+        const QDomElement& element = groups.at(place).element;
+        for (const QString& name : settingNames(element)) {
+            if (found.count({groupNumbers.at(place), name, element.attribute(name)}) == 0)
+                texts += asText(groups, place, name);
+        }
+    }
+    return texts;
+}
+
+std::set<SettingsFile::Setting> SettingsFile::writtenSettings(GroupNumbers& numbers) const
+{
+    const QVector<Group> groups = writtenGroups();
+    const QVector<int> groupNumbers = numbers.of(groups);
+    std::set<Setting> settings;
+    for (int place = 0; place < groups.size(); ++place) {
+        const QDomElement& element = groups.at(place).element;
+        for (const QString& name : settingNames(element))
+            settings.emplace(groupNumbers.at(place), name, element.attribute(name));
+    }
+    return settings;
 }
 
 /// The settings and the names of groups that are no XML, each by itself; those of the root element are never written
@@ -91,13 +150,15 @@ SettingsFile::Trial SettingsFile::tryWriting(const QString& path) const
 QStringList SettingsFile::brokenXml() const
 {
     const QVector<Group> groups = writtenGroups();
-    QStringList texts = settingsOf(groups.first());
-    for (const Group& group : groups.mid(1)) {
-        if (!isXmlName(group.element.tagName()))
-            texts += group.element.tagName();
-        for (const QString& name : settingNames(group.element)) {
-            if (!isXmlName(name) || !isXmlValue(group.element.attribute(name)))
-                texts += asText(group, name);
+    QStringList texts;
+    for (int group = 0; group < groups.size(); ++group) {
+        const QDomElement& element = groups.at(group).element;
+        const bool isRoot = group == 0;
+        if (!isRoot && !isXmlName(element.tagName()))
+            texts += shortened(element.tagName());
+        for (const QString& name : settingNames(element)) {
+            if (isRoot || !isXmlName(name) || !isXmlValue(element.attribute(name)))
+                texts += asText(groups, group, name);
         }
     }
     return texts;
@@ -106,41 +167,38 @@ QStringList SettingsFile::brokenXml() const
 /// The root element, its first group and all groups in that, each before the groups in it.
 QVector<SettingsFile::Group> SettingsFile::writtenGroups() const
 {
-    QVector<Group> groups {{rootElement(), QString()}};
-    addGroups(rootElement().firstChildElement(), QString(), groups);
+    QVector<Group> groups {{rootElement(), -1}};
+    addGroups(rootElement().firstChildElement(), 0, groups);
     return groups;
 }
 
 /// @p group and all groups in it.
-void SettingsFile::addGroups(const QDomElement& group, const QString& parentKey, QVector<Group>& groups)
+void SettingsFile::addGroups(const QDomElement& group, int parent, QVector<Group>& groups)
 {
     if (group.isNull())
         return;
-    const QString key = parentKey + group.tagName() + "."_L1;
-    groups += Group {group, key};
+    const int place = groups.size();
+    groups += Group {group, parent};
     for (QDomElement child = group.firstChildElement(); !child.isNull(); child = child.nextSiblingElement())
-        addGroups(child, key, groups);
+        addGroups(child, place, groups);
 }
 
-QString SettingsFile::asText(const Group& group, const QString& name)
+/// What the keys of the settings of the group at @p place begin with.
+QString SettingsFile::keyOf(const QVector<Group>& groups, int place)
 {
-    return group.key + name + " = "_L1 + group.element.attribute(name);
+    QString key;
+    for (; groups.at(place).parent >= 0; place = groups.at(place).parent) {
+        key.prepend(shortened(groups.at(place).element.tagName()) + "."_L1);
+        if (key.size() > longestKey)
+            return "..."_L1 + key.right(longestKey);
+    }
+    return key;
 }
 
-QStringList SettingsFile::settingsOf(const Group& group) const
+/// The setting @p name of the group at @p place.
+QString SettingsFile::asText(const QVector<Group>& groups, int place, const QString& name)
 {
-    QStringList settings;
-    for (const QString& name : settingNames(group.element))
-        settings += asText(group, name);
-    return settings;
-}
-
-QStringList SettingsFile::writtenSettings() const
-{
-    QStringList settings;
-    for (const Group& group : writtenGroups())
-        settings += settingsOf(group);
-    return settings;
+    return keyOf(groups, place) + shortened(name) + " = "_L1 + groups.at(place).element.attribute(name);
 }
 
 bool SettingsFile::looksLikeSettings() const

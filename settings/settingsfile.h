@@ -6,12 +6,16 @@
 
 #include <QVector>
 
+#include <set>
+#include <tuple>
+
 namespace settings {
 
 /// A settings file that is changed and saved without a loss that nobody heard of: it says beforehand what the format,
 /// or the writer, would lose.
 ///
-/// Where a list holds settings, each is a text "key = value".
+/// Where a list holds settings, each is a text "key = value". Of a name longer than 100 characters these and "..."
+/// stand there; of a key that is longer than 1000, the groups at its end, after "...".
 class SettingsFile : public libconfig::Config {
 public:
     /// Reads the file @p path: XML where its name ends in ".xml", the brace format otherwise. Empty when that
@@ -52,14 +56,17 @@ public:
 private:
     struct Group {
         QDomElement element;
-        QString key; ///< what the keys of its settings begin with
+        int parent; ///< where the group around is in the same list; -1 when there is none
     };
+    using Setting = std::tuple<int, QString, QString>; ///< the group's number, name, value
+    class GroupNumbers;
 
-    static void addGroups(const QDomElement& group, const QString& parentKey, QVector<Group>& groups);
+    static void addGroups(const QDomElement& group, int parent, QVector<Group>& groups);
     QVector<Group> writtenGroups() const;
-    static QString asText(const Group& group, const QString& name);
-    QStringList settingsOf(const Group& group) const;
-    QStringList writtenSettings() const;
+    std::set<Setting> writtenSettings(GroupNumbers& numbers) const;
+    QStringList settingsMissingIn(const SettingsFile& other) const;
+    static QString keyOf(const QVector<Group>& groups, int place);
+    static QString asText(const QVector<Group>& groups, int place, const QString& name);
     QStringList brokenXml() const;
 
     QString filePath;

@@ -1,6 +1,7 @@
 #include "settings/settingsfile.h"
 
 #include "support/files.h"
+#include "support/processstate.h"
 
 #include <QDomElement>
 #include <QTemporaryDir>
@@ -28,6 +29,8 @@ private slots:
     void trial_data();
     void trial();
     void trialTouchesNoFile();
+    void trialTakesLittleMemory_data();
+    void trialTakesLittleMemory();
 
     void saves_data();
     void saves();
@@ -44,6 +47,24 @@ namespace {
 
 const QByteArray braces = "zelmora: \n{\n    lang = \"it\";\n};\n\n";
 const QByteArray xml = "\n<zelmora\n    lang = \"it\">\n</zelmora>\n";
+
+/// @p settings in the groups of @p key, each of which has a dot behind it.
+QByteArray nested(const QByteArray& key, QByteArray settings)
+{
+    const QList<QByteArray> names = key.split('.');
+    for (int i = names.size() - 2; i >= 0; --i)
+        settings = names.at(i) + ": { " + settings + " };";
+    return settings;
+}
+
+/// "a0 = value; a1 = value; ..."
+QByteArray manySettings(int count, const QByteArray& value)
+{
+    QByteArray settings;
+    for (int i = 0; i < count; ++i)
+        settings += 'a' + QByteArray::number(i) + " = " + value + "; ";
+    return settings;
+}
 
 } // namespace
 
@@ -146,7 +167,10 @@ void TestSettingsFile::trial_data()
     const auto row = [](const char* name, const QByteArray& bytes, const char* savedAs, const QStringList& changed,
                         const QStringList& notXml) { QTest::newRow(name) << bytes << savedAs << changed << notXml; };
 
+    const QByteArray name100(100, 'n');
     row("nothing changes", "lang = it; zelmora: { a = 1; doc: { b = \"c:d=e{f}\"; }; };", "a.conf", {}, {});
+    row("groups of the same name, one in another", "zelmora: { a: { a: { b = 1; }; b = 2; }; a: { b = 3; }; };",
+        "a.conf", {}, {});
     row("nothing changes in XML", "zelmora: { a = 1; doc: { b = \"c:d=e{f}'\"; }; };", "a.xml", {}, {});
     row("what is left out anyway does not change", "zelmora: { a = 1; }; other: { b = 2; };", "a.conf", {}, {});
     row("XML values with signs of the brace format", "<zelmora a='1;2' b='say \"x\"' c='3'/>", "a.conf",
@@ -162,6 +186,23 @@ void TestSettingsFile::trial_data()
     row("a setting outside every group", "lang = it; zelmora: { b = 1; };", "a.xml", {"lang = it", "zelmora.b = 1"},
         {"lang = it"});
     row("a reference in a value", "zelmora: { a = &amp; };", "a.xml", {"zelmora.a = &amp"}, {"zelmora.a = &amp"});
+    row("a lost setting that stands in another group of the same name too",
+        "<zelmora><b><a p='1'/></b><a k='\";};' p='1'/></zelmora>", "a.conf",
+        {"zelmora.a.k = \";};", "zelmora.a.p = 1"}, {});
+    row("names of 100 characters", "zelmora: { " + name100 + ": { " + name100 + " = <; }; };", "a.xml",
+        {"zelmora." + name100 + "." + name100 + " = <"}, {"zelmora." + name100 + "." + name100 + " = <"});
+    row("names of 101 characters", "zelmora: { " + name100 + "n: { " + name100 + "n = <; }; };", "a.xml",
+        {"zelmora." + name100 + "...." + name100 + "... = <"}, {"zelmora." + name100 + "...." + name100 + "... = <"});
+    row("a group's name of 101 characters that is no XML", "zelmora: { 1" + name100 + ": { a = 1; }; };", "a.xml",
+        {"zelmora.1" + name100.left(99) + "....a = 1"}, {"1" + name100.left(99) + "..."});
+    const QByteArray name99(99, 'm');
+    const QByteArray key908 = "zelmora." + (name99 + '.').repeated(9);
+    const QByteArray key1000 = key908 + QByteArray(91, 'k') + '.';
+    const QByteArray key1001 = key908 + QByteArray(92, 'k') + '.';
+    row("a key of 1000 characters before the setting's name", nested(key1000, "a = <;"), "a.xml", {key1000 + "a = <"},
+        {key1000 + "a = <"});
+    row("a key of 1001 characters before the setting's name", nested(key1001, "a = <;"), "a.xml",
+        {"..." + key1001.mid(1) + "a = <"}, {"..." + key1001.mid(1) + "a = <"});
 }
 
 void TestSettingsFile::trial()
@@ -190,6 +231,45 @@ void TestSettingsFile::trialTouchesNoFile()
     file.tryWriting(path("other.conf"));
     QCOMPARE(filesIn(folder->path()), QStringList("zelmora.conf"));
     QCOMPARE(fileContents(path("zelmora.conf")), QByteArray("zelmora: { a = 1; }; other: { b = 2; };"));
+}
+
+void TestSettingsFile::trialTakesLittleMemory_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("savedAs");
+    QTest::addColumn<int>("changed");
+
+    const QByteArray longKey = "zelmora." + QByteArray(20000, 'n') + '.';
+    const QByteArray deepKey = "zelmora." + (QByteArray(100, 'n') + '.').repeated(998);
+    QTest::newRow("a long group name over many settings") << nested(longKey, manySettings(10000, "1")) << "a.conf" << 0;
+    QTest::newRow("a long group name over many settings that change")
+        << nested(longKey, manySettings(10000, "<")) << "a.xml" << 10000;
+    QTest::newRow("long names nested deeply over many settings")
+        << nested(deepKey, manySettings(5000, "1")) << "a.conf" << 0;
+    QTest::newRow("long names nested deeply over many settings that change")
+        << nested(deepKey, manySettings(5000, "<")) << "a.xml" << 5000;
+}
+
+// A name stands once in the file, however many settings are below it.
+void TestSettingsFile::trialTakesLittleMemory()
+{
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    QSKIP("The sanitizer takes memory of its own.");
+#endif
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, savedAs);
+    QFETCH(int, changed);
+    writeBytes(path("file.conf"), bytes);
+    SettingsFile file;
+    QCOMPARE(file.load(path("file.conf")), QString());
+    SettingsFile::Trial trial;
+    {
+        const MemoryLimit limit(100000000);
+        trial = file.tryWriting(path(savedAs));
+    }
+    QCOMPARE(trial.reason, QString());
+    QCOMPARE(trial.changed.size(), changed);
+    QCOMPARE(trial.notXml.size(), changed);
 }
 
 void TestSettingsFile::saves_data()
