@@ -319,7 +319,7 @@ bool SettingsWindow::saveTo(const QString& path)
     const SettingsFile::Trial trial = file.tryWriting(path);
     if (!mayBeWritten(path, trial))
         return false;
-    const QString reason = trial.reason.isEmpty() ? file.save(path) : trial.reason;
+    const QString reason = file.save(path, trial);
     if (!reason.isEmpty()) {
         Message(
             this, QStyle::SP_MessageBoxCritical,

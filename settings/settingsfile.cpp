@@ -2,6 +2,7 @@
 
 #include "settings/backup.h"
 #include "settings/likeness.h"
+#include "toolkit/filereplacement.h"
 #include "toolkit/literals.h"
 
 #include <QFile>
@@ -101,13 +102,12 @@ QString SettingsFile::load(const QString& path)
 SettingsFile::Trial SettingsFile::tryWriting(const QString& path) const
 {
     Trial trial;
-    QByteArray bytes;
-    trial.reason = writeBytes(bytes, formatOf(path));
+    trial.reason = writeBytes(trial.bytes, formatOf(path));
     if (!trial.reason.isEmpty())
         return trial;
 
     SettingsFile readBack;
-    readBack.readBytes(bytes, path, formatOf(path));
+    readBack.readBytes(trial.bytes, path, formatOf(path));
     trial.changed = settingsMissingIn(readBack);
     if (formatOf(path) == "xml"_L1 && readBack.rootElement().isNull())
         trial.notXml = brokenXml();
@@ -222,11 +222,11 @@ QString SettingsFile::keepBackup(const QString& path)
     return file.error() == QFileDevice::NoError ? settings::keepBackup(path, bytes) : file.errorString();
 }
 
-QString SettingsFile::save(const QString& path)
+QString SettingsFile::save(const QString& path, const Trial& trial)
 {
-    const QString reason = writeFile(path, formatOf(path));
+    const QString reason = trial.reason.isEmpty() ? toolkit::replaceFile(path, trial.bytes) : trial.reason;
     if (reason.isEmpty() && path == filePath)
-        contents = contentsOf(path);
+        contents = trial.bytes;
     return reason;
 }
 

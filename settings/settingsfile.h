@@ -34,6 +34,7 @@ public:
     using Config::rebuildTree;
 
     struct Trial {
+        QByteArray bytes; ///< what would be written
         QString reason; ///< why nothing would be written; empty when it would
         QStringList changed; ///< the settings that read back otherwise, or not at all
         QStringList notXml; ///< what keeps the whole file from being read: settings, and names of groups
@@ -49,9 +50,10 @@ public:
     /// when that succeeded, else the system's reason.
     static QString keepBackup(const QString& path);
 
-    /// Writes the tree to the file @p path, another one than path() too. Empty when that succeeded; else the system's
-    /// reason, and no file has changed.
-    QString save(const QString& path);
+    /// Writes what @p trial holds, which tryWriting() of @p path gave, to the file @p path, another one than path()
+    /// too. Empty when that succeeded; else the reason: that of the trial, or one of toolkit::replaceFile(), which says
+    /// what becomes of the file then.
+    QString save(const QString& path, const Trial& trial);
 
 private:
     struct Group {

@@ -1,12 +1,14 @@
 #include "settings/settingsfile.h"
 
 #include "support/files.h"
+#include "support/interceptedcall.h"
 #include "support/processstate.h"
 
 #include <QDomElement>
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <cstdio>
 #include <sys/stat.h>
 
 using settings::SettingsFile;
@@ -35,7 +37,10 @@ private slots:
     void saves_data();
     void saves();
     void savesUnderAnotherName();
+    void savesWhatWasTried();
+    void savesNothingAfterAFailedTrial();
     void changedOnDisk();
+    void changedWhileItIsSaved();
 
 private:
     QString path(const QString& name) const { return folder->filePath(name); }
@@ -290,7 +295,7 @@ void TestSettingsFile::saves()
     writeBytes(path(name), bytes);
     SettingsFile file;
     file.load(path(name));
-    QCOMPARE(file.save(path(name)), QString());
+    QCOMPARE(file.save(path(name), file.tryWriting(path(name))), QString());
     QCOMPARE(fileContents(path(name)), saved);
     QVERIFY(!file.changedOnDisk());
 }
@@ -300,10 +305,37 @@ void TestSettingsFile::savesUnderAnotherName()
     writeBytes(path("zelmora.conf"), braces);
     SettingsFile file;
     file.load(path("zelmora.conf"));
-    QCOMPARE(file.save(path("zelmora.xml")), QString());
+    const SettingsFile::Trial trial = file.tryWriting(path("zelmora.xml"));
+    QCOMPARE(file.save(path("zelmora.xml"), trial), QString());
     QCOMPARE(fileContents(path("zelmora.xml")), xml);
     QCOMPARE(file.path(), path("zelmora.conf"));
-    QCOMPARE(file.save(path("no such folder/zelmora.conf")), QString("No such file or directory"));
+    QCOMPARE(file.save(path("no such folder/zelmora.conf"), trial), QString("No such file or directory"));
+}
+
+void TestSettingsFile::savesWhatWasTried()
+{
+    writeBytes(path("zelmora.conf"), braces);
+    writeBytes(path("other.conf"), "zelmora: { lang = en; };");
+    SettingsFile file;
+    file.load(path("zelmora.conf"));
+    const SettingsFile::Trial trial = file.tryWriting(path("zelmora.conf"));
+    QCOMPARE(trial.bytes, braces);
+    QCOMPARE(fileContents(path("zelmora.conf")), braces);
+    file.load(path("other.conf"));
+    QCOMPARE(file.save(path("zelmora.conf"), trial), QString());
+    QCOMPARE(fileContents(path("zelmora.conf")), braces);
+}
+
+void TestSettingsFile::savesNothingAfterAFailedTrial()
+{
+    writeBytes(path("zelmora.conf"), braces);
+    SettingsFile file;
+    file.load(path("zelmora.conf"));
+    SettingsFile::Trial trial;
+    trial.reason = "too large";
+    QCOMPARE(file.save(path("zelmora.conf"), trial), QString("too large"));
+    QCOMPARE(fileContents(path("zelmora.conf")), braces);
+    QVERIFY(!file.changedOnDisk());
 }
 
 void TestSettingsFile::changedOnDisk()
@@ -317,6 +349,23 @@ void TestSettingsFile::changedOnDisk()
     writeBytes(path("zelmora.conf"), braces);
     QVERIFY(!file.changedOnDisk());
     QVERIFY(QFile::remove(path("zelmora.conf")));
+    QVERIFY(file.changedOnDisk());
+}
+
+// Another program writes the file as soon as the new one is in its place.
+void TestSettingsFile::changedWhileItIsSaved()
+{
+    writeBytes(path("zelmora.conf"), braces);
+    SettingsFile file;
+    file.load(path("zelmora.conf"));
+    const SettingsFile::Trial trial = file.tryWriting(path("zelmora.conf"));
+    const InterceptedCall another("rename", [&] {
+        std::rename(QFile::encodeName(path("theirs")), QFile::encodeName(path("zelmora.conf")));
+        return InterceptedCall::nothing;
+    });
+    writeBytes(path("theirs"), braces + " ");
+    QCOMPARE(file.save(path("zelmora.conf"), trial), QString());
+    QCOMPARE(fileContents(path("zelmora.conf")), braces + " ");
     QVERIFY(file.changedOnDisk());
 }
 
