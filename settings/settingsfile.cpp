@@ -27,10 +27,23 @@ QString formatOf(const QString& path)
     return path.endsWith(".xml"_L1, Qt::CaseInsensitive) ? QStringLiteral("xml") : QStringLiteral("cfg");
 }
 
+/// Something else has the name: a pipe would never end, or end once, or wait for its reader.
+bool isNoFile(const QString& path)
+{
+    const QFileInfo found(path);
+    return found.exists() && !found.isFile();
+}
+
+QString noFileReason()
+{
+    return QObject::tr("it is not a file");
+}
+
+/// Nothing when there is no such file.
 QByteArray contentsOf(const QString& path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return !isNoFile(path) && file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 /// Of a name that comes out of the settings: begins with a letter, "_" or ":". XML 1.0 allows a few signs more.
@@ -80,9 +93,9 @@ private:
 
 QString SettingsFile::load(const QString& path)
 {
+    if (isNoFile(path))
+        return noFileReason();
     QFile file(path);
-    if (QFileInfo(path).exists() && !QFileInfo(path).isFile())
-        return QObject::tr("it is not a file"); // a pipe would never end, or end once
     if (!file.open(QIODevice::ReadOnly))
         return file.errorString();
     const QByteArray bytes = file.readAll();
@@ -224,6 +237,8 @@ QString SettingsFile::keepBackup(const QString& path)
 
 QString SettingsFile::save(const QString& path, const Trial& trial)
 {
+    if (isNoFile(path))
+        return noFileReason();
     const QString reason = trial.reason.isEmpty() ? toolkit::replaceFile(path, trial.bytes) : trial.reason;
     if (reason.isEmpty() && path == filePath)
         contents = trial.bytes;

@@ -52,7 +52,7 @@ public:
 
     /// Writes what @p trial holds, which tryWriting() of @p path gave, to the file @p path, another one than path()
     /// too. Empty when that succeeded; else the reason: that of the trial, or one of toolkit::replaceFile(), which says
-    /// what becomes of the file then.
+    /// what becomes of the file then. Nothing is written to what is there but is no file, such as a pipe.
     QString save(const QString& path, const Trial& trial);
 
 private:

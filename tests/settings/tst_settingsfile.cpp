@@ -39,7 +39,10 @@ private slots:
     void savesUnderAnotherName();
     void savesWhatWasTried();
     void savesNothingAfterAFailedTrial();
+    void doesNotSaveToWhatIsNoFile_data();
+    void doesNotSaveToWhatIsNoFile();
     void changedOnDisk();
+    void changedToAPipeOnDisk();
     void changedWhileItIsSaved();
 
 private:
@@ -338,6 +341,30 @@ void TestSettingsFile::savesNothingAfterAFailedTrial()
     QVERIFY(!file.changedOnDisk());
 }
 
+void TestSettingsFile::doesNotSaveToWhatIsNoFile_data()
+{
+    QTest::addColumn<QString>("name");
+
+    QTest::newRow("a pipe without a reader") << "pipe";
+    QTest::newRow("a link to a pipe") << "link";
+    QTest::newRow("a device") << "device";
+    QTest::newRow("a folder") << ".";
+}
+
+// The window would wait for the reader for ever.
+void TestSettingsFile::doesNotSaveToWhatIsNoFile()
+{
+    QFETCH(QString, name);
+    QCOMPARE(mkfifo(QFile::encodeName(path("pipe")), 0600), 0);
+    QVERIFY(QFile::link(path("pipe"), path("link")));
+    QVERIFY(QFile::link("/dev/null", path("device")));
+    writeBytes(path("zelmora.conf"), braces);
+    SettingsFile file;
+    file.load(path("zelmora.conf"));
+    QCOMPARE(file.save(path(name), file.tryWriting(path(name))), QString("it is not a file"));
+    QVERIFY(!file.changedOnDisk());
+}
+
 void TestSettingsFile::changedOnDisk()
 {
     writeBytes(path("zelmora.conf"), braces);
@@ -350,6 +377,17 @@ void TestSettingsFile::changedOnDisk()
     QVERIFY(!file.changedOnDisk());
     QVERIFY(QFile::remove(path("zelmora.conf")));
     QVERIFY(file.changedOnDisk());
+}
+
+void TestSettingsFile::changedToAPipeOnDisk()
+{
+    writeBytes(path("zelmora.conf"), braces);
+    SettingsFile file;
+    file.load(path("zelmora.conf"));
+    QVERIFY(QFile::remove(path("zelmora.conf")));
+    QCOMPARE(mkfifo(QFile::encodeName(path("zelmora.conf")), 0600), 0);
+    QVERIFY(file.changedOnDisk());
+    QCOMPARE(file.save(path("zelmora.conf"), file.tryWriting(path("zelmora.conf"))), QString("it is not a file"));
 }
 
 // Another program writes the file as soon as the new one is in its place.
