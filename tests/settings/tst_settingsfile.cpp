@@ -253,9 +253,9 @@ void TestSettingsFile::trialTakesLittleMemory_data()
     QTest::newRow("a long group name over many settings that change")
         << nested(longKey, manySettings(10000, "<")) << "a.xml" << 10000;
     QTest::newRow("long names nested deeply over many settings")
-        << nested(deepKey, manySettings(5000, "1")) << "a.conf" << 0;
+        << nested(deepKey, manySettings(1000, "1")) << "a.conf" << 0;
     QTest::newRow("long names nested deeply over many settings that change")
-        << nested(deepKey, manySettings(5000, "<")) << "a.xml" << 5000;
+        << nested(deepKey, manySettings(1000, "<")) << "a.xml" << 1000;
 }
 
 // A name stands once in the file, however many settings are below it.
