@@ -13,6 +13,8 @@ private slots:
     void unreadable_data();
     void unreadable();
     void everyKindOfCut();
+    void topMargin_data();
+    void topMargin();
 };
 
 static QByteArray nestedGroups(int depth)
@@ -111,6 +113,32 @@ void TestBrokenSettings::everyKindOfCut()
             QVERIFY2(script == smallScript(30), qPrintable(where));
         QCOMPARE(run.remarks(), QByteArray());
     }
+}
+
+void TestBrokenSettings::topMargin_data()
+{
+    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<int>("emptyLines"); // of each element: at most 10,000, as docs/settings-file.md says
+    QTest::newRow("one less than the bound") << QByteArray("9999") << 9999;
+    QTest::newRow("the bound") << QByteArray("10000") << 10000;
+    QTest::newRow("one more than the bound") << QByteArray("10001") << 10000;
+    QTest::newRow("the greatest number") << QByteArray("2147483647") << 10000;
+    QTest::newRow("one more than the greatest number") << QByteArray("2147483648") << 0;
+    QTest::newRow("the least number") << QByteArray("-2147483648") << 0;
+}
+
+void TestBrokenSettings::topMargin()
+{
+    QFETCH(QByteArray, value);
+    QFETCH(int, emptyLines);
+
+    ProgramRun run;
+    run.setSettings("zelmora: { receiptdoc: { printGeometry = true; topMargin = " + value + "; }; };");
+    const QByteArray script = run.print(R"(<job><method name="printFullOrderReceipt"/><geometry/><geometry/></job>)");
+    const QByteArray expected =
+        commands({"nofis apri"}) + line("").repeated(2 * emptyLines) + commands({"nofis chiudi"});
+    QCOMPARE(script.count(line("")), 2 * emptyLines); // said when it fails: the bytes say no more than that they differ
+    QVERIFY(script == expected);
 }
 
 QTEST_GUILESS_MAIN(TestBrokenSettings)
