@@ -17,6 +17,7 @@ int main(int argc, char** argv)
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication application(argc, argv);
+    refuseRemainingOptions();
     QApplication::setOrganizationName(QStringLiteral("zelmora"));
 
     // In the language of the documents; the toolkit has its own catalogues for the buttons it brings.

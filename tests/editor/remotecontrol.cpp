@@ -1,17 +1,19 @@
 // A person at the keyboard of a program that runs in a process of its own, and the desktop around it. Reads lines on
 // standard input:
 //
-//     press <key sequence>      type <text>      resize <width> <height>      show      measure
+//     press <key sequence>      type <text>      resize <width> <height>      show      measure      attributes
 //
 // and answers "show" by a line on standard output: the window's title, then the text of a message, or the labels of the
 // menus and the label of the current item, all joined by "|". The answer to "measure" is where things are: the screen,
 // the main window, its status line, and the window with the keyboard with its undermost button, each a name, x, y,
-// width and height; windows with their frames.
+// width and height; windows with their frames. The answer to "attributes" is the names of those that the application
+// has.
 
 #include <QAbstractButton>
 #include <QGenericPlugin>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QMetaEnum>
 #include <QScreen>
 #include <QSocketNotifier>
 #include <QStatusBar>
@@ -52,6 +54,8 @@ private:
             std::puts(shown().join('|').replace('\n', ' ').toUtf8().constData());
         else if (command == "measure")
             std::puts(measured().join('|').toUtf8().constData());
+        else if (command == "attributes")
+            std::puts(attributes().join('|').toUtf8().constData());
         else if (command == "resize")
             mainWindow()->resize(argument.section(' ', 0, 0).toInt(), argument.section(' ', 1).toInt());
         else if (command == "type")
@@ -120,6 +124,17 @@ private:
         return {text("screen", main->screen()->availableGeometry()), text("main", main->frameGeometry()),
                 text("status", onScreen(*main->findChild<QStatusBar*>())), text("window", window->frameGeometry()),
                 text("button", lowestButton)};
+    }
+
+    static QStringList attributes()
+    {
+        QStringList names;
+        const auto all = QMetaEnum::fromType<Qt::ApplicationAttribute>();
+        for (int i = 0; i < all.keyCount(); ++i) {
+            if (QCoreApplication::testAttribute(static_cast<Qt::ApplicationAttribute>(all.value(i))))
+                names += all.key(i);
+        }
+        return names;
     }
 
     static QRect onScreen(const QWidget& widget) { return QRect(widget.mapToGlobal(QPoint(0, 0)), widget.size()); }

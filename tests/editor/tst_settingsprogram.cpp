@@ -14,8 +14,12 @@ private slots:
     void saysWithoutADisplay();
     void isWrongWithoutADisplay_data();
     void isWrongWithoutADisplay();
+    void isWrongWithADisplay_data();
+    void isWrongWithADisplay();
+    void usesEveryDotOfTheScreen();
     void takesAFileWhoseNameBeginsLikeAnOption();
-    void takesTheOptionOfASession();
+    void takesAnOptionOfTheToolkit_data();
+    void takesAnOptionOfTheToolkit();
     void opensTheUsersOwnFile();
     void opensTheFileThatIsNamed();
     void theUsersOwnFileIsMissing();
@@ -61,6 +65,7 @@ public:
     void press(const char* keys) { send(QByteArray("press ") + keys); }
     void type(const QByteArray& text) { send("type " + text); }
     void resize(const QByteArray& size) { send("resize " + size); }
+    QStringList attributes() { return answerTo("attributes").split('|'); } ///< of the application
 
     /// Whether what is shown becomes @p expected.
     bool shows(const QString& expected)
@@ -126,11 +131,18 @@ private:
 #define COMPARE_SHOWN(editor, expected) \
     QVERIFY2((editor).shows(expected), qPrintable("It shows: " + (editor).lastShown))
 
-/// The program without a window, in surroundings that have no display.
+/// The program when it is to end before it opens a window, in surroundings that have no display.
 static void startWithoutADisplay(ProgramRun& run, const QByteArray& arguments)
 {
     run.setEnvironment("settings", ZELMORA_SETTINGS_PROGRAM);
     run.startShell("exec \"$settings\" " + arguments);
+}
+
+static void startWithADisplay(ProgramRun& run, const QByteArray& arguments)
+{
+    run.setEnvironment("QT_QPA_PLATFORM", "offscreen");
+    run.setEnvironment("XDG_RUNTIME_DIR", run.path("."));
+    startWithoutADisplay(run, arguments);
 }
 
 void TestSettingsProgram::saysWithoutADisplay_data()
@@ -140,6 +152,7 @@ void TestSettingsProgram::saysWithoutADisplay_data()
     QTest::newRow("the help") << QByteArray("--help") << true;
     QTest::newRow("the help, in short") << QByteArray("-h") << true;
     QTest::newRow("the help, beside a file") << QByteArray("other.conf --help") << true;
+    QTest::newRow("the help, beside a toolkit's option") << QByteArray("-style fusion --help") << true;
     QTest::newRow("the version") << QByteArray("--version") << false;
     QTest::newRow("the version, in short") << QByteArray("-v") << false;
 }
@@ -165,15 +178,41 @@ void TestSettingsProgram::saysWithoutADisplay()
     }
 }
 
-void TestSettingsProgram::isWrongWithoutADisplay_data()
+/// Calls that are wrong wherever they are made.
+static void addWrongCalls()
 {
     QTest::addColumn<QByteArray>("arguments");
     QTest::addColumn<QByteArray>("reason");
     QTest::newRow("an option that there is not")
         << QByteArray("--nonsense") << QByteArray("Unknown option 'nonsense'.");
     QTest::newRow("a short option that there is not") << QByteArray("-x") << QByteArray("Unknown option 'x'.");
+    QTest::newRow("an option that there is not, behind a toolkit's")
+        << QByteArray("-style fusion -nonsense") << QByteArray("Unknown option 'nonsense'.");
+    QTest::newRow("a toolkit's option without its value")
+        << QByteArray("a.conf -style") << QByteArray("Missing value after '-style'.");
     QTest::newRow("two files") << QByteArray("one.conf two.conf") << QByteArray("Only one file can be opened.");
+    QTest::newRow("two files, beside a toolkit's option")
+        << QByteArray("one.conf -reverse two.conf") << QByteArray("Only one file can be opened.");
     QTest::newRow("a value for the help") << QByteArray("--help=me") << QByteArray("Unexpected value after '--help'.");
+}
+
+/// Whether the program has said @p reason and ended with the status of a wrong call.
+static void compareRefusal(const ProgramRun& run, const QByteArray& reason)
+{
+    QVERIFY(run.ended);
+    QCOMPARE(run.standardOutput, QByteArray());
+    QCOMPARE(run.standardError, reason + "\nTry '" ZELMORA_SETTINGS_PROGRAM " --help' for more information.\n");
+    QCOMPARE(run.exitStatus, 2);
+}
+
+void TestSettingsProgram::isWrongWithoutADisplay_data()
+{
+    addWrongCalls();
+    // Each value would be an unknown option too, if it were not taken for a value.
+    QTest::newRow("an option that there is not, behind those that need a display")
+        << QByteArray("-dograb -display --a -nograb -geometry --b -testability -icon --c -widgetcount -name --d "
+                      "-title --e -visual --f -qwindowtitle --g --nonsense")
+        << QByteArray("Unknown option 'nonsense'.");
 }
 
 void TestSettingsProgram::isWrongWithoutADisplay()
@@ -182,10 +221,38 @@ void TestSettingsProgram::isWrongWithoutADisplay()
     QFETCH(QByteArray, reason);
     ProgramRun run;
     startWithoutADisplay(run, arguments);
-    QVERIFY(run.ended);
-    QCOMPARE(run.standardOutput, QByteArray());
-    QCOMPARE(run.standardError, reason + "\nTry '" ZELMORA_SETTINGS_PROGRAM " --help' for more information.\n");
-    QCOMPARE(run.exitStatus, 2);
+    compareRefusal(run, reason);
+}
+
+void TestSettingsProgram::isWrongWithADisplay_data()
+{
+    addWrongCalls();
+    QTest::newRow("an option of another platform")
+        << QByteArray("-geometry 600x500") << QByteArray("Unknown option 'geometry'.");
+    QTest::newRow("a form that the toolkit does not know")
+        << QByteArray("-platform=offscreen") << QByteArray("Unknown option 'platform'.");
+}
+
+void TestSettingsProgram::isWrongWithADisplay()
+{
+    QFETCH(QByteArray, arguments);
+    QFETCH(QByteArray, reason);
+    ProgramRun run;
+    startWithADisplay(run, arguments);
+    compareRefusal(run, reason);
+}
+
+// What is drawn is scaled as a whole, and its pictures are as sharp as the screen.
+void TestSettingsProgram::usesEveryDotOfTheScreen()
+{
+    ProgramRun run;
+    run.setSettings("zelmora: { a = b; };");
+    Editor editor(run, {});
+    const QStringList attributes = editor.attributes();
+    for (const char* name : {"AA_EnableHighDpiScaling", "AA_UseHighDpiPixmaps"})
+        QVERIFY2(attributes.contains(name), qPrintable(attributes.join('|')));
+    editor.press("Ctrl+Q");
+    QVERIFY2(editor.ends(), editor.said.constData());
 }
 
 void TestSettingsProgram::takesAFileWhoseNameBeginsLikeAnOption()
@@ -199,13 +266,33 @@ void TestSettingsProgram::takesAFileWhoseNameBeginsLikeAnOption()
     QVERIFY2(editor.ends(), editor.said.constData());
 }
 
-// Which a desktop adds when it brings a session back.
-void TestSettingsProgram::takesTheOptionOfASession()
+void TestSettingsProgram::takesAnOptionOfTheToolkit_data()
 {
+    QTest::addColumn<QStringList>("option");
+    QTest::addColumn<QString>("setting"); // without the option, the test could not go well with it
+    QTest::newRow("the platform") << QStringList {"-platform", "offscreen"} << "QT_QPA_PLATFORM=xcb";
+    QTest::newRow("the platform, with two dashes") << QStringList {"--platform", "offscreen"} << "QT_QPA_PLATFORM=xcb";
+    QTest::newRow("the folder of the platforms") << QStringList {"-platformpluginpath", "/"} << QString();
+    QTest::newRow("the theme") << QStringList {"-platformtheme", "generic"} << QString();
+    QTest::newRow("a plug-in") << QStringList {"-plugin", "remotecontrol"} << "QT_QPA_GENERIC_PLUGINS=";
+    QTest::newRow("the place of the window") << QStringList {"-qwindowgeometry", "600x500"} << QString();
+    QTest::newRow("the picture of the window") << QStringList {"-qwindowicon", "none.png"} << QString();
+    QTest::newRow("from right to left") << QStringList {"-reverse"} << QString();
+    // Which a desktop adds when it brings a session back.
+    QTest::newRow("the session") << QStringList {"-session", "1_2_3"} << QString();
+    QTest::newRow("the style") << QStringList {"-style", "fusion"} << QString();
+    QTest::newRow("the style, in one word") << QStringList {"-style=fusion"} << QString();
+    QTest::newRow("the sheet of styles") << QStringList {"-stylesheet", "/dev/null"} << QString();
+}
+
+void TestSettingsProgram::takesAnOptionOfTheToolkit()
+{
+    QFETCH(QStringList, option);
+    QFETCH(QString, setting);
     ProgramRun run;
     run.setSettings("zelmora: { a = b; };");
-    Editor editor(run, {"-session", "1_2_3"});
-    const QString path = run.path("home/.zelmora/conf/zelmora.conf");
+    const QString path = run.writeFile("other.conf", "zelmora: { a = c; };");
+    Editor editor(run, option + QStringList {path}, setting);
     COMPARE_SHOWN(editor, path + "[*] - Settings|&File|&Edit|" + path);
     editor.press("Ctrl+Q");
     QVERIFY2(editor.ends(), editor.said.constData());
