@@ -46,6 +46,13 @@ QByteArray contentsOf(const QString& path)
     return !isNoFile(path) && file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+/// Empty, or white space after a byte-order mark at the most.
+bool isBlank(const QByteArray& bytes)
+{
+    const QByteArray mark = QByteArrayLiteral("\xEF\xBB\xBF");
+    return (bytes.startsWith(mark) ? bytes.mid(mark.size()) : bytes).trimmed().isEmpty();
+}
+
 /// Of a name that comes out of the settings: begins with a letter, "_" or ":". XML 1.0 allows a few signs more.
 bool isXmlName(const QString& name)
 {
@@ -102,7 +109,7 @@ QString SettingsFile::load(const QString& path)
     if (file.error() != QFileDevice::NoError)
         return file.errorString();
     const FileReview found = reviewOf(bytes, formatOf(path));
-    if (!found.isWellFormed && !bytes.isEmpty())
+    if (!found.isWellFormed && !isBlank(bytes))
         return QObject::tr("it is not XML"); // nothing would be read, and saving would empty the file
 
     contents = bytes;
@@ -216,7 +223,7 @@ QString SettingsFile::asText(const QVector<Group>& groups, int place, const QStr
 
 bool SettingsFile::looksLikeSettings() const
 {
-    return settings::looksLikeSettings(fileReview.topLevelGroups, contents.trimmed().isEmpty());
+    return settings::looksLikeSettings(fileReview.topLevelGroups, isBlank(contents));
 }
 
 bool SettingsFile::changedOnDisk() const

@@ -1,5 +1,5 @@
-// Any bytes as a settings file in the brace format that is scanned: the texts stand where the scanner says, one after the
-// other, and it passes nothing over but blanks and the grammar's marks.
+// Any bytes as a settings file in the brace format that is scanned: the texts stand where the scanner says, one after
+// the other, and it passes nothing over but blanks and the grammar's marks.
 
 #include "config/bracescanner.h"
 #include "fuzzing.h"

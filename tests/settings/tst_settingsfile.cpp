@@ -93,6 +93,8 @@ void TestSettingsFile::loads_data()
     QTest::newRow("XML by its name in capitals") << "ZELMORA.XML" << xml << "it";
     QTest::newRow("an empty file") << "zelmora.conf" << QByteArray() << "";
     QTest::newRow("an empty XML file") << "zelmora.xml" << QByteArray() << "";
+    QTest::newRow("an XML file of white space") << "zelmora.xml" << QByteArray(" \n") << "";
+    QTest::newRow("an XML file of a byte-order mark") << "zelmora.xml" << QByteArray("\xEF\xBB\xBF\n") << "";
 }
 
 void TestSettingsFile::loads()
@@ -106,6 +108,7 @@ void TestSettingsFile::loads()
     QCOMPARE(file.load(path(name)), QString());
     QCOMPARE(file.path(), path(name));
     QCOMPARE(file.lookup("zelmora.lang"), lang);
+    QVERIFY(file.looksLikeSettings());
 }
 
 void TestSettingsFile::doesNotLoad_data()
