@@ -93,12 +93,11 @@ public:
     void buildConfigListView(QDomNode node, QTreeWidgetItem* parent) const;
 
     /// Replaces the tree by the one that @p list shows, and writes it to the file that was read, in its format; by a
-    /// failure to write nothing changes but the tree. Nothing happens when @p list is null. An item
-    /// that newConfigListView() made for a group is a group; of the others a child whose first child has no children
-    /// is a setting, any other a group: so a group collapses to one setting, named like the group, when the value of
-    /// its first setting is taken out of the list, unless its item is one of ours. A group without children is dropped,
-    /// as the reader drops an empty one: when it was the first, the second one takes its place, and is written and
-    /// found.
+    /// failure to write nothing changes but the tree. Nothing happens when @p list is null. A child whose first child
+    /// has no children is a setting, any other a group; an empty group that newConfigListView() made counts as no
+    /// value. So a group collapses to one setting, named like the group, when the value of its first setting is taken
+    /// out of the list. A group without children is dropped, as the reader drops an empty one: when it was the first,
+    /// the second one takes its place, and is written and found.
     void loadListView(QTreeWidget* list);
     void loadListView(QTreeWidgetItem* item, QDomDocument* doc);
     void loadListView(QTreeWidgetItem* item, QDomNode parent);

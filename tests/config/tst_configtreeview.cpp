@@ -59,6 +59,7 @@ private slots:
 
     void builtList_data();
     void builtList();
+    void groupThatLosesItsFirstValue();
     void builtListHasItsOrder();
     void deepList();
     void rebuildingWritesNothing();
@@ -575,6 +576,18 @@ void TestConfigTreeView::builtList()
     QCOMPARE(treeLines(*xml), tree);
     xml->buildConfigXmlFile(path("written"));
     QCOMPARE(fileContents(path()), fileContents(path("written")));
+}
+
+// The group's first child has no children then, like the name of a setting.
+void TestConfigTreeView::groupThatLosesItsFirstValue()
+{
+    const auto config = configOf("zelmora: { a = 1; doc: { b = 2; c = 3; }; };");
+    const auto list = listOf(*config);
+    const QTreeWidgetItem* const doc = list->topLevelItem(0)->child(0)->child(1);
+    QCOMPARE(doc->text(0), QString("doc"));
+    delete doc->child(0)->takeChild(0);
+    config->loadListView(list.get());
+    QCOMPARE(treeLines(*config), (QStringList {"1 zelmora:", "2 a = 1", "2 doc = b"}));
 }
 
 void TestConfigTreeView::builtListHasItsOrder()
