@@ -86,12 +86,12 @@ void SettingsWindow::addActions()
     connect(fileMenu, &QMenu::aboutToShow, this, &SettingsWindow::updateSave);
     fileMenu->addAction(QObject::tr("&Open..."), this, &SettingsWindow::open, QKeySequence::Open);
     // Not all platforms have a standard key for saving under another name, and for quitting.
-    const QKeySequence saveAsKey(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
+    const QKeySequence saveAsKey(QStringLiteral("Ctrl+Shift+S"));
     saveAction = fileMenu->addAction(QObject::tr("&Save"), this, &SettingsWindow::save, QKeySequence::Save);
     saveAsAction = fileMenu->addAction(QObject::tr("Save &as..."), this, &SettingsWindow::saveAs, saveAsKey);
     reloadAction = fileMenu->addAction(QObject::tr("&Reload"), this, &SettingsWindow::reload, QKeySequence::Refresh);
     fileMenu->addSeparator();
-    const QKeySequence quitKey(Qt::CTRL | Qt::Key_Q);
+    const QKeySequence quitKey(QStringLiteral("Ctrl+Q"));
     fileMenu->addAction(QObject::tr("&Quit"), this, &SettingsWindow::close, quitKey);
 
     QMenu* const editMenu = menuBar()->addMenu(QObject::tr("&Edit"));
