@@ -280,15 +280,15 @@ QString replaceFile(const QString& name, const QByteArray& bytes)
 QString replaceFileBeside(const QString& name, const QString& suffix, const QByteArray& bytes)
 {
     const WriteSignalsBlocked writeSignalsBlocked;
-    const QByteArray original = withoutLinks(QFile::encodeName(name));
-    const QByteArray file = original + QFile::encodeName(suffix);
-    if (file.contains('\0'))
+    if (QFile::encodeName(name + suffix).contains('\0'))
         return reason(EINVAL);
+    const QByteArray original = withoutLinks(QFile::encodeName(name));
     struct stat found;
     const int error = outcome(stat(original.constData(), &found) == 0);
-    if (error != 0 && error != ENOENT)
+    if (original.isEmpty() || (error != 0 && error != ENOENT))
         return reason(error);
-    return reason(putNewFileInPlace(file, bytes, forTheUserAlone, error == 0 ? &found : nullptr));
+    return reason(
+        putNewFileInPlace(original + QFile::encodeName(suffix), bytes, forTheUserAlone, error == 0 ? &found : nullptr));
 }
 
 } // namespace toolkit

@@ -42,7 +42,7 @@ QString replaceFile(const QString& name, const QByteArray& bytes);
 /// It is always a new file, made as replaceFile() makes it, with owner, group and permissions of the file @p name;
 /// where there is no such file, the user alone may read and write it. What has its name stays whole until the new one
 /// takes its place in one step, and stays when there is a failure. Of a link there, the link goes and what it leads to
-/// stays.
+/// stays. An empty name and one with a NUL in it, in the suffix too, are failures, as are links in a circle.
 QString replaceFileBeside(const QString& name, const QString& suffix, const QByteArray& bytes);
 
 } // namespace toolkit

@@ -19,6 +19,7 @@
 #include <vector>
 
 using toolkit::replaceFile;
+using toolkit::replaceFileBeside;
 
 using Action = std::function<void(const QString& file)>;
 
@@ -235,6 +236,7 @@ private slots:
     void notToBeWritten_data();
     void notToBeWritten();
     void readOnlyFile();
+    void emptyName_data();
     void emptyName();
 
     void unreplaceableFile_data();
@@ -250,6 +252,19 @@ private slots:
     void interruptedInPlace();
     void fileThatMayNotBeRead();
     void moreThanMemoryHolds();
+
+    void besideAFile_data();
+    void besideAFile();
+    void besideTheFileOfALink();
+    void besideAMissingFile();
+    void ownerStaysBeside();
+    void neverOpenToOthersBeside();
+    void alwaysANewFileBeside();
+    void linkBesideGoes();
+    void notToBeWrittenBeside_data();
+    void notToBeWrittenBeside();
+    void failedBeside_data();
+    void failedBeside();
 
 private:
     QString path(const QString& name) const { return folder->filePath(name); }
@@ -644,14 +659,27 @@ void TestFileReplacement::readOnlyFile()
     QCOMPARE(files(), QStringList("file"));
 }
 
+void TestFileReplacement::emptyName_data()
+{
+    QTest::addColumn<QString>("suffix");
+
+    QTest::newRow("without a suffix") << QString();
+    QTest::newRow("with a suffix") << "~";
+}
+
 // It is no file of the current folder.
 void TestFileReplacement::emptyName()
 {
+    QFETCH(QString, suffix);
     const QString previous = QDir::currentPath();
     QVERIFY(QDir::setCurrent(folder->path()));
-    QStringList calls = callsOf([] { QCOMPARE(replaceFile(QString(), "new"), QString("No such file or directory")); });
+    QString reason;
+    const QStringList calls =
+        callsOf([&] { reason = suffix.isNull() ? replaceFile({}, "new") : replaceFileBeside({}, suffix, "new"); });
     QVERIFY(QDir::setCurrent(previous));
+    QCOMPARE(reason, QString("No such file or directory"));
     QCOMPARE(calls, QStringList());
+    QCOMPARE(files(), QStringList());
 }
 
 void TestFileReplacement::unreplaceableFile_data()
@@ -860,6 +888,185 @@ void TestFileReplacement::moreThanMemoryHolds()
     QFile file(path("file"));
     QVERIFY(file.open(QIODevice::ReadOnly));
     QVERIFY(file.read(oldContents.size()) == oldContents);
+}
+
+void TestFileReplacement::besideAFile_data()
+{
+    QTest::addColumn<QString>("suffix");
+    QTest::addColumn<QByteArray>("earlier"); // what is there already; null when nothing is
+    QTest::addColumn<QByteArray>("bytes");
+
+    QTest::newRow("a sign for a suffix") << "~" << QByteArray() << QByteArray("new");
+    QTest::newRow("a word for a suffix") << ".old" << QByteArray() << QByteArray("new");
+    QTest::newRow("a suffix beyond ASCII") << "\u00E8" << QByteArray() << QByteArray("new");
+    QTest::newRow("an empty one") << "~" << QByteArray() << QByteArray();
+    QTest::newRow("in the place of a shorter one") << "~" << shortContents << longContents;
+    QTest::newRow("in the place of a longer one") << "~" << longContents << shortContents;
+}
+
+void TestFileReplacement::besideAFile()
+{
+    QFETCH(QString, suffix);
+    QFETCH(QByteArray, earlier);
+    QFETCH(QByteArray, bytes);
+    writeBytes(path("file"), oldContents);
+    setPermissions(path("file"), 0646);
+    if (!earlier.isNull())
+        writeBytes(path("file" + suffix), earlier);
+
+    const QString reason = replaceFileBeside(path("file"), suffix, bytes);
+    QVERIFY2(reason.isNull(), qPrintable(reason));
+    QVERIFY(fileContents(path("file" + suffix)) == bytes);
+    QCOMPARE(permissionsOf(path("file" + suffix)), mode_t(0646));
+    QVERIFY(fileContents(path("file")) == oldContents);
+    QCOMPARE(files(), (QStringList {"file", "file" + suffix}));
+}
+
+void TestFileReplacement::besideTheFileOfALink()
+{
+    QVERIFY(QDir(folder->path()).mkdir("sub"));
+    writeBytes(path("sub/real"), "old");
+    setPermissions(path("sub/real"), 0640);
+    makeLink("real", path("sub/middle"));
+    makeLink("sub/middle", path("link"));
+    QCOMPARE(replaceFileBeside(path("link"), "~", "new"), QString());
+    QCOMPARE(fileContents(path("sub/real~")), QByteArray("new"));
+    QCOMPARE(permissionsOf(path("sub/real~")), mode_t(0640));
+    QCOMPARE(fileContents(path("sub/real")), QByteArray("old"));
+    QVERIFY(S_ISLNK(fileStatus(path("link")).st_mode));
+    QCOMPARE(files(), (QStringList {"link", "sub"}));
+}
+
+// Whom it was meant for, nobody knows any more.
+void TestFileReplacement::besideAMissingFile()
+{
+    const mode_t previous = umask(0);
+    const QString reason = replaceFileBeside(path("file"), "~", "new");
+    umask(previous);
+    QCOMPARE(reason, QString());
+    QCOMPARE(fileContents(path("file~")), QByteArray("new"));
+    QCOMPARE(permissionsOf(path("file~")), mode_t(0600));
+    QCOMPARE(files(), QStringList("file~"));
+}
+
+void TestFileReplacement::ownerStaysBeside()
+{
+    if (geteuid() != 0)
+        QSKIP("Only root can give a file away.");
+    writeBytes(path("file"), "old");
+    writeBytes(path("file~"), "earlier");
+    QCOMPARE(chown(QFile::encodeName(path("file")), 1234, 2345), 0);
+    QCOMPARE(chown(QFile::encodeName(path("file~")), 1111, 2222), 0);
+    QCOMPARE(replaceFileBeside(path("file"), "~", "new"), QString());
+    QCOMPARE(fileStatus(path("file~")).st_uid, uid_t(1234));
+    QCOMPARE(fileStatus(path("file~")).st_gid, gid_t(2345));
+}
+
+// Who opens a file once can read what is written to it later.
+void TestFileReplacement::neverOpenToOthersBeside()
+{
+    writeBytes(path("file"), "old");
+    setPermissions(path("file"), 0604);
+    QStringList seen;
+    const auto look = [&] {
+        seen += QString::number(permissionsOf(path(files().constFirst())), 8); // a hidden name comes first
+        return 0;
+    };
+    const mode_t previous = umask(0);
+    QString reason;
+    withFaults({{"fchmod", look}, {"write", look}}, [&] { reason = replaceFileBeside(path("file"), "~", "password"); });
+    umask(previous);
+    QCOMPARE(reason, QString());
+    QCOMPARE(seen, (QStringList {"600", "604"}));
+}
+
+// Where the folder takes none, an earlier one stays, though it could be written.
+void TestFileReplacement::alwaysANewFileBeside()
+{
+    writeBytes(path("file"), "old");
+    writeBytes(path("file~"), "earlier");
+    setPermissions(path("file~"), 0666);
+    QCOMPARE(::link(QFile::encodeName(path("file~")), QFile::encodeName(path("kept"))), 0);
+    setPermissions(folder->path(), 0555);
+    {
+        const OrdinaryUser someone;
+        QCOMPARE(replaceFileBeside(path("file"), "~", "new"), QString("Permission denied"));
+    }
+    setPermissions(folder->path(), 0755);
+    QCOMPARE(fileContents(path("file~")), QByteArray("earlier"));
+
+    QString reason;
+    QCOMPARE(callsOf([&] { reason = replaceFileBeside(path("file"), "~", "new"); }),
+             (QStringList {"fchmod", "write", "fsync", "rename"}));
+    QCOMPARE(reason, QString());
+    QCOMPARE(fileContents(path("file~")), QByteArray("new"));
+    QCOMPARE(fileContents(path("kept")), QByteArray("earlier"));
+}
+
+void TestFileReplacement::linkBesideGoes()
+{
+    writeBytes(path("file"), "old");
+    writeBytes(path("elsewhere"), "precious");
+    makeLink("elsewhere", path("file~"));
+    QCOMPARE(replaceFileBeside(path("file"), "~", "new"), QString());
+    QVERIFY(S_ISREG(fileStatus(path("file~")).st_mode));
+    QCOMPARE(fileContents(path("file~")), QByteArray("new"));
+    QCOMPARE(fileContents(path("elsewhere")), QByteArray("precious"));
+}
+
+void TestFileReplacement::notToBeWrittenBeside_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("suffix");
+    QTest::addColumn<QString>("reason");
+    const auto row = [](const char* name, const QString& file, const QString& suffix, const char* reason) {
+        QTest::newRow(name) << file << suffix << reason;
+    };
+
+    const QString nul = QChar(QChar::Null);
+    row("the folder is missing", "missing/file", "~", "No such file or directory");
+    row("a file stands in the folder's place", "file/other", "~", "Not a directory");
+    row("a folder has the name with the suffix", "fol", "der", "Is a directory");
+    row("links in a circle", "circle", "~", "Too many levels of symbolic links");
+    row("the name is too long", QString(256, 'x'), "~", "File name too long");
+    row("the name is too long with the suffix", QString(255, 'x'), "~", "File name too long");
+    row("a name with a NUL in it", "fi" + nul + "le", "~", "Invalid argument");
+    row("a file's name and a NUL behind it", "file" + nul, "~", "Invalid argument");
+    row("a link's name and a NUL behind it", "link" + nul, "~", "Invalid argument");
+    row("a suffix with a NUL in it", "file", "~" + nul, "Invalid argument");
+}
+
+void TestFileReplacement::notToBeWrittenBeside()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, suffix);
+    QFETCH(QString, reason);
+    QVERIFY(QDir(folder->path()).mkdir("folder"));
+    writeBytes(path("folder/inside"), "old");
+    writeBytes(path("file"), "old");
+    makeLink("folder/inside", path("link"));
+    makeLink("circle", path("circle"));
+
+    QCOMPARE(replaceFileBeside(path(name), suffix, "new"), reason);
+    QCOMPARE(files(), (QStringList {"circle", "file", "folder", "link"}));
+    QCOMPARE(filesIn(path("folder")), QStringList("inside"));
+    QCOMPARE(fileContents(path("file")), QByteArray("old"));
+}
+
+void TestFileReplacement::failedBeside_data()
+{
+    failedNewFile_data();
+}
+
+void TestFileReplacement::failedBeside()
+{
+    QFETCH(Faults, faults);
+    QFETCH(QString, reason);
+    writeBytes(path("file"), "old");
+    writeBytes(path("file~"), oldContents);
+    withFaults(faults, [&] { QCOMPARE(replaceFileBeside(path("file"), "~", longContents), reason); });
+    QVERIFY(fileContents(path("file~")) == oldContents);
+    QCOMPARE(files(), (QStringList {"file", "file~"}));
 }
 
 QTEST_GUILESS_MAIN(TestFileReplacement)
