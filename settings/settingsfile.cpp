@@ -11,6 +11,7 @@
 #include <QRegularExpression>
 
 #include <map>
+#include <optional>
 #include <utility>
 
 using toolkit::operator""_L1;
@@ -39,11 +40,13 @@ QString noFileReason()
     return QObject::tr("it is not a file");
 }
 
-/// Nothing when there is no such file.
-QByteArray contentsOf(const QString& path)
+/// Nothing when there is no such file: an empty one is another matter.
+std::optional<QByteArray> contentsOf(const QString& path)
 {
     QFile file(path);
-    return !isNoFile(path) && file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    if (isNoFile(path) || !file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    return file.readAll();
 }
 
 /// Empty, or white space after a byte-order mark at the most.

@@ -43,7 +43,7 @@ public:
     /// What would be read back from a file named @p path, which itself is not touched.
     Trial tryWriting(const QString& path) const;
 
-    /// Whether the file on disk is no longer what load() or save() left there.
+    /// Once a file is loaded: whether that on disk is no longer what load() or save() left there.
     bool changedOnDisk() const;
 
     /// Keeps what the file @p path holds now as settings::keepBackup() does; nothing where there is no such file. Empty

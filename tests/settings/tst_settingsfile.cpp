@@ -42,6 +42,7 @@ private slots:
     void doesNotSaveToWhatIsNoFile_data();
     void doesNotSaveToWhatIsNoFile();
     void changedOnDisk();
+    void emptyFileChangedOnDisk();
     void changedToAPipeOnDisk();
     void changedWhileItIsSaved();
 
@@ -379,6 +380,19 @@ void TestSettingsFile::changedOnDisk()
     writeBytes(path("zelmora.conf"), braces);
     QVERIFY(!file.changedOnDisk());
     QVERIFY(QFile::remove(path("zelmora.conf")));
+    QVERIFY(file.changedOnDisk());
+}
+
+// It holds as little when it is gone.
+void TestSettingsFile::emptyFileChangedOnDisk()
+{
+    writeBytes(path("zelmora.conf"), QByteArray());
+    SettingsFile file;
+    QCOMPARE(file.load(path("zelmora.conf")), QString());
+    QVERIFY(!file.changedOnDisk());
+    QVERIFY(QFile::remove(path("zelmora.conf")));
+    QVERIFY(file.changedOnDisk());
+    QCOMPARE(mkfifo(QFile::encodeName(path("zelmora.conf")), 0600), 0);
     QVERIFY(file.changedOnDisk());
 }
 
