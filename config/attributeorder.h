@@ -16,7 +16,8 @@ public:
     /// Notes that the attributes of @p element stand in the order of @p names.
     void set(const QDomElement& element, const QStringList& names);
 
-    /// The names of the attributes of @p element in their order; in that of their names where nothing was noted.
+    /// The names of the attributes of @p element in their order; in that of their names where nothing was noted, or not
+    /// of as many.
     QStringList names(const QDomElement& element) const;
 
 private:
