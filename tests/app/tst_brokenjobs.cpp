@@ -1,5 +1,6 @@
 #include "driver/companyprinterdriver.h"
 #include "support/examples.h"
+#include "support/hostilexml.h"
 #include "support/registerscript.h"
 #include "support/settings.h"
 #include "toolkit/xmlreader.h"
@@ -63,10 +64,7 @@ static QByteArray quietEntityBomb(const QByteArray& content)
 
 static QByteArray manyEntities()
 {
-    QByteArray type = "<!DOCTYPE job [";
-    for (int i = 0; i < 20000; ++i)
-        type += "<!ENTITY e" + QByteArray::number(i) + " 'v'>";
-    return type + "]>" + receipt("<receipt serialnumber='&e5;'/>");
+    return "<!DOCTYPE job [" + entityDeclarations(20000) + "]>" + receipt("<receipt serialnumber='&e5;'/>");
 }
 
 static QByteArray manyParentheses()

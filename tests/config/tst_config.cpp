@@ -1,6 +1,7 @@
 #include "config/config.h"
 
 #include "support/capture.h"
+#include "support/lookup.h"
 #include "support/settingstree.h"
 
 #include <QTemporaryDir>
@@ -58,6 +59,8 @@ private slots:
 
 namespace {
 
+constexpr auto row = addLookup;
+
 const char goodFile[] = "zelmora: { a = good; };";
 
 /// Writes a file whose name is the bytes @p path, whatever the encoding of file names.
@@ -67,21 +70,6 @@ void writeFile(const QByteArray& path, const QByteArray& bytes)
     const auto size = static_cast<std::size_t>(bytes.size());
     if (!file || std::fwrite(bytes.constData(), 1, size, file) != size || std::fclose(file) != 0)
         qFatal("%s can't be written.", path.constData());
-}
-
-void read(Config& config, const QByteArray& bytes, const char* format = "cfg")
-{
-    const QTemporaryDir folder;
-    const QString path = folder.filePath("zelmora.conf");
-    writeFile(QFile::encodeName(path), bytes);
-    config.readFile(path, format);
-}
-
-QString lookup(const QByteArray& bytes, const QString& key, const char* format = "cfg")
-{
-    Config config;
-    read(config, bytes, format);
-    return config.lookup(key);
 }
 
 QByteArray notFound(const QByteArray& path)
@@ -98,27 +86,6 @@ QByteArray nestedGroups(int count)
 QString nestedKey(int depth, const char* name)
 {
     return QString("g.").repeated(depth) + name;
-}
-
-void addLookupColumns()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QString>("expected");
-}
-
-void row(const char* name, const char* text, const char* key, const char* expected)
-{
-    QTest::newRow(name) << text << key << expected;
-}
-
-void checkLookup(const char* format)
-{
-    QFETCH(QString, text);
-    QFETCH(QString, key);
-    QFETCH(QString, expected);
-
-    QCOMPARE(lookup(text.toUtf8(), key, format), expected);
 }
 
 } // namespace

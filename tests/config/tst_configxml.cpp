@@ -1,6 +1,8 @@
 #include "support/settingstree.h"
 
 #include "support/capture.h"
+#include "support/hostilexml.h"
+#include "support/lookup.h"
 
 #include <QBuffer>
 #include <QTemporaryDir>
@@ -34,25 +36,7 @@ private slots:
 
 namespace {
 
-void read(Config& config, const QByteArray& bytes)
-{
-    const QTemporaryDir folder;
-    const QString path = folder.filePath("zelmora.xml");
-    writeBytes(path, bytes);
-    config.readFile(path, "xml");
-}
-
-QString lookup(const QByteArray& bytes, const QString& key)
-{
-    Config config;
-    read(config, bytes);
-    return config.lookup(key);
-}
-
-void row(const char* name, const char* text, const char* key, const char* expected)
-{
-    QTest::newRow(name) << text << key << expected;
-}
+constexpr auto row = addLookup;
 
 /// A group with its settings, sorted by name, and the groups in it.
 QString groupText(const QDomElement& group)
@@ -101,9 +85,7 @@ QByteArray utf16(const QString& text)
 
 void TestConfigXml::xml_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QString>("expected");
+    addLookupColumns();
 
     row("an attribute of the root element", "<zelmora a='1'/>", "zelmora.a", "1");
     row("an attribute of an element inside", "<zelmora><doc a='1'/></zelmora>", "zelmora.doc.a", "1");
@@ -145,33 +127,18 @@ void TestConfigXml::xml_data()
 
 void TestConfigXml::xml()
 {
-    QFETCH(QString, text);
-    QFETCH(QString, key);
-    QFETCH(QString, expected);
-    QCOMPARE(lookup(text.toUtf8(), key), expected);
+    checkLookup("xml");
 }
 
 // The toolkit would search them all at each element.
 void TestConfigXml::xmlWithManyNameSpaces()
 {
-    QByteArray declarations;
-    QByteArray groups;
-    for (int i = 0; i < 20000; ++i) {
-        const QByteArray prefix = 'p' + QByteArray::number(i);
-        declarations += " xmlns:" + prefix + "='u'";
-        groups += '<' + prefix + ":doc a='1'/>";
-    }
-    const QByteArray text = "<zelmora" + declarations + '>' + groups + "</zelmora>";
-    QCOMPARE(lookup(text, "zelmora.p19999:doc.a"), QString("1"));
+    QCOMPARE(lookup(elementsOfManyNameSpaces(20000, "zelmora", "doc"), "zelmora.p19999:doc.a", "xml"), QString("1"));
 }
 
 void TestConfigXml::xmlFault_data()
 {
     QTest::addColumn<QByteArray>("text");
-
-    QByteArray entities;
-    for (int i = 0; i < 20000; ++i)
-        entities += "<!ENTITY e" + QByteArray::number(i) + " 'x'>";
 
     QTest::newRow("an empty file") << QByteArray();
     QTest::newRow("the brace format") << QByteArray("zelmora: { a = 1; };");
@@ -181,7 +148,7 @@ void TestConfigXml::xmlFault_data()
     QTest::newRow("random bytes after the root element") << QByteArray("<zelmora a='1'/>\x80\xFF\x01");
     QTest::newRow("100,000 elements inside each other")
         << QByteArray("<zelmora a='1'>").repeated(100000) + QByteArray("</zelmora>").repeated(100000);
-    QTest::newRow("20,000 entities") << "<!DOCTYPE zelmora [" + entities + "]><zelmora a='1'/>";
+    QTest::newRow("20,000 entities") << "<!DOCTYPE zelmora [" + entityDeclarations(20000) + "]><zelmora a='1'/>";
 }
 
 // All or nothing: of such a file not even what was good is kept.
@@ -190,7 +157,7 @@ void TestConfigXml::xmlFault()
     QFETCH(QByteArray, text);
 
     Config config;
-    const QByteArray output = captured(stdout, [&config, &text] { read(config, text); });
+    const QByteArray output = captured(stdout, [&config, &text] { read(config, text, "xml"); });
     QCOMPARE(output, QByteArray());
     QCOMPARE(config.lookup("zelmora.a"), QString());
     QCOMPARE(config.lookup("a.a"), QString());

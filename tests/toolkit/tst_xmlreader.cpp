@@ -2,6 +2,8 @@
 
 #include "toolkit/xmlplaces.h"
 
+#include "support/hostilexml.h"
+
 #include <QBuffer>
 #include <QTemporaryDir>
 #include <QTextCodec>
@@ -332,18 +334,11 @@ void TestXmlReader::manyElements()
 // The toolkit would search them all at each element.
 void TestXmlReader::manyNameSpaces()
 {
-    QByteArray declarations;
-    QByteArray rows;
-    for (int i = 0; i < 20000; ++i) {
-        const QByteArray prefix = 'p' + QByteArray::number(i);
-        declarations += " xmlns:" + prefix + "='u'";
-        rows += '<' + prefix + ":row/>";
-    }
-    const Outcome outcome = read("<job" + declarations + '>' + rows + "</job>");
+    const Outcome outcome = read(elementsOfManyNameSpaces(20000, "job", "row"));
     QVERIFY(outcome.result);
     QCOMPARE(outcome.events.size(), 40004);
     QCOMPARE(outcome.events.at(1), QString("start job"));
-    QCOMPARE(outcome.events.at(40000), QString("start p19999:row"));
+    QCOMPARE(outcome.events.at(40000), QString("start p19999:row [a=1]"));
 }
 
 void TestXmlReader::namespaceDeclarations_data()
@@ -584,18 +579,12 @@ void TestXmlReader::longDeclaration_data()
     QTest::addColumn<QByteArray>("declarations");
     QTest::addColumn<bool>("accepted");
 
-    const auto entities = [](int count) {
-        QByteArray declarations;
-        for (int i = 0; i < count; ++i)
-            declarations += "<!ENTITY e" + QByteArray::number(i) + " 'x'>";
-        return declarations;
-    };
     const auto parentheses = [](int count) {
         return "<!ELEMENT a " + QByteArray("(").repeated(count) + "b" + QByteArray(")").repeated(count) + ">";
     };
 
-    QTest::newRow("700 entities, 14,000 bytes") << entities(700) << true;
-    QTest::newRow("20,000 entities") << entities(20000) << false;
+    QTest::newRow("700 entities, 14,000 bytes") << entityDeclarations(700) << true;
+    QTest::newRow("20,000 entities") << entityDeclarations(20000) << false;
     QTest::newRow("200 parentheses inside each other") << parentheses(200) << true;
     QTest::newRow("200,000 parentheses inside each other") << parentheses(200000) << false;
     QTest::newRow("200,000 parentheses without an end") << parentheses(200000).left(200000) << false;
