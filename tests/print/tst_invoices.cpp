@@ -1,38 +1,19 @@
-#include "support/job.h"
+#include "support/invoicerows.h"
 #include "support/markedtexts.h"
+#include "support/sectionsdriver.h"
 
 #include <QtTest>
 
 namespace {
 
-const Element taxes {"totals", {{"total", "12.20"}, {"tax", "2.20"}, {"taxrate", "22"}, {"taxable", "10.00"}}};
-
-QStringList taxBlock()
-{
-    return {"setBold()",
-            R"(println(""))",
-            R"(println("    Taxable..............  10.00"))",
-            R"(println("    TaxRate..............     22"))",
-            R"(println("    Tax..................   2.20"))",
-            R"(println("    TOTAL................  12.20"))",
-            "setCharSize()"};
-}
-
-/// Notes what is printed as a partial order, and which sections are asked for.
-class PartialOrderDriver : public RecordingDriver {
+/// Notes what is printed as a partial order.
+class PartialOrderDriver : public SectionsDriver {
 public:
     QStringList partialOrder;
-    QStringList askedSections;
 
     void printPartialOrder(const QString& qName, const QXmlAttributes& atts) override
     {
         partialOrder += qName + ' ' + atts.value("name") + ' ' + QString::number(atts.count());
-    }
-
-    bool printSections(const QString& qName, const QXmlAttributes& atts) override
-    {
-        askedSections += qName;
-        return RecordingDriver::printSections(qName, atts);
     }
 };
 
@@ -65,42 +46,28 @@ void TestInvoices::invoice_data()
 {
     addJobColumns();
 
-    const QString titles = R"(println("Num Description     Price Amount"))";
-    const Element dish {"receipe", {{"name", "PIZZA"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}};
     const QString row = R"(println("  2 PIZZA............3.50   7.00"))";
-    addJob("two dishes after one row of titles, and the tax block", {dish, dish, taxes},
-           QStringList {"setBold()", titles, "setCharSize()", row, row} + taxBlock());
-    addJob("a dish whose name begins with = is printed",
-           {{"receipe", {{"name", "=PIZZA"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}}},
-           {"setBold()", titles, "setCharSize()", R"(println("  2 =PIZZA...........3.50   7.00"))"});
+    addJob("two dishes after one row of titles, and the tax block", {dish(), dish(), taxes()},
+           dishTitles() + QStringList {row, row} + taxBlock());
+    addJob("a dish whose name begins with = is printed", {dish("=PIZZA")},
+           dishTitles() + QStringList {R"(println("  2 =PIZZA...........3.50   7.00"))"});
     addJob("no attributes: dots alone", {{"receipe", {}}},
-           {"setBold()", titles, "setCharSize()", R"(println("    .....................       "))"});
-    addJob("a name just as wide as its column is whole",
-           {{"receipe", {{"name", "ABCDEFGHIJKLMNO"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}}},
-           {"setBold()", titles, "setCharSize()", R"(println("  2 ABCDEFGHIJKLMNO..3.50   7.00"))"});
-    addJob("a name one wider loses its last character",
-           {{"receipe", {{"name", "ABCDEFGHIJKLMNOP"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}}},
-           {"setBold()", titles, "setCharSize()", R"(println("  2 ABCDEFGHIJKLMNO..3.50   7.00"))"});
-    addJob("the tax block: bold before the empty line, size after the total", {taxes}, taxBlock());
-    addJob("each tax block is printed", {taxes, taxes}, taxBlock() + taxBlock());
+           dishTitles() + QStringList {R"(println("    .....................       "))"});
+    addJob("a name just as wide as its column is whole", {dish("ABCDEFGHIJKLMNO")},
+           dishTitles() + QStringList {R"(println("  2 ABCDEFGHIJKLMNO..3.50   7.00"))"});
+    addJob("a name one wider loses its last character", {dish("ABCDEFGHIJKLMNOP")},
+           dishTitles() + QStringList {R"(println("  2 ABCDEFGHIJKLMNO..3.50   7.00"))"});
+    addInvoiceRows();
+    addJob("each tax block is printed", {taxes(), taxes()}, taxBlock() + taxBlock());
     addJob("a tax block with a total only", {{"totals", {{"total", "12.20"}}}},
            {"setBold()", R"(println(""))", R"(println("    Taxable..............       "))",
             R"(println("    TaxRate..............       "))", R"(println("    Tax..................       "))",
             R"(println("    TOTAL................  12.20"))", "setCharSize()"});
-    addJob("the total of the tax block is not the attribute price",
-           {{"totals", {{"price", "12.20"}, {"totalPrice", "12.20"}}}},
-           {"setBold()", R"(println(""))", R"(println("    Taxable..............       "))",
-            R"(println("    TaxRate..............       "))", R"(println("    Tax..................       "))",
-            R"(println("    TOTAL................       "))", "setCharSize()"});
     addJob("amounts and rates are printed as they stand",
            {{"totals", {{"total", "123456.78"}, {"tax", "-2,2"}, {"taxrate", "abc"}, {"taxable", " 1 "}}}},
            {"setBold()", R"(println(""))", R"(println("    Taxable..............     1 "))",
             R"(println("    TaxRate..............    abc"))", R"(println("    Tax..................   -2,2"))",
             R"(println("    TOTAL................123456.78"))", "setCharSize()"});
-    addJob("the customer block", {{"customer", {{"name", "Rossi"}}}},
-           {R"(println("CUSTOMER"))", R"(println(1, "Rossi"))", separator()});
-    addJob("the invoice's number is a section", {{"invoice", {{"serialnumber", "7"}}}},
-           {R"(print(1, "Invoice Number:"))", R"(println(1, "7"))", separator()});
     addJob("other elements are ignored",
            elementsNamed({"variant", "receipe_type", "total", "notPaid", "Totals", "order"}), {});
 }
@@ -143,9 +110,7 @@ void TestInvoices::deliveryNote_data()
 {
     addJobColumns();
 
-    addJob("a dish, without prices",
-           {{"receipe", {{"name", "PIZZA"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}}},
-           {"setCharSize()", R"(println("  2 PIZZA                     "))"});
+    addJob("a dish, without prices", {dish()}, {"setCharSize()", R"(println("  2 PIZZA                     "))"});
     addJob("another course's dish and its variant",
            {{"otherreceipe", {{"name", "PIZZA"}, {"number", "2"}}},
             {"variant", {{"name", "onion"}, {"number", "2"}, {"quantity", "-1"}}}},

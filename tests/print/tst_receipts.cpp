@@ -25,25 +25,20 @@ void TestReceipts::receipt_data()
 {
     addJobColumns();
 
-    const QString titles = R"(println("Num Description     Price Amount"))";
-    const Element dish {"receipe", {{"name", "PIZZA"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}};
     const QString row = R"(println("  2 x PIZZA..........3.50   7.00"))";
-    addJob("a dish, after the titles", {dish}, {"setBold()", titles, "setCharSize()", row});
-    addJob("titles come once", {dish, dish}, {"setBold()", titles, "setCharSize()", row, row});
-    addJob("a dish whose name begins with = is printed",
-           {{"receipe", {{"name", "=PIZZA"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}}},
-           {"setBold()", titles, "setCharSize()", R"(println("  2 x =PIZZA.........3.50   7.00"))"});
+    addJob("a dish, after the titles", {dish()}, dishTitles() + QStringList {row});
+    addJob("titles come once", {dish(), dish()}, dishTitles() + QStringList {row, row});
+    addJob("a dish whose name begins with = is printed", {dish("=PIZZA")},
+           dishTitles() + QStringList {R"(println("  2 x =PIZZA.........3.50   7.00"))"});
     addJob("no attributes: dots alone", {{"receipe", {}}},
-           {"setBold()", titles, "setCharSize()", R"(println("    x ...................       "))"});
-    addJob("a name just as wide as its column is whole",
-           {{"receipe", {{"name", "ABCDEFGHIJKLM"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}}},
-           {"setBold()", titles, "setCharSize()", R"(println("  2 x ABCDEFGHIJKLM..3.50   7.00"))"});
-    addJob("a name one wider loses its last character",
-           {{"receipe", {{"name", "ABCDEFGHIJKLMN"}, {"number", "2"}, {"price", "3.50"}, {"totalPrice", "7.00"}}}},
-           {"setBold()", titles, "setCharSize()", R"(println("  2 x ABCDEFGHIJKLM..3.50   7.00"))"});
+           dishTitles() + QStringList {R"(println("    x ...................       "))"});
+    addJob("a name just as wide as its column is whole", {dish("ABCDEFGHIJKLM")},
+           dishTitles() + QStringList {R"(println("  2 x ABCDEFGHIJKLM..3.50   7.00"))"});
+    addJob("a name one wider loses its last character", {dish("ABCDEFGHIJKLMN")},
+           dishTitles() + QStringList {R"(println("  2 x ABCDEFGHIJKLM..3.50   7.00"))"});
     addJob("amounts are printed as they stand",
            {{"receipe", {{"name", "PIZZA"}, {"number", "2,5"}, {"price", "-1,5"}, {"totalPrice", "abc"}}}},
-           {"setBold()", titles, "setCharSize()", R"(println("2,5 x PIZZA..........-1,5    abc"))"});
+           dishTitles() + QStringList {R"(println("2,5 x PIZZA..........-1,5    abc"))"});
     addJob("the total, without bold or size", {{"total", {{"price", "12.50"}}}},
            {R"(println(""))", R"(println("    TOTAL................  12.50"))"});
     addJob("the total is the attribute price alone", {{"total", {{"total", "12.50"}}}},

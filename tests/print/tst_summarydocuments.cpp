@@ -1,21 +1,33 @@
-#include "support/job.h"
+#include "support/invoicerows.h"
 #include "support/markedtexts.h"
+#include "support/sectionsdriver.h"
 
 #include <QtTest>
 
 namespace {
 
-/// Notes which sections are asked for.
-class SectionsDriver : public RecordingDriver {
-public:
-    QStringList askedSections;
+Element firstCourses()
+{
+    return {"receipe_type", {{"price", "24.00"}, {"name", "PRIMI"}, {"number", "3"}}};
+}
 
-    bool printSections(const QString& qName, const QXmlAttributes& atts) override
-    {
-        askedSections += qName;
-        return RecordingDriver::printSections(qName, atts);
-    }
-};
+const QString firstCoursesRow = QStringLiteral(R"(println("  3 x PRIMI..............  24.00"))");
+
+/// What a receipt and an invoice print alike.
+void addTypeRows()
+{
+    addJob("a type, after the titles", {firstCourses()}, typeTitles() + QStringList {firstCoursesRow});
+    addJob("titles come once", {firstCourses(), firstCourses()},
+           typeTitles() + QStringList {firstCoursesRow, firstCoursesRow});
+    addJob("the amount is the attribute price alone",
+           {{"receipe_type", {{"totalPrice", "24.00"}, {"name", "PRIMI"}, {"number", "3"}}}},
+           typeTitles() + QStringList {R"(println("  3 x PRIMI..............       "))"});
+    addJob("no attributes: dots alone", {{"receipe_type", {}}},
+           typeTitles() + QStringList {R"(println("    x ...................       "))"});
+    addJob("a name one wider than its column loses its last character",
+           {{"receipe_type", {{"price", "24.00"}, {"name", "ABCDEFGHIJKLMN"}, {"number", "3"}}}},
+           typeTitles() + QStringList {R"(println("  3 x ABCDEFGHIJKLM......  24.00"))"});
+}
 
 } // namespace
 
@@ -82,19 +94,7 @@ void TestSummaryDocuments::summaryReceipt_data()
 {
     addJobColumns();
 
-    const QString titles = R"(println("Num Description            Price"))";
-    const Element type {"receipe_type", {{"price", "24.00"}, {"name", "PRIMI"}, {"number", "3"}}};
-    const QString row = R"(println("  3 x PRIMI..............  24.00"))";
-    addJob("a type, after the titles", {type}, {"setBold()", titles, "setCharSize()", row});
-    addJob("titles come once", {type, type}, {"setBold()", titles, "setCharSize()", row, row});
-    addJob("the amount is the attribute price alone",
-           {{"receipe_type", {{"totalPrice", "24.00"}, {"name", "PRIMI"}, {"number", "3"}}}},
-           {"setBold()", titles, "setCharSize()", R"(println("  3 x PRIMI..............       "))"});
-    addJob("no attributes: dots alone", {{"receipe_type", {}}},
-           {"setBold()", titles, "setCharSize()", R"(println("    x ...................       "))"});
-    addJob("a name one wider than its column loses its last character",
-           {{"receipe_type", {{"price", "24.00"}, {"name", "ABCDEFGHIJKLMN"}, {"number", "3"}}}},
-           {"setBold()", titles, "setCharSize()", R"(println("  3 x ABCDEFGHIJKLM......  24.00"))"});
+    addTypeRows();
     addJob("the total, without bold or size", {{"total", {{"price", "12.50"}}}},
            {R"(println(""))", R"(println("    TOTAL................  12.50"))"});
     addJob("the total is the attribute price alone", {{"total", {{"total", "12.50"}}}},
@@ -120,30 +120,8 @@ void TestSummaryDocuments::summaryInvoice_data()
 {
     addJobColumns();
 
-    const QString titles = R"(println("Num Description            Price"))";
-    const Element type {"receipe_type", {{"price", "24.00"}, {"name", "PRIMI"}, {"number", "3"}}};
-    const QString row = R"(println("  3 x PRIMI..............  24.00"))";
-    addJob("two types after one row of titles", {type, type}, {"setBold()", titles, "setCharSize()", row, row});
-    addJob("the tax block: bold before the empty line, size after the total",
-           {{"totals", {{"total", "12.20"}, {"tax", "2.20"}, {"taxrate", "22"}, {"taxable", "10.00"}}}},
-           {"setBold()", R"(println(""))", R"(println("    Taxable..............  10.00"))",
-            R"(println("    TaxRate..............     22"))", R"(println("    Tax..................   2.20"))",
-            R"(println("    TOTAL................  12.20"))", "setCharSize()"});
-    addJob("the total of the tax block is not the attribute price",
-           {{"totals", {{"price", "12.20"}, {"totalPrice", "12.20"}}}},
-           {"setBold()", R"(println(""))", R"(println("    Taxable..............       "))",
-            R"(println("    TaxRate..............       "))", R"(println("    Tax..................       "))",
-            R"(println("    TOTAL................       "))", "setCharSize()"});
-    addJob("the customer block", {{"customer", {{"name", "Rossi"}}}},
-           {R"(println("CUSTOMER"))", R"(println(1, "Rossi"))", separator()});
-    addJob("the invoice's number is a section", {{"invoice", {{"serialnumber", "7"}}}},
-           {R"(print(1, "Invoice Number:"))", R"(println(1, "7"))", separator()});
-    addJob("the amount is the attribute price alone",
-           {{"receipe_type", {{"totalPrice", "24.00"}, {"name", "PRIMI"}, {"number", "3"}}}},
-           {"setBold()", titles, "setCharSize()", R"(println("  3 x PRIMI..............       "))"});
-    addJob("a name one wider than its column loses its last character",
-           {{"receipe_type", {{"price", "24.00"}, {"name", "ABCDEFGHIJKLMN"}, {"number", "3"}}}},
-           {"setBold()", titles, "setCharSize()", R"(println("  3 x ABCDEFGHIJKLM......  24.00"))"});
+    addTypeRows();
+    addInvoiceRows();
     addJob("other elements are ignored", elementsNamed({"variant", "receipe", "total", "notPaid", "Totals", "order"}),
            {});
 }
