@@ -97,9 +97,10 @@ public:
             20000);
     }
 
-    /// Whether it ends by itself, as it should, and has said nothing.
-    bool ends()
+    /// Whether it ends by itself when it is told to, as it should, and has said nothing.
+    bool quits()
     {
+        press("Ctrl+Q");
         const bool ended = program.waitForFinished(20000) && program.exitStatus() == QProcess::NormalExit;
         said = program.readAllStandardError();
         said.replace("This plugin does not support propagateSizeHints()\n", "");
@@ -130,6 +131,14 @@ private:
 
 #define COMPARE_SHOWN(editor, expected) \
     QVERIFY2((editor).shows(expected), qPrintable("It shows: " + (editor).lastShown))
+
+#define VERIFY_QUITS(editor) QVERIFY2((editor).quits(), (editor).said.constData())
+
+/// What it shows of the file @p path when that is open and nothing else was done.
+static QString openedFile(const QString& path)
+{
+    return path + "[*] - Settings|&File|&Edit|" + path;
+}
 
 /// The program when it is to end before it opens a window, in surroundings that have no display.
 static void startWithoutADisplay(ProgramRun& run, const QByteArray& arguments)
@@ -251,8 +260,7 @@ void TestSettingsProgram::usesEveryDotOfTheScreen()
     const QStringList attributes = editor.attributes();
     for (const char* name : {"AA_EnableHighDpiScaling", "AA_UseHighDpiPixmaps"})
         QVERIFY2(attributes.contains(name), qPrintable(attributes.join('|')));
-    editor.press("Ctrl+Q");
-    QVERIFY2(editor.ends(), editor.said.constData());
+    VERIFY_QUITS(editor);
 }
 
 void TestSettingsProgram::takesAFileWhoseNameBeginsLikeAnOption()
@@ -261,9 +269,8 @@ void TestSettingsProgram::takesAFileWhoseNameBeginsLikeAnOption()
     run.setSettings("zelmora: { a = b; };");
     const QString path = run.writeFile("--help", "zelmora: { a = c; };");
     Editor editor(run, {"--", "--help"});
-    COMPARE_SHOWN(editor, path + "[*] - Settings|&File|&Edit|" + path);
-    editor.press("Ctrl+Q");
-    QVERIFY2(editor.ends(), editor.said.constData());
+    COMPARE_SHOWN(editor, openedFile(path));
+    VERIFY_QUITS(editor);
 }
 
 void TestSettingsProgram::takesAnOptionOfTheToolkit_data()
@@ -293,9 +300,8 @@ void TestSettingsProgram::takesAnOptionOfTheToolkit()
     run.setSettings("zelmora: { a = b; };");
     const QString path = run.writeFile("other.conf", "zelmora: { a = c; };");
     Editor editor(run, option + QStringList {path}, setting);
-    COMPARE_SHOWN(editor, path + "[*] - Settings|&File|&Edit|" + path);
-    editor.press("Ctrl+Q");
-    QVERIFY2(editor.ends(), editor.said.constData());
+    COMPARE_SHOWN(editor, openedFile(path));
+    VERIFY_QUITS(editor);
 }
 
 void TestSettingsProgram::opensTheUsersOwnFile()
@@ -304,9 +310,8 @@ void TestSettingsProgram::opensTheUsersOwnFile()
     run.setSettings("zelmora: { a = b; };");
     Editor editor(run, {});
     const QString path = run.path("home/.zelmora/conf/zelmora.conf");
-    COMPARE_SHOWN(editor, path + "[*] - Settings|&File|&Edit|" + path);
-    editor.press("Ctrl+Q");
-    QVERIFY2(editor.ends(), editor.said.constData());
+    COMPARE_SHOWN(editor, openedFile(path));
+    VERIFY_QUITS(editor);
 }
 
 void TestSettingsProgram::opensTheFileThatIsNamed()
@@ -315,13 +320,12 @@ void TestSettingsProgram::opensTheFileThatIsNamed()
     run.setSettings("zelmora: { a = b; };");
     const QString path = run.writeFile("caff\u00E8.xml", "<zelmora a='c'/>");
     Editor editor(run, {QFileInfo(path).fileName()}); // from the folder that it is started in
-    COMPARE_SHOWN(editor, path + "[*] - Settings|&File|&Edit|" + path);
+    COMPARE_SHOWN(editor, openedFile(path));
     editor.press("Ctrl+F");
     editor.type("c");
     editor.press("Return");
     COMPARE_SHOWN(editor, path + "[*] - Settings|&File|&Edit|c");
-    editor.press("Ctrl+Q");
-    QVERIFY2(editor.ends(), editor.said.constData());
+    VERIFY_QUITS(editor);
 }
 
 void TestSettingsProgram::theUsersOwnFileIsMissing()
@@ -333,8 +337,7 @@ void TestSettingsProgram::theUsersOwnFileIsMissing()
     COMPARE_SHOWN(editor, "Settings|The file " + path + " cannot be read: No such file or directory");
     editor.press("Return");
     COMPARE_SHOWN(editor, "no file[*] - Settings|&File|&Edit");
-    editor.press("Ctrl+Q");
-    QVERIFY2(editor.ends(), editor.said.constData());
+    VERIFY_QUITS(editor);
 }
 
 void TestSettingsProgram::speaksTheLanguageOfTheDocuments()
@@ -384,8 +387,7 @@ void TestSettingsProgram::aChangedWidthShowsOnTheNextReceipt()
     editor.type("40");
     editor.press("Return");
     editor.press("Ctrl+S");
-    editor.press("Ctrl+Q");
-    QVERIFY2(editor.ends(), editor.said.constData());
+    VERIFY_QUITS(editor);
     const QByteArray after = rowsOf(run.print(job));
     QVERIFY2(after.contains("\nnofis riga='  2 x Coperto...............2.50    5.00'\n"), after);
 
@@ -399,8 +401,7 @@ void TestSettingsProgram::remembersItsSizeInTheUsersHome()
     ProgramRun run;
     run.setSettings("zelmora: { a = b; };");
     Editor editor(run, {});
-    editor.press("Ctrl+Q");
-    QVERIFY2(editor.ends(), editor.said.constData());
+    VERIFY_QUITS(editor);
     QVERIFY(fileContents(run.path("home/.config/zelmora/zelmora-settings.conf")).contains("geometry="));
 }
 
@@ -436,8 +437,7 @@ void TestSettingsProgram::fitsTheScreen()
             && places["main"].size().expandedTo(leastSize) == places["main"].size();
     };
     QVERIFY2(editor.isPlaced(isGood), qPrintable("It has: " + editor.lastShown));
-    editor.press("Ctrl+Q");
-    QVERIFY2(editor.ends(), editor.said.constData());
+    VERIFY_QUITS(editor);
 }
 
 void TestSettingsProgram::fitsAScreenSmallerThanTheLast()
@@ -449,8 +449,7 @@ void TestSettingsProgram::fitsAScreenSmallerThanTheLast()
         QVERIFY(editor.isPlaced(mainWindowFits));
         editor.resize("700 680");
         QVERIFY(editor.isPlaced([](const Editor::Places& places) { return places["main"].height() >= 680; }));
-        editor.press("Ctrl+Q");
-        QVERIFY2(editor.ends(), editor.said.constData());
+        VERIFY_QUITS(editor);
     }
     Editor editor(run, {});
     const auto isGood = [&](const Editor::Places& places) {
