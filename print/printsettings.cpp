@@ -2,12 +2,12 @@
 
 #include "print/printerdriver.h"
 
-#include "config/documentgroups.h"
 #include "config/zmconfiguration.h"
 #include "toolkit/console.h"
 #include "toolkit/literals.h"
 #include "toolkit/localecodec.h"
 #include "toolkit/numbertext.h"
+#include "vocabulary/documentgroups.h"
 
 #include <algorithm>
 

@@ -126,8 +126,7 @@ public:
         while (levels.size() > 1)
             endGroup();
         const auto comesFirst = [](const FileRemark& left, const FileRemark& right) {
-            return left.place.line != right.place.line ? left.place.line < right.place.line
-                                                       : left.place.column < right.place.column;
+            return left.place < right.place;
         };
         std::stable_sort(review.remarks.begin(), review.remarks.end(), comesFirst);
         return review;

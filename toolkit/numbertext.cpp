@@ -31,10 +31,16 @@ double toNumber(const QString& text)
     return converted && std::isfinite(value) && isWrittenInAscii(text) ? value : 0.0;
 }
 
+std::optional<int> wholeNumber(const QString& text)
+{
+    bool converted = false;
+    const int value = text.toInt(&converted);
+    return converted && isWrittenInAscii(text) ? std::optional<int>(value) : std::nullopt;
+}
+
 int toInteger(const QString& text)
 {
-    const int value = text.toInt();
-    return isWrittenInAscii(text) ? value : 0;
+    return wholeNumber(text).value_or(0);
 }
 
 } // namespace toolkit

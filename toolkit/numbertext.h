@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace toolkit {
 
 /// The text of @p value as C's "%.15g" writes it, whatever the locale: 15 significant digits, no trailing
@@ -17,6 +19,8 @@ double toNumber(const QString& text);
 
 /// The same for a whole number: no point, no exponent. What does not fit 32 bits gives 0.
 int toInteger(const QString& text);
+/// The same, and nothing where that is 0 because @p text is no such number.
+std::optional<int> wholeNumber(const QString& text);
 
 } // namespace toolkit
 

@@ -16,6 +16,12 @@ inline bool operator==(TextPlace left, TextPlace right)
     return left.line == right.line && left.column == right.column;
 }
 
+/// In the order of the text.
+inline bool operator<(TextPlace left, TextPlace right)
+{
+    return left.line != right.line ? left.line < right.line : left.column < right.column;
+}
+
 /// Works out lines and columns of bytes. Lines end at LF. A column counts every byte that does not continue a UTF-8
 /// sequence, a tab too; a byte-order mark counts none.
 ///

@@ -1,10 +1,10 @@
 #include "util/hlibrary.h"
 
-#include "config/documentgroups.h"
 #include "config/zmconfiguration.h"
 #include "toolkit/console.h"
 #include "toolkit/literals.h"
 #include "toolkit/localecodec.h"
+#include "vocabulary/documentgroups.h"
 
 using toolkit::operator""_L1;
 

@@ -38,8 +38,8 @@ void TestCatalogue::holdsEveryMarkedText()
     const QString marked = folder.filePath("marked.ts");
     QProcess lupdate;
     QStringList arguments {"-silent"};
-    for (const char* sources :
-         {"app", "config", "db", "driver", "editor", "log", "print", "settings", "toolkit", "util"})
+    for (const char* sources : {"app", "check", "config", "db", "driver", "editor", "log", "print", "settings",
+                                "toolkit", "util", "vocabulary"})
         arguments += QString(ZELMORA_TRANSLATIONS "/../") + sources;
     lupdate.start(ZELMORA_LUPDATE, arguments + QStringList {"-ts", marked});
     QVERIFY(lupdate.waitForFinished());

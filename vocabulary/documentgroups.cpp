@@ -1,4 +1,4 @@
-#include "config/documentgroups.h"
+#include "vocabulary/documentgroups.h"
 
 QLatin1String documentgroups::ofType(const QString& type)
 {
