@@ -14,6 +14,11 @@ ZMConfiguration::ZMConfiguration()
     readFile(path(), QStringLiteral("cfg"));
 }
 
+ZMConfiguration::ZMConfiguration(const QByteArray& bytes, const QString& name, const QString& format)
+{
+    readBytes(bytes, name, format);
+}
+
 QString ZMConfiguration::getStrValue(const QString& key) const
 {
     return toolkit::eightBit(lookup(toolkit::eightBit(key)));

@@ -14,6 +14,9 @@ public:
 
     /// Reads the file. A missing one is reported on standard output and leaves every setting empty.
     ZMConfiguration();
+    /// Takes the settings of the file @p name from its @p bytes, in the format "cfg" or "xml": nothing is opened, and
+    /// nothing is reported. For programs that look at settings other than the user's own.
+    ZMConfiguration(const QByteArray& bytes, const QString& name, const QString& format);
 
     /// The text stored under a dotted key such as "zelmora.receiptdoc.paperWidth", an empty string when there is
     /// none. Key and value pass through the 8-bit form (Latin-1): a character above U+00FF becomes '?'.

@@ -1,5 +1,7 @@
 #include "config/zmconfiguration.h"
 
+#include "support/capture.h"
+
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -17,6 +19,8 @@ private slots:
     void value();
     void replacedFileIsNotReadAgain();
     void everyStoreReadsTheFile();
+    void settingsFromBytes_data();
+    void settingsFromBytes();
 
     void missingFile_data();
     void missingFile();
@@ -99,6 +103,36 @@ void TestZMConfiguration::everyStoreReadsTheFile()
     const ZMConfiguration second;
     QCOMPARE(first.getStrValue("zelmora.a"), QString("before"));
     QCOMPARE(second.getStrValue("zelmora.a"), QString("after"));
+}
+
+void TestZMConfiguration::settingsFromBytes_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("in the brace format") << QByteArray("zelmora: { a = è; };") << "cfg"
+                                         << "è";
+    QTest::newRow("in XML") << QByteArray("<zelmora a='è'/>") << "xml"
+                            << "è";
+    QTest::newRow("in a format that is none") << QByteArray("zelmora: { a = è; };") << "ini"
+                                              << "";
+    QTest::newRow("without a byte") << QByteArray() << "cfg"
+                                    << "";
+}
+
+void TestZMConfiguration::settingsFromBytes()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, format);
+    QFETCH(QString, expected);
+
+    writeSettings("zelmora: { a = the user's own; };");
+    const QByteArray said = captured(stdout, [&] {
+        const ZMConfiguration store(bytes, "/nowhere/till.conf", format);
+        QCOMPARE(store.getStrValue("zelmora.a"), expected);
+    });
+    QCOMPARE(said, QByteArray());
 }
 
 void TestZMConfiguration::missingFile_data()
