@@ -26,6 +26,12 @@ CompanyPrinterDriver::CompanyPrinterDriver(const QString& path)
 {
 }
 
+CompanyPrinterDriver::CompanyPrinterDriver(ZMConfiguration& settings)
+    : PrinterDriver(settings)
+    , lineBuffer(registercommands::linePrefix)
+{
+}
+
 CompanyPrinterDriver::~CompanyPrinterDriver() = default;
 
 int CompanyPrinterDriver::getPaperWidth()

@@ -40,10 +40,15 @@ public:
     virtual void printRowFiscal(const QString& department, const QString& quantity, const QString& description,
                                 const QString& price, const QString& rate);
 
+protected:
+    /// For a driver that takes the commands elsewhere: it writes to no file. @p settings outlive it.
+    explicit CompanyPrinterDriver(ZMConfiguration& settings);
+    /// Takes one whole command, its line end included. Here it goes to the file.
+    virtual void write(const QString& command);
+
 private:
     bool isFiscal() const;
     int centringBlanks();
-    void write(const QString& command);
 
     QString lineBuffer; ///< the line under construction, from the command's first character on
 };

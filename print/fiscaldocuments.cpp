@@ -14,8 +14,10 @@ void PrinterDriver::printFullOrderFiscal(const QString& qName, const QXmlAttribu
         descriptionWidth = getPaperWidth();
 
     if (qName == "receipe"_L1) {
-        printRowFiscal(atts.value("department"_L1), atts.value("number"_L1),
-                       atts.value("name"_L1).left(descriptionWidth), atts.value("price"_L1));
+        const QString name = atts.value("name"_L1);
+        noteCut(name, descriptionWidth);
+        printRowFiscal(atts.value("department"_L1), atts.value("number"_L1), name.left(descriptionWidth),
+                       atts.value("price"_L1));
     } else if (qName == "total"_L1) {
         printRowFiscal(qName, atts);
     }

@@ -58,6 +58,11 @@ PrinterDriver::PrinterDriver(const QString& path, bool append)
     stream = std::make_unique<toolkit::TextWriter>(*file, toolkit::TextEncoder::Encoding::Locale);
 }
 
+PrinterDriver::PrinterDriver(ZMConfiguration& settings)
+    : config(&settings)
+{
+}
+
 PrinterDriver::~PrinterDriver() = default;
 
 bool PrinterDriver::startDocument()
@@ -107,6 +112,10 @@ void PrinterDriver::reset()
 }
 
 void PrinterDriver::initPrinter()
+{
+}
+
+void PrinterDriver::textCut(const QString&, int)
 {
 }
 

@@ -103,7 +103,8 @@ public:
     /// True at the first call on this object and false ever after. Shared with printColumnsHeader(): whichever
     /// comes first in a document is the only one to act.
     bool oneTime();
-    /// One row of the document's columns, as print/rowlayout.h says; prints nothing.
+    /// One row of the document's columns, as print/rowlayout.h says; prints nothing, and says by textCut() when the
+    /// description does not fit.
     QString descriptionRow(const QString& quantity, const QString& description, const QString& price,
                            const QString& totalPrice, const QChar& fill, const QString& layout);
 
@@ -159,9 +160,15 @@ public:
     void loadValues(const QString& type);
 
 protected:
-    ZMConfiguration* config; ///< the process-wide settings store, not owned
+    /// For a driver that writes to no file: the job is laid out with @p settings, which outlive the driver.
+    explicit PrinterDriver(ZMConfiguration& settings);
+
+    /// Called when of @p text only the first @p kept characters go into the row that is being made; does nothing here.
+    virtual void textCut(const QString& text, int kept);
+
+    ZMConfiguration* config; ///< the settings store, not owned: the process-wide one, or that of a driver's own
     QString method; ///< the print method's name; empty until one was accepted
-    std::unique_ptr<QFile> file;
+    std::unique_ptr<QFile> file; ///< null in a driver that writes to none
     /// Writes to file in the locale's encoding; null when it is not open. After file, so that it writes what it has
     /// gathered before the file closes.
     std::unique_ptr<toolkit::TextWriter> stream;
@@ -222,6 +229,8 @@ private:
     void printLogoSection(const QXmlAttributes& atts);
 
     // rows.cpp: what several kinds of document share
+    /// Says by textCut() that @p text is longer than @p width, if it is. Nothing is cut to a negative width.
+    void noteCut(const QString& text, int width);
     void printRow(const QString& quantity, const QString& description, const QString& price, const QString& totalPrice,
                   const QString& layout);
     void printTotal(const QString& amount);

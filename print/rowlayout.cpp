@@ -47,72 +47,88 @@ void appendDescription(QString& row, const QString& text, int width, QChar fill)
     pad(row, width - text.size(), fill);
 }
 
-void qdpt(QString& row, const Widths& w, const Texts& t, QChar fill)
+struct Layout {
+    QLatin1String name;
+    void (*append)(QString& row, const Widths&, const Texts&, int description, QChar fill);
+    int (*descriptionWidth)(const Widths&);
+};
+
+void qdpt(QString& row, const Widths& w, const Texts& t, int description, QChar fill)
 {
     appendRight(row, t.quantity, w.quantity, blank);
     row += blank;
-    appendDescription(row, t.description, w.paper - w.quantity - w.price - w.totalPrice - 1, fill);
+    appendDescription(row, t.description, description, fill);
     appendRight(row, t.price, w.price, fill);
     appendRight(row, t.totalPrice, w.totalPrice, blank);
 }
 
-void qxdpt(QString& row, const Widths& w, const Texts& t, QChar fill)
+void qxdpt(QString& row, const Widths& w, const Texts& t, int description, QChar fill)
 {
     appendRight(row, t.quantity, w.quantity, blank);
     row += " x "_L1;
-    appendDescription(row, t.description, w.paper - w.quantity - w.price - w.totalPrice - 3, fill);
+    appendDescription(row, t.description, description, fill);
     appendRight(row, t.price, w.price, fill);
     appendRight(row, t.totalPrice, w.totalPrice, blank);
 }
 
-void qxdtDoubleLine(QString& row, const Widths& w, const Texts& t, QChar fill)
+void qxdtDoubleLine(QString& row, const Widths& w, const Texts& t, int description, QChar fill)
 {
     row += t.quantity;
     row += " x "_L1;
     row += t.price;
     row += QLatin1Char('\n');
-    appendDescription(row, t.description, w.paper - w.totalPrice, fill);
+    appendDescription(row, t.description, description, fill);
     appendRight(row, t.totalPrice, w.totalPrice, fill);
 }
 
-void qxd(QString& row, const Widths& w, const Texts& t, QChar fill)
+void qxd(QString& row, const Widths& w, const Texts& t, int description, QChar fill)
 {
     appendRight(row, t.quantity, w.quantity, blank);
     row += " x "_L1;
-    appendDescription(row, t.description, w.paper - w.quantity - 3, fill);
+    appendDescription(row, t.description, description, fill);
 }
 
-/// Two characters short of the paper, and padded with blanks whatever the fill.
-void qd(QString& row, const Widths& w, const Texts& t, QChar)
+/// Padded with blanks whatever the fill.
+void qd(QString& row, const Widths& w, const Texts& t, int description, QChar)
 {
     appendRight(row, t.quantity, w.quantity, blank);
     row += blank;
-    appendDescription(row, t.description, w.paper - w.quantity - 3, blank);
+    appendDescription(row, t.description, description, blank);
 }
 
-/// Three characters short of the paper.
-void dateAmountType(QString& row, const Widths& w, const Texts& t, QChar fill)
+void dateAmountType(QString& row, const Widths& w, const Texts& t, int description, QChar fill)
 {
     appendLeft(row, t.quantity, dateWidth, blank);
-    appendDescription(row, t.description, w.paper - dateWidth - w.price - 3, fill);
+    appendDescription(row, t.description, description, fill);
     appendRight(row, t.price, w.price, fill);
 }
 
-struct Layout {
-    QLatin1String name;
-    void (*append)(QString& row, const Widths&, const Texts&, QChar fill);
-};
+int besideQuantity(const Widths& w)
+{
+    return w.paper - w.quantity - 3;
+}
 
 // clang-format off
+/// What the other columns leave of the paper. The rows of "qd" end two characters short of it, those of
+/// "date-amount-type" three.
 constexpr Layout layouts[] = {
-    {"qdpt"_L1, qdpt},
-    {"qxdpt"_L1, qxdpt},
-    {"qxdtDoubleLine"_L1, qxdtDoubleLine},
-    {"qxd"_L1, qxd},
-    {"qd"_L1, qd},
-    {"date-amount-type"_L1, dateAmountType},
+    {"qdpt"_L1, qdpt, [](const Widths& w) { return w.paper - w.quantity - w.price - w.totalPrice - 1; }},
+    {"qxdpt"_L1, qxdpt, [](const Widths& w) { return w.paper - w.quantity - w.price - w.totalPrice - 3; }},
+    {"qxdtDoubleLine"_L1, qxdtDoubleLine, [](const Widths& w) { return w.paper - w.totalPrice; }},
+    {"qxd"_L1, qxd, besideQuantity},
+    {"qd"_L1, qd, besideQuantity},
+    {"date-amount-type"_L1, dateAmountType, [](const Widths& w) { return w.paper - dateWidth - w.price - 3; }},
 };
 // clang-format on
+
+const Layout* findLayout(const QString& name)
+{
+    for (const Layout& candidate : layouts) {
+        if (name == candidate.name)
+            return &candidate;
+    }
+    return nullptr;
+}
 
 } // namespace
 
@@ -120,14 +136,17 @@ QString row(const QString& layout, const Widths& widths, const QString& quantity
             const QString& price, const QString& totalPrice, QChar fill)
 {
     QString row;
-    for (const Layout& candidate : layouts) {
-        if (layout == candidate.name) {
-            row.reserve(std::max(widths.paper, 0) + 16); // a few texts are longer than their columns
-            candidate.append(row, widths, {quantity, description, price, totalPrice}, fill);
-            break;
-        }
+    if (const Layout* const used = findLayout(layout)) {
+        row.reserve(std::max(widths.paper, 0) + 16); // a few texts are longer than their columns
+        used->append(row, widths, {quantity, description, price, totalPrice}, used->descriptionWidth(widths), fill);
     }
     return row;
+}
+
+int descriptionWidth(const QString& layout, const Widths& widths)
+{
+    const Layout* const used = findLayout(layout);
+    return used ? used->descriptionWidth(widths) : -1;
 }
 
 } // namespace rowlayout

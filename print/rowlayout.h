@@ -29,6 +29,10 @@ struct Widths {
 QString row(const QString& layout, const Widths& widths, const QString& quantity, const QString& description,
             const QString& price, const QString& totalPrice, QChar fill);
 
+/// The characters that the description has in a row of @p layout; less than 0 where it is neither padded nor cut. An
+/// unknown layout has no row to cut anything from: -1.
+int descriptionWidth(const QString& layout, const Widths& widths);
+
 } // namespace rowlayout
 
 #endif

@@ -15,7 +15,14 @@ QString PrinterDriver::descriptionRow(const QString& quantity, const QString& de
                                       const QString& totalPrice, const QChar& fill, const QString& layout)
 {
     const rowlayout::Widths widths {paperWidth, quantityFieldWidth, priceFieldWidth, totalPriceFieldWidth};
+    noteCut(description, rowlayout::descriptionWidth(layout, widths));
     return rowlayout::row(layout, widths, quantity, description, price, totalPrice, fill);
+}
+
+void PrinterDriver::noteCut(const QString& text, int width)
+{
+    if (width >= 0 && text.size() > width)
+        textCut(text, width);
 }
 
 void PrinterDriver::printSeparatorLine()

@@ -1,5 +1,6 @@
 #include "driver/companyprinterdriver.h"
 
+#include "config/zmconfiguration.h"
 #include "support/capture.h"
 #include "support/job.h"
 #include "support/registerscript.h"
@@ -87,6 +88,20 @@ public:
     using PrinterDriver::justify;
 };
 
+/// Keeps the commands, and writes to no file.
+class KeepingDriver : public CompanyPrinterDriver {
+public:
+    explicit KeepingDriver(ZMConfiguration& settings)
+        : CompanyPrinterDriver(settings)
+    {
+    }
+
+    QStringList commands;
+
+private:
+    void write(const QString& command) override { commands += command; }
+};
+
 } // namespace
 
 /// The bytes of the cash register's script.
@@ -111,6 +126,8 @@ private slots:
     void registersWord();
     void unfinishedLines_data();
     void unfinishedLines();
+
+    void commandsOfADriverWithoutAFile();
 
     // Documents
     void framing_data();
@@ -371,6 +388,21 @@ void TestCompanyPrinterDriver::unfinishedLines_data()
 void TestCompanyPrinterDriver::unfinishedLines()
 {
     checkWritten();
+}
+
+void TestCompanyPrinterDriver::commandsOfADriverWithoutAFile()
+{
+    useSettings("zelmora: { receiptdoc: { paperWidth = 3; }; };");
+    ZMConfiguration settings("zelmora: { receiptdoc: { paperWidth = 5; }; };", "own.conf", "cfg");
+    KeepingDriver driver(settings);
+    driver.startDocument();
+    selectMethod(driver, "printFullOrderReceipt");
+    deliver(driver, {{"receipt", {{"serialnumber", "7"}}}});
+    driver.endDocument();
+
+    const QStringList expected {"nofis apri\r\n", "nofis riga=' Serial Number: 7'\r\n", "nofis riga='====='\r\n",
+                                "nofis chiudi\r\n"};
+    QCOMPARE(driver.commands, expected);
 }
 
 void TestCompanyPrinterDriver::framing_data()

@@ -17,6 +17,11 @@ const QByteArray allFlags = "printGeometry = true; topMargin = 2; printHeader = 
 class NarrowDriver : public RecordingDriver {
 public:
     int getPaperWidth() override { return 7; }
+
+    QStringList cuts;
+
+private:
+    void textCut(const QString& text, int kept) override { cuts += QString("%1 to %2").arg(text).arg(kept); }
 };
 
 } // namespace
@@ -34,6 +39,7 @@ private slots:
     void descriptionWidth();
     void hugeDescriptionWidth();
     void descriptionWidthIsTheDevicesOwn();
+    void whatIsCutIsSaid();
     void descriptionWidthIsReadAfreshForEachElement();
     void otherElementsDoNothing();
 };
@@ -132,6 +138,16 @@ void TestFiscalDocuments::descriptionWidthIsTheDevicesOwn()
 
     QCOMPARE(callsOf(driver, "printFullOrderFiscal", {{"receipe", {{"name", "ABCDEFGHIJ"}}}}),
              QStringList {R"(printRowFiscal("", "", "ABCDEFG", ""))"});
+}
+
+void TestFiscalDocuments::whatIsCutIsSaid()
+{
+    NarrowDriver driver;
+    callsOf(
+        driver, "printFullOrderFiscal",
+        {{"receipe", {{"name", "1234567"}}}, {"receipe", {{"name", "12345678"}}}, {"other", {{"name", "12345678"}}}});
+    callsOf(driver, "printAbstractOrderFiscal", {{"receipe_type", {{"name", "12345678"}}}});
+    QCOMPARE(driver.cuts, QStringList {"12345678 to 7"});
 }
 
 void TestFiscalDocuments::descriptionWidthIsReadAfreshForEachElement()

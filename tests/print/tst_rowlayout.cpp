@@ -77,6 +77,8 @@ private slots:
     void rowLength();
     void unknownLayoutGivesNothing_data();
     void unknownLayoutGivesNothing();
+    void descriptionWidth_data();
+    void descriptionWidth();
 };
 
 void TestRowLayout::qdpt_data()
@@ -339,6 +341,30 @@ void TestRowLayout::unknownLayoutGivesNothing()
 {
     QFETCH(QString, layout);
     QCOMPARE(rowOf(layout, usual, pizza, '.'), QString());
+}
+
+void TestRowLayout::descriptionWidth_data()
+{
+    QTest::addColumn<QString>("layout");
+    QTest::addColumn<QVector<int>>("widths");
+    QTest::addColumn<int>("expected");
+
+    QTest::newRow("qdpt") << "qdpt" << usual << 19;
+    QTest::newRow("qxdpt") << "qxdpt" << usual << 17;
+    QTest::newRow("qxdtDoubleLine") << "qxdtDoubleLine" << usual << 32;
+    QTest::newRow("qxd") << "qxd" << usual << 33;
+    QTest::newRow("qd") << "qd" << usual << 33;
+    QTest::newRow("date-amount-type") << "date-amount-type" << usual << 14;
+    QTest::newRow("columns wider than the paper") << "qdpt" << QVector<int> {20, 4, 8, 8} << -1;
+    QTest::newRow("no layout") << "qdptx" << usual << -1;
+}
+
+void TestRowLayout::descriptionWidth()
+{
+    QFETCH(QString, layout);
+    QFETCH(QVector<int>, widths);
+    QFETCH(int, expected);
+    QCOMPARE(rowlayout::descriptionWidth(layout, {widths[0], widths[1], widths[2], widths[3]}), expected);
 }
 
 QTEST_GUILESS_MAIN(TestRowLayout)

@@ -6,6 +6,19 @@ using Print = void (PrinterDriver::*)(const QString& qName, const QXmlAttributes
 
 Q_DECLARE_METATYPE(Print)
 
+namespace {
+
+/// Notes what is cut, too.
+class CutDriver : public RecordingDriver {
+public:
+    QStringList cuts;
+
+private:
+    void textCut(const QString& text, int kept) override { cuts += QString("%1 to %2").arg(text).arg(kept); }
+};
+
+} // namespace
+
 /// The rule, the column titles and the rows that documents share.
 class TestRows : public QObject {
     Q_OBJECT
@@ -21,6 +34,8 @@ private slots:
     void descriptionRowTakesTheDocumentsWidths_data();
     void descriptionRowTakesTheDocumentsWidths();
     void descriptionRowPrintsNothing();
+    void whatIsCutIsSaid_data();
+    void whatIsCutIsSaid();
     void oneTimeIsTrueOnce();
     void oneTimeIsEachDriversOwn();
     void columnsHeaderAfterOneTimePrintsNothing();
@@ -138,6 +153,35 @@ void TestRows::descriptionRowPrintsNothing()
     driver.descriptionRow("a", "b", "c", "d", '.', "qdpt");
     QCOMPARE(driver.takeCalls(), QStringList());
     QCOMPARE(driver.oneTime(), true);
+}
+
+void TestRows::whatIsCutIsSaid_data()
+{
+    QTest::addColumn<QString>("layout");
+    QTest::addColumn<QString>("description");
+    QTest::addColumn<QStringList>("cuts");
+
+    // The document leaves 15 characters for a description in "qdpt" and 26 in "qd".
+    QTest::newRow("as wide as its column") << "qdpt"
+                                           << "123456789012345" << QStringList();
+    QTest::newRow("one wider") << "qdpt"
+                               << "1234567890123456" << QStringList {"1234567890123456 to 15"};
+    QTest::newRow("in a wider column") << "qd"
+                                       << "1234567890123456" << QStringList();
+    QTest::newRow("in no layout") << "none"
+                                  << "1234567890123456" << QStringList();
+}
+
+void TestRows::whatIsCutIsSaid()
+{
+    QFETCH(QString, layout);
+    QFETCH(QString, description);
+    QFETCH(QStringList, cuts);
+    CutDriver driver;
+    driver.loadValues("receipt");
+
+    driver.descriptionRow("123456", description, "1234567", "12345678", '.', layout);
+    QCOMPARE(driver.cuts, cuts);
 }
 
 void TestRows::oneTimeIsTrueOnce()
