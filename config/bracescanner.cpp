@@ -56,22 +56,16 @@ int leadingCharacters(const QString& text)
 
 } // namespace
 
-QString ScannedText::text() const
-{
-    bool isUtf8 = false;
-    QString whole = decoded(withoutBlanks(bytes), isUtf8);
-    const int leading = leadingCharacters(whole);
-    return leading == 0 ? std::move(whole).trimmed() : whole.mid(leading).trimmed();
-}
-
-qint64 ScannedText::textOffset() const
+std::pair<QString, qint64> ScannedText::trimmed() const
 {
     const std::string_view inner = withoutBlanks(bytes);
     const qint64 begin = offset + (inner.empty() ? static_cast<qint64>(bytes.size()) : inner.data() - bytes.data());
     bool isUtf8 = false;
-    const QString whole = decoded(inner, isUtf8);
+    QString whole = decoded(inner, isUtf8);
     const int leading = leadingCharacters(whole);
-    return begin + (isUtf8 ? whole.left(leading).toUtf8().size() : leading);
+    if (leading == 0)
+        return {std::move(whole).trimmed(), begin};
+    return {whole.mid(leading).trimmed(), begin + (isUtf8 ? whole.left(leading).toUtf8().size() : leading)};
 }
 
 BraceScanner::BraceScanner(std::FILE* input)

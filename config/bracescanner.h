@@ -8,6 +8,7 @@
 #include <deque>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace libconfig {
 
@@ -18,9 +19,11 @@ struct ScannedText {
 
     /// What it says: UTF-8 where the bytes are that, ISO-8859-1 otherwise, without white space around it and without
     /// byte-order marks at its start (all of them, so that what is written and read again stays the same).
-    QString text() const;
+    QString text() const { return trimmed().first; }
     /// Where text() begins in the input.
-    qint64 textOffset() const;
+    qint64 textOffset() const { return trimmed().second; }
+    /// Both.
+    std::pair<QString, qint64> trimmed() const;
 };
 
 /// What the scanner met.

@@ -4,6 +4,22 @@
 
 namespace toolkit {
 
+TextPlace after(TextPlace place, QChar character)
+{
+    if (character == QLatin1Char('\n'))
+        return {place.line + 1, 1};
+    if (!character.isLowSurrogate() && character != QChar::ByteOrderMark)
+        ++place.column;
+    return place;
+}
+
+TextPlace after(TextPlace place, const QString& text)
+{
+    for (const QChar character : text)
+        place = after(place, character);
+    return place;
+}
+
 TextPlaces::TextPlaces(const QByteArray& bytes)
     : bytes(bytes)
 {

@@ -2,6 +2,7 @@
 #define ZELMORA_TOOLKIT_TEXTPLACES_H
 
 #include <QByteArray>
+#include <QString>
 
 namespace toolkit {
 
@@ -21,6 +22,11 @@ inline bool operator<(TextPlace left, TextPlace right)
 {
     return left.line != right.line ? left.line < right.line : left.column < right.column;
 }
+
+/// The place behind @p character, which stands at @p place: a UTF-16 unit of a text, as the class below counts.
+TextPlace after(TextPlace place, QChar character);
+/// The place behind @p text.
+TextPlace after(TextPlace place, const QString& text);
 
 /// Works out lines and columns of bytes. Lines end at LF. A column counts every byte that does not continue a UTF-8
 /// sequence, a tab too; a byte-order mark counts none.

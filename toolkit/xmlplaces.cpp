@@ -4,15 +4,6 @@ namespace toolkit {
 
 namespace {
 
-TextPlace after(TextPlace place, QChar character)
-{
-    if (character == QLatin1Char('\n'))
-        return {place.line + 1, 1};
-    if (!character.isLowSurrogate() && character != QChar::ByteOrderMark)
-        ++place.column;
-    return place;
-}
-
 bool isBlank(QChar character)
 {
     return character == QLatin1Char(' ') || (character >= QLatin1Char('\t') && character <= QLatin1Char('\r'));

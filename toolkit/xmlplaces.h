@@ -22,6 +22,8 @@ public:
     TextPlace text() const { return textPlace; }
     /// Whether the reader is between a "<" and what ends it: a reference that is delivered then stands in an attribute.
     bool isInsideMarkup() const { return !markupText.isEmpty(); }
+    /// The character that the reader looks at; after an error, the one that it stumbled over.
+    TextPlace reached() const { return here; }
 
     // For the reader.
 

@@ -32,7 +32,8 @@ constexpr unsigned int statement = 1U << 12U;
 constexpr unsigned int pricedRows = fullOrder | fullReceipt | fullInvoice | summaryReceipt | summaryInvoice | sold;
 constexpr unsigned int rowsWithQuantity = pricedRows | partialOrder | deliveryNote;
 constexpr unsigned int rowsWithPrice = pricedRows | statement;
-constexpr unsigned int withCustomer = partialOrder | fullOrder | fullReceipt | fullInvoice | deliveryNote | summaryInvoice;
+constexpr unsigned int withCustomer =
+    partialOrder | fullOrder | fullReceipt | fullInvoice | deliveryNote | summaryInvoice;
 constexpr unsigned int withSections = withCustomer | summaryReceipt | report | sold | statement;
 
 constexpr int greatestWidth = 10000; ///< the print program takes more for this

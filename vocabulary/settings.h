@@ -32,7 +32,8 @@ struct Setting {
     int least = 0; ///< the range of a number
     int greatest = 0;
     Table<QLatin1String> words = {}; ///< what a word may be
-    unsigned int actsIn = 0; ///< of a document's setting: bit number n is set when the script of methods()[n] depends on it
+    unsigned int actsIn =
+        0; ///< of a document's setting: bit number n is set when the script of methods()[n] depends on it
     enum class ReadIn { EveryDocument, DocumentsItActsIn, AllButSold } readIn = ReadIn::EveryDocument;
 };
 
