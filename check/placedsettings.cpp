@@ -114,7 +114,9 @@ const PlacedGroup* PlacedSettings::firstGroup() const
     if (isHidden || !itsEnd.isWellFormed)
         return nullptr;
     // In the brace format an empty group is as if it were not there; in XML there is one group at top level.
-    const auto holdsSomething = [](const PlacedGroup& group) { return !group.settings.isEmpty() || !group.groups.empty(); };
+    const auto holdsSomething = [](const PlacedGroup& group) {
+        return !group.settings.isEmpty() || !group.groups.empty();
+    };
     const auto found = std::find_if(top.groups.begin(), top.groups.end(), holdsSomething);
     return found == top.groups.end() ? nullptr : &*found;
 }

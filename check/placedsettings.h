@@ -61,7 +61,6 @@ private:
     QVector<Skipped> skipped;
     libconfig::SettingsEnd itsEnd;
     int open = 0;
-
 };
 
 } // namespace check

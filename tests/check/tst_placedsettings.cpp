@@ -28,8 +28,8 @@ QString found(const QByteArray& bytes, const QString& format, const QString& key
     const std::optional<PlacedSetting> setting = PlacedSettings::of(bytes, format).find(key);
     if (!setting)
         return QString();
-    return QString("%1:%2 %3").arg(QString::number(setting->place.line), QString::number(setting->place.column),
-                                   setting->value);
+    return QString("%1:%2 %3")
+        .arg(QString::number(setting->place.line), QString::number(setting->place.column), setting->value);
 }
 
 } // namespace
@@ -80,19 +80,19 @@ void TestPlacedSettings::agreesWithTheLookUpOfPrograms_data()
     QTest::addColumn<QString>("format");
     QTest::addColumn<QStringList>("pieces");
     QTest::newRow("brace format") << "cfg"
-                                  << QStringList {"a", "b", ".", ":", "{", "a:{", "b : {", "}", "};", "=", "a=1;",
-                                                  "a = 2;", "b=\"3\";", "a=;", ";", " ", "\n", "\""};
+                                  << QStringList {"a", "b",    ".",      ":",        "{",   "a:{", "b : {", "}",  "};",
+                                                  "=", "a=1;", "a = 2;", "b=\"3\";", "a=;", ";",   " ",     "\n", "\""};
     QTest::newRow("XML") << "xml"
-                         << QStringList {"<a>", "<a a='1'>", "<b b='2' a='3'>", "<a b='' b='4'/>", "<b/>", "</a>",
-                                         "</b>", "x", "<!---->", "<?p q?>", " ", "\n"};
+                         << QStringList {"<a>",  "<a a='1'>", "<b b='2' a='3'>", "<a b='' b='4'/>", "<b/>", "</a>",
+                                         "</b>", "x",         "<!---->",         "<?p q?>",         " ",    "\n"};
 }
 
 void TestPlacedSettings::agreesWithTheLookUpOfPrograms()
 {
     QFETCH(QString, format);
     QFETCH(QStringList, pieces);
-    const QStringList keys {"a", "a.a", "a.b", "b.a", "a.a.a", "a.a.b", "a.b.a", "b.a.b", "a.b.a.b", "a.a..b", "a..b",
-                            "a.", ".a", "", "a.a.", "a.b.."};
+    const QStringList keys {"a",       "a.a",    "a.b",  "b.a", "a.a.a", "a.a.b", "a.b.a", "b.a.b",
+                            "a.b.a.b", "a.a..b", "a..b", "a.",  ".a",    "",      "a.a.",  "a.b.."};
     std::mt19937 random(20260714);
     int hits = 0;
     for (int run = 0; run < 5000; ++run) {
