@@ -1,0 +1,48 @@
+#ifndef ZELMORA_CHECK_REPORT_H
+#define ZELMORA_CHECK_REPORT_H
+
+#include "check/finding.h"
+
+#include <QByteArray>
+
+namespace check {
+
+enum class Format {
+    Gcc, ///< a line for each finding: FILE:LINE:COLUMN: error|warning|note: TEXT [CODE]
+    Json ///< one array with an object for each finding, in UTF-8
+};
+
+struct ReportOptions {
+    Format format = Format::Gcc;
+    bool strict = false; ///< warnings count as errors
+    bool quiet = false; ///< no notes
+    QVector<Code> excluded; ///< neither shown nor counted
+};
+
+/// Writes findings to standard output, file by file, in the form that was asked for.
+class Report {
+public:
+    explicit Report(const ReportOptions& options);
+
+    /// Writes what was found in @p file, in the order given. As gcc writes it: in the locale's encoding, the file's
+    /// name as the system knows it; a line break or another control character inside a finding becomes a blank.
+    void add(const QString& file, const Findings& findings);
+
+    /// Writes what closes the report; to be called once, at the end. False when something could not be written.
+    bool finish();
+
+    bool hasErrors() const { return anyErrors; }
+
+private:
+    bool isWanted(const Finding& finding) const;
+    void addLine(const QString& file, const Finding& finding);
+    void addObject(const QString& file, const Finding& finding);
+
+    const ReportOptions options;
+    bool anyErrors = false;
+    bool anyObjects = false;
+};
+
+} // namespace check
+
+#endif
