@@ -86,6 +86,30 @@ QStringList Config::settingNames(const QDomElement& group) const
     return order->names(group);
 }
 
+QDomElement Config::addGroup(QDomElement parent, const QString& name)
+{
+    if (parent.isNull() && rootElement().isNull())
+        document->appendChild(newElement(*document, fileName));
+    const QDomElement group = newElement(*document, name);
+    (parent.isNull() ? rootElement() : parent).appendChild(group);
+    return group;
+}
+
+void Config::setSetting(QDomElement group, const QString& name, const QString& value)
+{
+    QStringList names = settingNames(group);
+    setSetting(group, names, name, value);
+    order->set(group, names);
+}
+
+void Config::removeSetting(QDomElement group, const QString& name)
+{
+    QStringList names = settingNames(group);
+    names.removeOne(name);
+    group.removeAttribute(name);
+    order->set(group, names);
+}
+
 QDomElement Config::rootElement() const
 {
     return document ? document->documentElement() : QDomElement();

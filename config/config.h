@@ -22,7 +22,8 @@ class BraceScanner;
 /// The tree: its root element is named after the file's path; a group is an element named after the group, its
 /// sub-groups are child elements in the order of the file, and a setting is an attribute of its group's element.
 /// Settings come in the order of the file as well; one that is repeated has its first place and its last value.
-/// All values are text. Only loadListView() changes a loaded tree. No operation takes a lock.
+/// All values are text. Only loadListView(), and classes that derive from this one, change a loaded tree. No operation
+/// takes a lock.
 ///
 /// There are two formats: the brace format, named "cfg" (docs/settings-file.md has its grammar), and XML, named
 /// "xml". No file is ever rejected: a missing or malformed one gives what could be read of it, or an empty tree.
@@ -125,6 +126,13 @@ protected:
     void readBytes(const QByteArray& bytes, const QString& name, const QString& fileFormat);
     /// The names of a group's settings in their order; in that of their names when the group came from elsewhere.
     QStringList settingNames(const QDomElement& group) const;
+    /// A new group, the last in @p parent; when that is null, the last at top level. It must get a setting, or it is
+    /// never written.
+    QDomElement addGroup(QDomElement parent, const QString& name);
+    /// Gives a setting of @p group its value. One that is new comes after the others.
+    void setSetting(QDomElement group, const QString& name, const QString& value);
+    /// Takes a setting out of @p group, if it is there.
+    void removeSetting(QDomElement group, const QString& name);
     /// Writes the tree in the format @p fileFormat, as buildConfigFile() does. Empty when that succeeded, else the
     /// reason, which in nearly all cases is the system's ("No space left on device"). Then the file is as it was, or
     /// the reason says that it could not be brought back. An unknown format writes nothing. Settings that take more

@@ -10,8 +10,10 @@
 #include <QObject>
 #include <QRegularExpression>
 
+#include <cerrno>
 #include <map>
 #include <optional>
+#include <sys/stat.h>
 #include <utility>
 
 using toolkit::operator""_L1;
@@ -229,6 +231,25 @@ bool SettingsFile::looksLikeSettings() const
     return settings::looksLikeSettings(fileReview.topLevelGroups, isBlank(contents));
 }
 
+void SettingsFile::beginAt(const QString& path)
+{
+    contents.clear();
+    filePath = path;
+    fileReview = FileReview();
+    readBytes(contents, path, formatOf(path));
+}
+
+bool SettingsFile::isMissing(const QString& path)
+{
+    struct stat found;
+    return stat(QFile::encodeName(path).constData(), &found) != 0 && (errno == ENOENT || errno == ENOTDIR);
+}
+
+QString SettingsFile::format() const
+{
+    return formatOf(filePath);
+}
+
 bool SettingsFile::changedOnDisk() const
 {
     return contentsOf(filePath) != contents;
@@ -243,6 +264,18 @@ QString SettingsFile::keepBackup(const QString& path)
         return file.errorString();
     const QByteArray bytes = file.readAll();
     return file.error() == QFileDevice::NoError ? settings::keepBackup(path, bytes) : file.errorString();
+}
+
+QString SettingsFile::valueIn(const Trial& trial, const QString& path, const QString& key)
+{
+    SettingsFile readBack;
+    readBack.readBytes(trial.bytes, path, formatOf(path));
+    return readBack.value(key);
+}
+
+QString SettingsFile::create(const QString& path, const Trial& trial, const QString& like)
+{
+    return trial.reason.isEmpty() ? toolkit::createFile(path, trial.bytes, like) : trial.reason;
 }
 
 QString SettingsFile::save(const QString& path, const Trial& trial)

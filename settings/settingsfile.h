@@ -22,7 +22,28 @@ public:
     /// succeeded; else the reason, and nothing has changed.
     QString load(const QString& path);
 
+    /// Begins with an empty file, which is to be saved as @p path; nothing is there yet, or nothing that counts.
+    void beginAt(const QString& path);
+
+    /// Whether there is nothing under the name @p path, and no reason but that why it could not be loaded. Of a link,
+    /// nothing where it leads.
+    static bool isMissing(const QString& path);
+
     QString path() const { return filePath; } ///< as given; empty when nothing was loaded
+    QString format() const; ///< by the name: "cfg" or "xml"
+    const QByteArray& bytes() const { return contents; } ///< of the file, as it was loaded or saved
+
+    /// What the programs take for the value of @p key: that of the look-up, in its 8-bit form.
+    QString value(const QString& key) const;
+
+    /// Gives the setting @p key, such as "zelmora.receiptdoc.paperWidth", the value @p newValue: where a look-up finds
+    /// it, or where one would. Groups that are missing are made; nothing else in the tree changes. False when nothing
+    /// had to change, or when no look-up could find it: in a key without a group or with an empty name, in a group
+    /// beside the first one, deeper than the reader goes. Whether the format can hold it, a trial tells.
+    bool set(const QString& key, const QString& newValue);
+
+    /// Takes the setting @p key out of all groups in which a look-up seeks it. False when it is in none.
+    bool unset(const QString& key);
 
     /// What load() found in the file's bytes.
     const FileReview& review() const { return fileReview; }
@@ -50,6 +71,14 @@ public:
     /// when that succeeded, else the system's reason.
     static QString keepBackup(const QString& path);
 
+    /// What the programs take for the value of @p key in a file named @p path that holds what @p trial does.
+    static QString valueIn(const Trial& trial, const QString& path, const QString& key);
+
+    /// Makes the file @p path of what @p trial holds, which tryWriting() of @p path gave: as toolkit::createFile() does
+    /// it, with what the file @p like has. Empty when that succeeded, else the reason: something has the name already,
+    /// for one.
+    static QString create(const QString& path, const Trial& trial, const QString& like = QString());
+
     /// Writes what @p trial holds, which tryWriting() of @p path gave, to the file @p path, another one than path()
     /// too. Empty when that succeeded; else the reason: that of the trial, or one of toolkit::replaceFile(), which says
     /// what becomes of the file then. Nothing is written to what is there but is no file, such as a pipe.
@@ -63,6 +92,9 @@ private:
     using Setting = std::tuple<int, QString, QString>; ///< the group's number, name, value
     class GroupNumbers;
 
+    QVector<QDomElement> groupsOf(const QStringList& names) const;
+    QVector<QDomElement> holdersOf(const QStringList& names, const QString& name) const;
+    QDomElement madeGroup(const QStringList& names);
     static void addGroups(const QDomElement& group, int parent, QVector<Group>& groups);
     QVector<Group> writtenGroups() const;
     std::set<Setting> writtenSettings(GroupNumbers& numbers) const;

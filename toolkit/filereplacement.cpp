@@ -137,9 +137,26 @@ int writeDirectly(const QByteArray& name, const QByteArray& bytes)
 const mode_t forTheUserAlone = S_IRUSR | S_IWUSR;
 const mode_t asTheUmaskLeavesIt = 0666;
 
+int rename(const QByteArray& from, const QByteArray& to)
+{
+    return outcome(std::rename(from.constData(), to.constData()) == 0);
+}
+
+/// EEXIST when something has the name @p to.
+int renameToFree(const QByteArray& from, const QByteArray& to)
+{
+    const int error = outcome(renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0);
+    if (error != EINVAL && error != ENOSYS)
+        return error;
+    // A file system that can't tell has hard links, which replace nothing either.
+    const int unlinked = outcome(link(from.constData(), to.constData()) == 0);
+    return unlinked == 0 ? outcome(unlink(from.constData()) == 0) : unlinked;
+}
+
 /// The new file is made with @p mode. It gets the owner and the permissions of @p old, unless that is null, before
-/// anything is written to it.
-int putNewFileInPlace(const QByteArray& name, const QByteArray& bytes, mode_t mode, const struct stat* old = nullptr)
+/// anything is written to it. @p giveName lets it take its place.
+int putNewFileInPlace(const QByteArray& name, const QByteArray& bytes, mode_t mode, const struct stat* old = nullptr,
+                      int (*giveName)(const QByteArray& from, const QByteArray& to) = rename)
 {
     const quint64 number = QRandomGenerator::system()->generate64();
     const QByteArray newName = folderOf(name) + ".zelmora-" + QByteArray::number(number, 36);
@@ -150,7 +167,7 @@ int putNewFileInPlace(const QByteArray& name, const QByteArray& bytes, mode_t mo
     if (error == 0)
         error = writeAndSync(file.number, bytes);
     if (error == 0)
-        error = outcome(std::rename(newName.constData(), name.constData()) == 0);
+        error = giveName(newName, name);
     if (error != 0)
         unlink(newName.constData());
     return error;
@@ -289,6 +306,19 @@ QString replaceFileBeside(const QString& name, const QString& suffix, const QByt
         return reason(error);
     return reason(
         putNewFileInPlace(original + QFile::encodeName(suffix), bytes, forTheUserAlone, error == 0 ? &found : nullptr));
+}
+
+QString createFile(const QString& name, const QByteArray& bytes, const QString& like)
+{
+    const WriteSignalsBlocked writeSignalsBlocked;
+    const QByteArray file = withoutLinks(QFile::encodeName(name));
+    if (file.contains('\0'))
+        return reason(EINVAL);
+    struct stat old;
+    const bool hasModel = !like.isEmpty();
+    if (hasModel && stat(QFile::encodeName(like).constData(), &old) != 0)
+        return reason(errno);
+    return reason(putNewFileInPlace(file, bytes, forTheUserAlone, hasModel ? &old : nullptr, renameToFree));
 }
 
 } // namespace toolkit

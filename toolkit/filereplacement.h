@@ -45,6 +45,14 @@ QString replaceFile(const QString& name, const QByteArray& bytes);
 /// stays. An empty name and one with a NUL in it, in the suffix too, are failures, as are links in a circle.
 QString replaceFileBeside(const QString& name, const QString& suffix, const QByteArray& bytes);
 
+/// Makes the new file @p name of @p bytes, synced to the disk; where a link leads to nothing, there. Null when that
+/// succeeded, else the system's reason, which is that of EEXIST when something has the name. No signal comes of it.
+///
+/// It appears under its name when it is complete, and never in place of another one. The user alone may read and write
+/// it, from its first byte on; or, when @p like is not empty, it gets owner, group and permissions of the file of that
+/// name, as replaceFile() gives those of an old file. Its folder must exist.
+QString createFile(const QString& name, const QByteArray& bytes, const QString& like);
+
 } // namespace toolkit
 
 #endif

@@ -97,6 +97,11 @@ extern "C" int rename(const char* from, const char* to) noexcept
     return callUnlessIntercepted("rename", rename, from, to);
 }
 
+extern "C" int renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned int flags) noexcept
+{
+    return callUnlessIntercepted("renameat2", renameat2, fromFolder, from, toFolder, to, flags);
+}
+
 InterceptedCall::InterceptedCall(const char* name, std::function<int()> before)
     : function(name)
 {

@@ -5,7 +5,7 @@
 
 /// As long as it lives, @p before goes before each call of one function of the C library in this process, and decides
 /// what becomes of it: 0 lets it happen, a number of errno lets it fail with that. The functions are read, write,
-/// fchmod, fsync, ftruncate, posix_fallocate and rename.
+/// fchmod, fsync, ftruncate, posix_fallocate, rename and renameat2.
 ///
 /// A disk takes what it can: while writes are intercepted, each takes a thousand bytes at most, and a posix_fallocate
 /// that fails has made the file longer by half of what was asked for.

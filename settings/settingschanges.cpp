@@ -1,0 +1,107 @@
+// A setting looked up, changed and taken out in the tree of a file.
+
+#include "settings/settingsfile.h"
+
+#include "config/bracescanner.h"
+#include "toolkit/eightbit.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace settings {
+
+namespace {
+
+/// The names of the groups of @p key and, at the end, that of the setting; empty when no look-up could find it.
+QStringList namesOf(const QString& key)
+{
+    const QStringList names = key.split(QLatin1Char('.'));
+    const bool isWhole = names.size() > 1 && names.size() <= libconfig::BraceScanner::greatestGroupDepth;
+    return isWhole && !names.contains(QString()) ? names : QStringList();
+}
+
+/// The groups of one name in @p parent, in the order of the file.
+QVector<QDomElement> childrenOf(const QDomElement& parent, const QString& name)
+{
+    QVector<QDomElement> found;
+    for (QDomElement child = parent.firstChildElement(name); !child.isNull(); child = child.nextSiblingElement(name))
+        found += child;
+    return found;
+}
+
+} // namespace
+
+QString SettingsFile::value(const QString& key) const
+{
+    return toolkit::eightBit(lookup(toolkit::eightBit(key)));
+}
+
+/// The groups that a look-up goes through for a setting in the group of these names, in its order.
+QVector<QDomElement> SettingsFile::groupsOf(const QStringList& names) const
+{
+    const QDomElement first = rootElement().firstChild().toElement();
+    QVector<QDomElement> groups;
+    if (!first.isNull() && first.tagName() == names.value(0))
+        groups += first;
+    for (const QString& name : names.mid(1)) {
+        QVector<QDomElement> inside;
+        for (const QDomElement& group : std::as_const(groups))
+            inside += childrenOf(group, name);
+        groups = inside;
+    }
+    return groups;
+}
+
+/// The first of the groups of these names; as many as are missing are made, inside the first that there are.
+QDomElement SettingsFile::madeGroup(const QStringList& names)
+{
+    const QVector<QDomElement> groups = groupsOf(names);
+    if (!groups.isEmpty())
+        return groups.first();
+    const QDomElement around = names.size() > 1 ? madeGroup(names.mid(0, names.size() - 1)) : QDomElement();
+    return addGroup(around, names.last());
+}
+
+bool SettingsFile::set(const QString& key, const QString& newValue)
+{
+    QStringList names = namesOf(key);
+    const bool isEmpty = rootElement().firstChild().isNull();
+    if (names.isEmpty() || (!isEmpty && groupsOf({names.first()}).isEmpty()))
+        return false;
+    const QString name = names.takeLast();
+    QVector<QDomElement> holders = holdersOf(names, name);
+    if (holders.isEmpty())
+        holders += madeGroup(names);
+    const auto answers = [&](const QDomElement& group) { return !group.attribute(name).isEmpty(); };
+    const auto answering = std::find_if(holders.constBegin(), holders.constEnd(), answers);
+    const QDomElement target = answering == holders.constEnd() ? holders.first() : *answering;
+    bool changes = !target.hasAttribute(name) || target.attribute(name) != newValue;
+    if (changes)
+        setSetting(target, name, newValue);
+    if (newValue.isEmpty()) // or the next group of the name would answer
+        std::for_each(holders.begin(), holders.end(), [&](const QDomElement& group) { setSetting(group, name, newValue); });
+    return changes;
+}
+
+bool SettingsFile::unset(const QString& key)
+{
+    QStringList names = namesOf(key);
+    if (names.isEmpty())
+        return false;
+    const QString name = names.takeLast();
+    const QVector<QDomElement> holders = holdersOf(names, name);
+    for (const QDomElement& group : holders)
+        removeSetting(group, name);
+    return !holders.isEmpty();
+}
+
+/// Those of groupsOf(@p names) that have the setting @p name, be it empty.
+QVector<QDomElement> SettingsFile::holdersOf(const QStringList& names, const QString& name) const
+{
+    QVector<QDomElement> groups = groupsOf(names);
+    const auto lacksIt = [&](const QDomElement& group) { return !group.hasAttribute(name); };
+    groups.erase(std::remove_if(groups.begin(), groups.end(), lacksIt), groups.end());
+    return groups;
+}
+
+} // namespace settings
