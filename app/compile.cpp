@@ -11,26 +11,12 @@
 #include <QFile>
 #include <QTranslator>
 
-namespace {
-
-/// Standard error stays empty whatever the input: the toolkit's own remarks, on a file that cannot be opened for
-/// one, go nowhere.
-void dropToolkitMessage(QtMsgType, const QMessageLogContext&, const QString&)
-{
-}
-
-} // namespace
-
 void compile(int argc, char** argv)
 {
     if (argc != 3 && argc != 4) {
         toolkit::writeLine(QByteArray("Usage: ") + (argc > 0 ? argv[0] : "") + " input_file output_file");
         return;
     }
-    qInstallMessageHandler(dropToolkitMessage);
-    qunsetenv("QT_FATAL_WARNINGS");
-    qunsetenv("QT_FATAL_CRITICALS");
-
     // The toolkit sees the program's name alone: no argument of ours is ever an option of its own.
     int applicationArguments = 1;
     QCoreApplication application(applicationArguments, argv);
