@@ -79,7 +79,8 @@ bool SettingsFile::set(const QString& key, const QString& newValue)
     if (changes)
         setSetting(target, name, newValue);
     if (newValue.isEmpty()) // or the next group of the name would answer
-        std::for_each(holders.begin(), holders.end(), [&](const QDomElement& group) { setSetting(group, name, newValue); });
+        std::for_each(holders.begin(), holders.end(),
+                      [&](const QDomElement& group) { setSetting(group, name, newValue); });
     return changes;
 }
 

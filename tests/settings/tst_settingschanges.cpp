@@ -43,11 +43,16 @@ void TestSettingsChanges::value_data()
     QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("value");
 
-    QTest::newRow("as it stands") << QByteArray("zelmora: { a = x; };") << "zelmora.a" << "x";
-    QTest::newRow("absent") << QByteArray("zelmora: { a = x; };") << "zelmora.b" << "";
-    QTest::newRow("in its 8-bit form") << QByteArray("zelmora: { a = \xC3\xA8\xE2\x82\xAC; };") << "zelmora.a" << "è?";
-    QTest::newRow("of a key in its 8-bit form") << QByteArray("zelmora: { ? = x; };") << "zelmora.€" << "x";
-    QTest::newRow("in the second group at top level") << QByteArray("a: { b = 1; }; c: { d = 2; };") << "c.d" << "";
+    QTest::newRow("as it stands") << QByteArray("zelmora: { a = x; };") << "zelmora.a"
+                                  << "x";
+    QTest::newRow("absent") << QByteArray("zelmora: { a = x; };") << "zelmora.b"
+                            << "";
+    QTest::newRow("in its 8-bit form") << QByteArray("zelmora: { a = \xC3\xA8\xE2\x82\xAC; };") << "zelmora.a"
+                                       << "è?";
+    QTest::newRow("of a key in its 8-bit form") << QByteArray("zelmora: { ? = x; };") << "zelmora.€"
+                                                << "x";
+    QTest::newRow("in the second group at top level") << QByteArray("a: { b = 1; }; c: { d = 2; };") << "c.d"
+                                                      << "";
 }
 
 void TestSettingsChanges::value()
@@ -79,16 +84,19 @@ void TestSettingsChanges::sets_data()
         "zelmora: \n{\n    bin: \n    {\n        c = \"3\";\n    };\n\n};\n\n");
     row("beside a setting outside every group", "lang = it;", "zelmora.c", "3",
         "lang = \"it\";\nzelmora: \n{\n    c = \"3\";\n};\n\n");
-    row("of two groups of the name, in the one that answers", "zelmora: { a: { }; a: { b = ; c = 1; }; a: { b = 2; }; };",
-        "zelmora.a.b", "3",
-        "zelmora: \n{\n    a: \n    {\n        b = \"\";\n        c = \"1\";\n    };\n\n    a: \n    {\n        b = \"3\";\n    };"
+    row("of two groups of the name, in the one that answers",
+        "zelmora: { a: { }; a: { b = ; c = 1; }; a: { b = 2; }; };", "zelmora.a.b", "3",
+        "zelmora: \n{\n    a: \n    {\n        b = \"\";\n        c = \"1\";\n    };\n\n    a: \n    {\n        b = "
+        "\"3\";\n    };"
         "\n\n};\n\n");
     row("of two groups of the name, in the first when none has it", "zelmora: { a: { b = 1; }; a: { c = 2; }; };",
         "zelmora.a.d", "3",
-        "zelmora: \n{\n    a: \n    {\n        b = \"1\";\n        d = \"3\";\n    };\n\n    a: \n    {\n        c = \"2\";\n    "
+        "zelmora: \n{\n    a: \n    {\n        b = \"1\";\n        d = \"3\";\n    };\n\n    a: \n    {\n        c = "
+        "\"2\";\n    "
         "};\n\n};\n\n");
     row("to nothing, in all groups of the name", "zelmora: { a: { b = 1; }; a: { b = 2; }; };", "zelmora.a.b", "",
-        "zelmora: \n{\n    a: \n    {\n        b = \"\";\n    };\n\n    a: \n    {\n        b = \"\";\n    };\n\n};\n\n");
+        "zelmora: \n{\n    a: \n    {\n        b = \"\";\n    };\n\n    a: \n    {\n        b = \"\";\n    "
+        "};\n\n};\n\n");
 }
 
 void TestSettingsChanges::sets()
@@ -119,7 +127,8 @@ void TestSettingsChanges::doesNotSet_data()
     QTest::newRow("a key with an empty name inside") << plain << "zelmora..a";
     QTest::newRow("the empty key") << plain << "";
     QTest::newRow("in a group beside the first") << plain << "other.a";
-    QTest::newRow("in the second group at top level") << plain + "other: { a = 1; };" << "other.a";
+    QTest::newRow("in the second group at top level") << plain + "other: { a = 1; };"
+                                                      << "other.a";
 }
 
 void TestSettingsChanges::doesNotSet()
@@ -140,8 +149,10 @@ void TestSettingsChanges::unsets_data()
     QTest::addColumn<QString>("key");
     QTest::addColumn<QByteArray>("after");
 
-    QTest::newRow("a setting of the first group") << plain << "zelmora.a" << QByteArray(plain).replace("    a = \"1\";\n", "");
-    QTest::newRow("the last setting of its group") << plain << "zelmora.doc.b" << QByteArray("zelmora: \n{\n    a = \"1\";\n};\n\n");
+    QTest::newRow("a setting of the first group")
+        << plain << "zelmora.a" << QByteArray(plain).replace("    a = \"1\";\n", "");
+    QTest::newRow("the last setting of its group")
+        << plain << "zelmora.doc.b" << QByteArray("zelmora: \n{\n    a = \"1\";\n};\n\n");
     QTest::newRow("an empty setting") << QByteArray("zelmora: { a = ; b = 1; };") << "zelmora.a"
                                       << QByteArray("zelmora: \n{\n    b = \"1\";\n};\n\n");
     QTest::newRow("the one setting that there is") << QByteArray("zelmora: { a = 1; };") << "zelmora.a" << QByteArray();
@@ -167,7 +178,8 @@ void TestSettingsChanges::doesNotUnset_data()
 {
     QTest::addColumn<QString>("key");
 
-    for (const char* key : {"zelmora.b", "zelmora.doc", "zelmora.doc.a", "other.a", "a", "zelmora.a.", "", "zelmora.Doc.b"})
+    for (const char* key :
+         {"zelmora.b", "zelmora.doc", "zelmora.doc.a", "other.a", "a", "zelmora.a.", "", "zelmora.Doc.b"})
         QTest::addRow("\"%s\"", key) << key;
 }
 
