@@ -140,8 +140,8 @@ QStringList printFlags()
 
 SampleSettings sampleSettingsWithFlags(const QStringList& flags)
 {
-    SampleSettings settings {{"quantityFieldWidth", "3"}, {"priceFieldWidth", "7"}, {"totalPriceFieldWidth", "9"},
-                             {"paperWidth", "48"},        {"paperRows", "50"},      {"style", "normal"},
+    SampleSettings settings {{"quantityFieldWidth", "3"}, {"priceFieldWidth", "7"},   {"totalPriceFieldWidth", "9"},
+                             {"paperWidth", "48"},        {"paperRows", "50"},        {"style", "normal"},
                              {"topMargin", "2"},          {"descriptionWidth", "20"}, {"copyNumber", "2"}};
     for (const QString& flag : printFlags())
         settings[flag] = flags.contains(flag) ? "true" : "false";
@@ -177,7 +177,8 @@ QByteArray SampleRun::script(const vocabulary::Method& method, const SampleJob& 
     return scriptWithFile(method, job, settingsText({{documentgroups::ofType(method.documentType), settings}}));
 }
 
-QByteArray SampleRun::scriptWithFile(const vocabulary::Method& method, const SampleJob& job, const QByteArray& settingsFile)
+QByteArray SampleRun::scriptWithFile(const vocabulary::Method& method, const SampleJob& job,
+                                     const QByteArray& settingsFile)
 {
     QByteArray text;
     QXmlStreamWriter writer(&text);

@@ -9,6 +9,8 @@ using vocabulary::Method;
 
 using Kinds = QVector<AttributeKind>;
 
+Q_DECLARE_METATYPE(AttributeKind)
+
 /// The kinds of attributes that the print program treats in a way of their own are those that the tables name.
 class TestJobKinds : public QObject {
     Q_OBJECT
@@ -45,8 +47,7 @@ QVector<Place> printingAttributes(const SampleJob& job)
                 if (!attribute || !attribute->prints || seen.contains(row))
                     continue;
                 seen += row;
-                places += {&method, attribute, i, j,
-                           method.name + ' ' + job[i].name + ' ' + job[i].attributes[j].name};
+                places += {&method, attribute, i, j, method.name + ' ' + job[i].name + ' ' + job[i].attributes[j].name};
             }
         }
     }
@@ -77,8 +78,6 @@ QByteArray scriptWith(const SampleJob& job, const Place& place, const QString& v
 
 } // namespace
 
-Q_DECLARE_METATYPE(AttributeKind)
-
 void TestJobKinds::twoValuesPrintTheSame_data()
 {
     QTest::addColumn<QString>("one");
@@ -91,7 +90,8 @@ void TestJobKinds::twoValuesPrintTheSame_data()
     using Kind = AttributeKind;
     row("what is cut to its column, and what is no number in a mark", QString(60, 'a'), QString(60, 'a') + 'b',
         {Kind::Description, Kind::MovementType, Kind::VariantQuantity});
-    row("what is looked up in its 8-bit form", QString::fromUtf8("€"), "?", {Kind::MovementType, Kind::VariantQuantity});
+    row("what is looked up in its 8-bit form", QString::fromUtf8("€"), "?",
+        {Kind::MovementType, Kind::VariantQuantity});
     row("what ends at an empty field", "a, b", "a, b,, c", {Kind::Address, Kind::VariantQuantity});
     row("what counts by its value", "1", "1.00", {Kind::VariantQuantity});
     row("what takes a decimal comma for no number", "0", "1,0", {Kind::VariantQuantity});
@@ -120,7 +120,8 @@ void TestJobKinds::aValueBecomes_data()
     QTest::newRow("a rate with a sign that it did not have") << "87" << QByteArray(" 87%") << Kinds {Kind::BareRate};
     QTest::newRow("the quantity of a sale") << "8,7" << QByteArray(",QTY=8,7,PREZZO=") << Kinds {Kind::FiscalQuantity};
     QTest::newRow("a discount") << "-87" << QByteArray("SCONTO VAL=87\r\n") << Kinds {Kind::FiscalPrice};
-    QTest::newRow("a sign before a variant's name") << "1" << QByteArray(" + zucchine") << Kinds {Kind::VariantQuantity};
+    QTest::newRow("a sign before a variant's name")
+        << "1" << QByteArray(" + zucchine") << Kinds {Kind::VariantQuantity};
 }
 
 void TestJobKinds::aValueBecomes()

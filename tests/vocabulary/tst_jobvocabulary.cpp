@@ -90,9 +90,9 @@ void TestJobVocabulary::methodsReading_data()
     QTest::newRow("an attribute that other methods' element of the name lacks")
         << "total"
         << "cash" << QStringList {"printFullOrderFiscal", "printAbstractOrderFiscal"};
-    QTest::newRow("any attribute of an element that reads them in their order") << "cancelledsummary"
-                                                                                << "serial1"
-                                                                                << QStringList {"printReport"};
+    QTest::newRow("any attribute of an element that reads them in their order")
+        << "cancelledsummary"
+        << "serial1" << QStringList {"printReport"};
     QTest::newRow("an element that none reads") << "recipe" << QString() << QStringList();
     QTest::newRow("an attribute that none reads") << "total"
                                                   << "total" << QStringList();
