@@ -62,12 +62,26 @@ QDomElement SettingsFile::madeGroup(const QStringList& names)
     return addGroup(around, names.last());
 }
 
+bool SettingsFile::reaches(const QString& key) const
+{
+    const QStringList names = namesOf(key);
+    const bool hasNoGroup = rootElement().firstChild().isNull();
+    return !names.isEmpty() && (hasNoGroup || !groupsOf({names.first()}).isEmpty());
+}
+
+bool SettingsFile::canHold(const QString& path, const QString& key, const QString& value)
+{
+    SettingsFile file;
+    file.beginAt(path);
+    file.set(key, value);
+    return file.reaches(key) && valueIn(file.tryWriting(path), path, key) == value;
+}
+
 bool SettingsFile::set(const QString& key, const QString& newValue)
 {
-    QStringList names = namesOf(key);
-    const bool isEmpty = rootElement().firstChild().isNull();
-    if (names.isEmpty() || (!isEmpty && groupsOf({names.first()}).isEmpty()))
+    if (!reaches(key))
         return false;
+    QStringList names = namesOf(key);
     const QString name = names.takeLast();
     QVector<QDomElement> holders = holdersOf(names, name);
     if (holders.isEmpty())

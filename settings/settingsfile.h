@@ -36,10 +36,13 @@ public:
     /// What the programs take for the value of @p key: that of the look-up, in its 8-bit form.
     QString value(const QString& key) const;
 
+    /// Whether a look-up would find a setting @p key if it were there. Not in a key without a group or with an empty
+    /// name, in a group beside the first one, deeper than the reader goes.
+    bool reaches(const QString& key) const;
+
     /// Gives the setting @p key, such as "zelmora.receiptdoc.paperWidth", the value @p newValue: where a look-up finds
     /// it, or where one would. Groups that are missing are made; nothing else in the tree changes. False when nothing
-    /// had to change, or when no look-up could find it: in a key without a group or with an empty name, in a group
-    /// beside the first one, deeper than the reader goes. Whether the format can hold it, a trial tells.
+    /// had to change, or when no look-up reaches it. Whether the format can hold it, a trial tells.
     bool set(const QString& key, const QString& newValue);
 
     /// Takes the setting @p key out of all groups in which a look-up seeks it. False when it is in none.
@@ -60,6 +63,10 @@ public:
         QStringList changed; ///< the settings that read back otherwise, or not at all
         QStringList notXml; ///< what keeps the whole file from being read: settings, and names of groups
     };
+
+    /// Whether the programs would find that value in a file named @p path: with a sign in it that the form of the file
+    /// lacks, or above U+00FF, they find another, or nothing.
+    static bool canHold(const QString& path, const QString& key, const QString& value);
 
     /// What would be read back from a file named @p path, which itself is not touched.
     Trial tryWriting(const QString& path) const;

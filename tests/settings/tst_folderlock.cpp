@@ -75,15 +75,24 @@ void TestFolderLock::holds_data()
     QTest::addColumn<QString>("second");
     QTest::addColumn<bool>("isFree");
 
-    QTest::newRow("a file that is there") << "sub/file" << "sub/file" << false;
-    QTest::newRow("a file that is not there") << "sub/none" << "sub/none" << false;
-    QTest::newRow("a link to it") << "sub/file" << "link" << false;
-    QTest::newRow("a link to a link to it") << "linkToLink" << "sub/file" << false;
-    QTest::newRow("a link to nothing") << "sub/none" << "toNothing" << false;
-    QTest::newRow("a folder that is a link") << "folder/file" << "sub/file" << false;
-    QTest::newRow("a file in another folder") << "sub/file" << "file" << true;
-    QTest::newRow("a link to another folder") << "link" << "file" << true;
-    QTest::newRow("links in a circle") << "circle" << "sub/file" << true;
+    QTest::newRow("a file that is there") << "sub/file"
+                                          << "sub/file" << false;
+    QTest::newRow("a file that is not there") << "sub/none"
+                                              << "sub/none" << false;
+    QTest::newRow("a link to it") << "sub/file"
+                                  << "link" << false;
+    QTest::newRow("a link to a link to it") << "linkToLink"
+                                            << "sub/file" << false;
+    QTest::newRow("a link to nothing") << "sub/none"
+                                       << "toNothing" << false;
+    QTest::newRow("a folder that is a link") << "folder/file"
+                                             << "sub/file" << false;
+    QTest::newRow("a file in another folder") << "sub/file"
+                                              << "file" << true;
+    QTest::newRow("a link to another folder") << "link"
+                                              << "file" << true;
+    QTest::newRow("links in a circle") << "circle"
+                                       << "sub/file" << true;
 }
 
 void TestFolderLock::holds()

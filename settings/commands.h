@@ -1,0 +1,31 @@
+#ifndef ZELMORA_SETTINGS_COMMANDS_H
+#define ZELMORA_SETTINGS_COMMANDS_H
+
+#include "settings/commandline.h"
+
+/// What `zelmora-config` does. Answers go to standard output; what is refused, and why, to standard error.
+namespace settings {
+
+// Of files that stay as they are (readingcommands.cpp).
+
+Status checkFile(const Call& call);
+Status listSettings(const Call& call);
+Status showEffectiveSettings(const Call& call);
+Status getValue(const Call& call);
+
+// Of files that are written (writingcommands.cpp).
+
+Status setValue(const Call& call);
+Status unsetValue(const Call& call);
+Status makeFile(const Call& call);
+Status convertFile(const Call& call);
+
+/// The path of the settings file that @p call is about.
+QString pathOf(const Call& call);
+
+/// Writes @p reason in a line to standard error, and gives @p status back.
+Status complain(Status status, const QString& reason);
+
+} // namespace settings
+
+#endif
