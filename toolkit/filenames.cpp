@@ -10,7 +10,7 @@
 
 namespace toolkit {
 
-void setFileNameEncoding(std::initializer_list<QByteArray> names)
+void setFileNameEncoding(const QByteArrayList& names)
 {
     const auto survives = [](const QByteArray& name) { return QFile::encodeName(QFile::decodeName(name)) == name; };
     QTextCodec::setCodecForLocale(localeCodec());

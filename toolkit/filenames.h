@@ -1,9 +1,7 @@
 #ifndef ZELMORA_TOOLKIT_FILENAMES_H
 #define ZELMORA_TOOLKIT_FILENAMES_H
 
-#include <QByteArray>
-
-#include <initializer_list>
+#include <QByteArrayList>
 
 class QString;
 
@@ -13,7 +11,7 @@ namespace toolkit {
 /// encoding, or, where that cannot express one of @p names, as ISO-8859-1, in which every byte is a character. (A
 /// catalogue whose path has accents in UTF-8 is not found then: better than a job that is not.) For programs, after
 /// their application object was made.
-void setFileNameEncoding(std::initializer_list<QByteArray> names);
+void setFileNameEncoding(const QByteArrayList& names);
 
 /// The path under which the toolkit opens the very file that the system knows by @p name: a name that begins with ":"
 /// is none of the toolkit's resources.
