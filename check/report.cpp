@@ -1,37 +1,17 @@
 #include "check/report.h"
 
+#include "toolkit/console.h"
 #include "toolkit/literals.h"
 #include "toolkit/localecodec.h"
 
 #include <QFile>
-#include <QJsonDocument>
 #include <QJsonObject>
-
-#include <algorithm>
-#include <cstdio>
 
 using toolkit::operator""_L1;
 
 namespace check {
 
 namespace {
-
-void write(const QByteArray& bytes)
-{
-    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stdout);
-}
-
-/// @p text without what would end a line, or upset a terminal.
-QString inOneLine(QString text)
-{
-    for (QChar& character : text) {
-        const QChar::Category category = character.category();
-        if (category == QChar::Other_Control || category == QChar::Separator_Line
-            || category == QChar::Separator_Paragraph)
-            character = u' ';
-    }
-    return text;
-}
 
 QJsonObject asObject(const QString& file, const Finding& finding)
 {
@@ -48,52 +28,51 @@ QJsonObject asObject(const QString& file, const Finding& finding)
     return object;
 }
 
+void writeLine(const QString& file, const Finding& finding)
+{
+    const QString place = QStringLiteral(":%1:%2: ").arg(finding.place.line).arg(finding.place.column);
+    const QString text = toolkit::inOneLine(finding.text) + " ["_L1 + entry(finding.code).name + "]\n"_L1;
+    toolkit::write(QFile::encodeName(toolkit::inOneLine(file))
+                   + toolkit::localeText(place + word(finding.severity) + ": "_L1 + text));
+}
+
 } // namespace
+
+bool isShown(const Finding& finding, const ReportOptions& options)
+{
+    return !options.excluded.contains(finding.code) && !(options.quiet && finding.severity == Severity::Note);
+}
+
+bool countsAsError(const Finding& finding, const ReportOptions& options)
+{
+    const bool isGrave =
+        finding.severity == Severity::Error || (options.strict && finding.severity == Severity::Warning);
+    return isGrave && isShown(finding, options);
+}
 
 Report::Report(const ReportOptions& options)
     : options(options)
 {
 }
 
-bool Report::isWanted(const Finding& finding) const
-{
-    return !options.excluded.contains(finding.code) && !(options.quiet && finding.severity == Severity::Note);
-}
-
 void Report::add(const QString& file, const Findings& findings)
 {
     for (const Finding& finding : findings) {
-        if (!isWanted(finding))
+        anyErrors = anyErrors || countsAsError(finding, options);
+        if (!isShown(finding, options))
             continue;
-        if (finding.severity == Severity::Error || (options.strict && finding.severity == Severity::Warning))
-            anyErrors = true;
         if (options.format == Format::Json)
-            addObject(file, finding);
+            objects.add(asObject(file, finding));
         else
-            addLine(file, finding);
+            writeLine(file, finding);
     }
-}
-
-void Report::addLine(const QString& file, const Finding& finding)
-{
-    const QString place = QStringLiteral(":%1:%2: ").arg(finding.place.line).arg(finding.place.column);
-    const QString text = inOneLine(finding.text) + " ["_L1 + entry(finding.code).name + "]\n"_L1;
-    write(QFile::encodeName(inOneLine(file)) + toolkit::localeText(place + word(finding.severity) + ": "_L1 + text));
-}
-
-void Report::addObject(const QString& file, const Finding& finding)
-{
-    // Each by itself, so that no list of all of them is made; an object in a line.
-    write(anyObjects ? ",\n" : "[\n");
-    anyObjects = true;
-    write(QJsonDocument(asObject(file, finding)).toJson(QJsonDocument::Compact));
 }
 
 bool Report::finish()
 {
     if (options.format == Format::Json)
-        write(anyObjects ? "\n]\n" : "[]\n");
-    return std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+        objects.finish();
+    return toolkit::finishWriting();
 }
 
 } // namespace check

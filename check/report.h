@@ -2,8 +2,7 @@
 #define ZELMORA_CHECK_REPORT_H
 
 #include "check/finding.h"
-
-#include <QByteArray>
+#include "check/jsonarray.h"
 
 namespace check {
 
@@ -19,6 +18,11 @@ struct ReportOptions {
     QVector<Code> excluded; ///< neither shown nor counted
 };
 
+/// Whether a report with these @p options has the finding.
+bool isShown(const Finding& finding, const ReportOptions& options);
+/// Whether the finding makes the exit status that of an error; only one that is shown does.
+bool countsAsError(const Finding& finding, const ReportOptions& options);
+
 /// Writes findings to standard output, file by file, in the form that was asked for.
 class Report {
 public:
@@ -31,16 +35,12 @@ public:
     /// Writes what closes the report; to be called once, at the end. False when something could not be written.
     bool finish();
 
-    bool hasErrors() const { return anyErrors; }
+    bool hasErrors() const { return anyErrors; } ///< countsAsError() of any so far
 
 private:
-    bool isWanted(const Finding& finding) const;
-    void addLine(const QString& file, const Finding& finding);
-    void addObject(const QString& file, const Finding& finding);
-
     const ReportOptions options;
+    JsonArray objects;
     bool anyErrors = false;
-    bool anyObjects = false;
 };
 
 } // namespace check

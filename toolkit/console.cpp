@@ -1,16 +1,46 @@
 #include "toolkit/console.h"
 
 #include <QByteArray>
+#include <QString>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace toolkit {
 
+namespace {
+
+bool endsLine(QChar character)
+{
+    const QChar::Category category = character.category();
+    return category == QChar::Other_Control || category == QChar::Separator_Line
+        || category == QChar::Separator_Paragraph;
+}
+
+} // namespace
+
 void writeLine(const QByteArray& line)
 {
-    std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stdout);
+    write(line);
     std::fputc('\n', stdout);
     std::fflush(stdout);
+}
+
+void write(const QByteArray& bytes)
+{
+    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stdout);
+}
+
+bool finishWriting()
+{
+    return std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+}
+
+QString inOneLine(const QString& text)
+{
+    QString line = text;
+    std::replace_if(line.begin(), line.end(), endsLine, QLatin1Char(' '));
+    return line;
 }
 
 } // namespace toolkit
