@@ -9,39 +9,56 @@ bool isBlank(QChar character)
     return character == QLatin1Char(' ') || (character >= QLatin1Char('\t') && character <= QLatin1Char('\r'));
 }
 
-/// The end of the attribute at @p begin of the start tag @p tag, which the reader has found to be well-formed; the
-/// tag's own end where there is none.
-int attributeEnd(const QString& tag, int begin)
-{
-    int quote = tag.indexOf(QLatin1Char('='), begin) + 1;
-    while (quote < tag.size() && isBlank(tag.at(quote)))
-        ++quote;
-    const int end = quote < tag.size() ? tag.indexOf(tag.at(quote), quote + 1) : -1;
-    return end < 0 ? tag.size() : end + 1;
-}
-
 } // namespace
 
 TextPlace XmlPlaces::attribute(int index)
 {
-    if (attributePlaces.isEmpty())
-        findAttributes();
+    findAttributes();
     return attributePlaces.value(index, markup());
 }
 
+int XmlPlaces::attributesBegun()
+{
+    findAttributes();
+    return attributePlaces.size();
+}
+
+/// Each character is looked at once, however often this is called before the markup's end.
 void XmlPlaces::findAttributes()
 {
-    TextPlace place = markupPlace;
-    int next = 0;
-    while (next < markupText.size() && !isBlank(markupText.at(next)))
-        place = after(place, markupText.at(next++)); // the element's name
-    while (next < markupText.size()) {
-        const bool isGap = isBlank(markupText.at(next));
-        const int end = isGap ? next + 1 : attributeEnd(markupText, next);
-        if (!isGap)
-            attributePlaces += place;
-        for (; next < end; ++next)
-            place = after(place, markupText.at(next));
+    if (searched == 0)
+        searchPlace = markupPlace;
+    for (; searched < markupText.size(); ++searched) {
+        const QChar character = markupText.at(searched);
+        findAttribute(character);
+        searchPlace = after(searchPlace, character);
+    }
+}
+
+/// The next @p character of a start tag that the reader has found to be well-formed so far.
+void XmlPlaces::findAttribute(QChar character)
+{
+    switch (tagPart) {
+    case TagPart::ElementName:
+        if (isBlank(character))
+            tagPart = TagPart::Gap;
+        break;
+    case TagPart::Gap:
+        if (!isBlank(character) && character != QLatin1Char('/') && character != QLatin1Char('>')) {
+            attributePlaces += searchPlace;
+            tagPart = TagPart::AttributeName;
+        }
+        break;
+    case TagPart::AttributeName:
+        if (character == QLatin1Char('"') || character == QLatin1Char('\'')) {
+            quote = character;
+            tagPart = TagPart::Value;
+        }
+        break;
+    case TagPart::Value:
+        if (character == quote)
+            tagPart = TagPart::Gap;
+        break;
     }
 }
 
@@ -69,6 +86,8 @@ void XmlPlaces::markupIsDelivered()
         isEnding = !markupText.endsWith(QLatin1Char('>'));
     markupText.clear();
     attributePlaces.clear();
+    searched = 0;
+    tagPart = TagPart::ElementName;
     textBegan = false;
 }
 

@@ -24,6 +24,8 @@ public:
     bool isInsideMarkup() const { return !markupText.isEmpty(); }
     /// The character that the reader looks at; after an error, the one that it stumbled over.
     TextPlace reached() const { return here; }
+    /// The attributes that have begun between that "<" and where the reader is: what it is inside of is the last one.
+    int attributesBegun();
 
     // For the reader.
 
@@ -32,7 +34,10 @@ public:
     void textIsDelivered() { textBegan = false; }
 
 private:
+    enum class TagPart { ElementName, Gap, AttributeName, Value };
+
     void findAttributes();
+    void findAttribute(QChar character);
 
     TextPlace here; ///< of the next character
     TextPlace markupPlace;
@@ -40,7 +45,13 @@ private:
     bool textBegan = false;
     bool isEnding = false; ///< the markup was delivered, and its ">" is still to come
     QString markupText; ///< from its "<" on; empty between two of them
-    QVector<TextPlace> attributePlaces; ///< of the element that is being delivered, once one was asked for
+
+    // Of the markup as far as it was searched for attributes: once one is asked for.
+    QVector<TextPlace> attributePlaces;
+    int searched = 0; ///< characters
+    TextPlace searchPlace;
+    TagPart tagPart = TagPart::ElementName;
+    QChar quote; ///< of the value
 };
 
 } // namespace toolkit

@@ -26,10 +26,11 @@ const int greatestDeclarationChunks = 16;
 const int greatestEntitySize = 1000;
 const int greatestReferenceCount = 10000;
 
-/// Where the parse is; written by the guard, read by the bounded source.
+/// Where the parse is: what the guard and the bounded source tell each other.
 struct ParseState {
     bool insideDeclaration = false; // the document type's
     bool entityDeclared = false;
+    QString boundPassed; // the message for it; empty as long as there is none
 };
 
 /// Stands between reader and handler: watches nesting and entities, drops xmlns attributes if asked to, passes the
@@ -50,7 +51,7 @@ public:
     bool startElement(const QString&, const QString&, const QString& qName, const QXmlAttributes& atts) override
     {
         if (++nesting > greatestNesting)
-            return false;
+            return within(xmlbounds::nesting, false);
         for (int i = 0; dropsNamespaces && i < atts.count(); ++i) {
             if (isNamespaceDeclaration(atts.qName(i)))
                 return markupDelivered(handler.startElement(QString(), QString(), qName, withoutNamespaces(atts)));
@@ -94,10 +95,24 @@ public:
         const int size = expandedSize(value, reference.at(0));
         entitySizes.insert(reference, size);
         state.entityDeclared = true;
-        return size <= greatestEntitySize;
+        return within(xmlbounds::entity, size <= greatestEntitySize);
+    }
+
+    bool fatalError(const QXmlParseException& error) override
+    {
+        if (state.boundPassed.isEmpty())
+            return handler.fatalError(error);
+        return handler.fatalError(QXmlParseException(state.boundPassed, error.columnNumber(), error.lineNumber()));
     }
 
 private:
+    bool within(QLatin1String bound, bool isWithin) const
+    {
+        if (!isWithin)
+            state.boundPassed = bound;
+        return isWithin;
+    }
+
     bool markupDelivered(bool goOn) const
     {
         if (places)
@@ -128,11 +143,6 @@ private:
         return size;
     }
 
-    static bool isNamespaceDeclaration(const QString& name)
-    {
-        return name.startsWith("xmlns"_L1) && (name.size() == 5 || name.at(5) == QLatin1Char(':'));
-    }
-
     static QXmlAttributes withoutNamespaces(const QXmlAttributes& atts)
     {
         QXmlAttributes kept;
@@ -160,7 +170,7 @@ private:
 /// Feeds the reader chunk by chunk and ends the input, which is a syntax error, where a bound is passed.
 class BoundedSource : public QXmlInputSource {
 public:
-    BoundedSource(QIODevice& device, const ParseState& state)
+    BoundedSource(QIODevice& device, ParseState& state)
         : QXmlInputSource(&device)
         , state(state)
     {
@@ -181,10 +191,14 @@ private:
     {
         if (state.insideDeclaration)
             ++declarationChunks;
-        return declarationChunks <= greatestDeclarationChunks && references <= greatestReferenceCount;
+        if (declarationChunks > greatestDeclarationChunks)
+            state.boundPassed = xmlbounds::declaration;
+        else if (references > greatestReferenceCount)
+            state.boundPassed = xmlbounds::references;
+        return state.boundPassed.isEmpty();
     }
 
-    const ParseState& state;
+    ParseState& state;
     int declarationChunks = 0;
     int references = 0;
 };
@@ -192,7 +206,7 @@ private:
 /// Says what the reader goes past. It looks one character ahead: the one that it got last is not passed yet.
 class PlacedSource : public BoundedSource {
 public:
-    PlacedSource(QIODevice& device, const ParseState& state, XmlPlaces& places)
+    PlacedSource(QIODevice& device, ParseState& state, XmlPlaces& places)
         : BoundedSource(device, state)
         , places(places)
     {
@@ -221,6 +235,11 @@ private:
 
 } // namespace
 
+bool isNamespaceDeclaration(const QString& name)
+{
+    return name.startsWith("xmlns"_L1) && (name.size() == 5 || name.at(5) == QLatin1Char(':'));
+}
+
 bool readXml(QIODevice& device, QXmlDefaultHandler& handler, NamespaceDeclarations declarations, XmlPlaces* places)
 {
     ParseState state;
@@ -232,6 +251,7 @@ bool readXml(QIODevice& device, QXmlDefaultHandler& handler, NamespaceDeclaratio
     reader.setContentHandler(&guard);
     reader.setLexicalHandler(&guard);
     reader.setDeclHandler(&guard);
+    reader.setErrorHandler(&guard);
     if (places) {
         PlacedSource source(device, state, *places);
         return reader.parse(&source);

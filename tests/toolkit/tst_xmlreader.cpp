@@ -53,8 +53,9 @@ private:
 /// As above, with all that is no element, and where everything stands.
 class PlacedEventLog : public EventLog {
 public:
-    explicit PlacedEventLog(toolkit::XmlPlaces& places)
-        : places(places)
+    explicit PlacedEventLog(toolkit::XmlPlaces& places, const QString& refused = QString())
+        : EventLog(refused)
+        , places(places)
     {
     }
 
@@ -78,8 +79,13 @@ public:
     bool comment(const QString& text) override { return add(at(places.markup()) + "comment" + text); }
     bool skippedEntity(const QString& name) override
     {
-        return add((places.isInsideMarkup() ? at(places.markup()) + "attribute's " : at(places.text())) + "entity "
-                   + name);
+        if (!places.isInsideMarkup())
+            return add(at(places.text()) + "entity " + name);
+        return add(at(places.markup()) + QString("attribute %1's entity ").arg(places.attributesBegun()) + name);
+    }
+    bool fatalError(const QXmlParseException& error) override
+    {
+        return add(at(places.reached()) + "error: " + error.message());
     }
     bool startCDATA() override { return insideCData = true; }
     bool endCDATA() override
@@ -157,6 +163,9 @@ private slots:
     void places_data();
     void places();
     void placesOfManyAttributes();
+    void placesOfManyEntities();
+    void placesOfFaults_data();
+    void placesOfFaults();
     void manyElements();
     void manyNameSpaces();
     void namespaceDeclarations_data();
@@ -278,10 +287,13 @@ void TestXmlReader::places_data()
     row("an entity that nobody declared, in the text", "<job>\n&x;<row/></job>",
         {"1:1 start job", "2:1 entity x", "2:4 start row", "end row", "end job"});
     row("an entity that nobody declared, in an attribute", "<job>\n <row a='&x;'/></job>",
-        {"1:1 start job", "2:2 attribute's entity x", "2:2 start row 2:7 a", "end row", "end job"});
+        {"1:1 start job", "2:2 attribute 1's entity x", "2:2 start row 2:7 a", "end row", "end job"});
     row("the same, right after an end tag", "<job><row></row><row a='&x;'/></job>",
-        {"1:1 start job", "1:6 start row", "end row", "1:17 attribute's entity x", "1:17 start row 1:22 a", "end row",
+        {"1:1 start job", "1:6 start row", "end row", "1:17 attribute 1's entity x", "1:17 start row 1:22 a", "end row",
          "end job"});
+    row("entities that nobody declared, in several attributes", "<job a='1' b='&x;&y;' c = '/>' d='&z;'/>",
+        {"1:1 attribute 2's entity x", "1:1 attribute 2's entity y", "1:1 attribute 4's entity z",
+         "1:1 start job 1:6 a 1:12 b 1:23 c 1:32 d", "end job"});
     row("a reference in an attribute takes its characters", "<job a='&lt;&#65;' b='1'/>",
         {"1:1 start job 1:6 a 1:20 b", "end job"});
 }
@@ -313,6 +325,56 @@ void TestXmlReader::placesOfManyAttributes()
     PlacedEventLog log(places);
     QVERIFY(toolkit::readXml(device, log, NamespaceDeclarations::Keep, &places));
     QVERIFY(log.events.at(1).endsWith(" 100001:1 a99999"));
+}
+
+// In one attribute, each is found without a look at the others.
+void TestXmlReader::placesOfManyEntities()
+{
+    QBuffer device;
+    device.setData("<job a='" + QByteArray("&x;").repeated(200000) + "'/>");
+    toolkit::XmlPlaces places;
+    PlacedEventLog log(places);
+    QVERIFY(toolkit::readXml(device, log, NamespaceDeclarations::Keep, &places));
+    QCOMPARE(log.events.count("1:1 attribute 1's entity x"), 200000);
+}
+
+void TestXmlReader::placesOfFaults_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("fault");
+    const auto row = [](const char* name, const QByteArray& text, const char* fault) {
+        QTest::newRow(name) << text << fault;
+    };
+
+    row("nothing", "", "1:1 error: unexpected end of file");
+    row("an end tag that does not match", "<job>\n <row>\n </rows></job>", "3:8 error: tag mismatch");
+    row("an element left open", "<job>\n<row/>\n", "3:1 error: unexpected end of file");
+    row("a lone '&' in an attribute", "<job>\n<row a='Franco & Figli'/></job>", "2:17 error: letter is expected");
+    row("'<' in an attribute", "<job a='<'/>", "1:9 error: unexpected character");
+    row("a quote in a text", "<job a='l'acqua'/>", "1:16 error: unexpected character");
+    row("an attribute without quotes", "<job a=1/>", "1:8 error: unexpected character");
+    row("elements nested too deep", "<job>" + nested(1000) + "</job>", "1:3005 error: elements nested too deep");
+    row("an entity too large", withDeclarations("<!ENTITY e '" + QByteArray(1001, 'e') + "'>"),
+        "1:1028 error: entity too large");
+    row("a declaration too long", withDeclarations(QByteArray("<!ELEMENT a ANY>").repeated(2000)),
+        "error: document type declaration too long");
+    row("too many references", withDeclarations("<!ENTITY e 'e'>", "<a>" + QByteArray("&e;").repeated(20000) + "</a>"),
+        "error: too many references");
+    row("the handler's own refusal", "<job><refused/></job>", "1:14 error: error triggered by consumer");
+}
+
+void TestXmlReader::placesOfFaults()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QString, fault);
+
+    QBuffer device;
+    device.setData(text);
+    toolkit::XmlPlaces places;
+    PlacedEventLog log(places, "1:6 start refused");
+    QVERIFY(!toolkit::readXml(device, log, NamespaceDeclarations::Keep, &places));
+    QVERIFY2(log.events.last().endsWith(fault), qPrintable(log.events.last()));
+    QCOMPARE(log.events.filter("error:").size(), 1);
 }
 
 // The input arrives in chunks of 1,024 bytes, whose ends fall into names and into characters here.
