@@ -202,6 +202,11 @@ SettingsEnd scanXml(const QByteArray& bytes, SettingsListener& listener)
 
 } // namespace
 
+QString settingsFormat(const QString& path)
+{
+    return path.endsWith(".xml"_L1, Qt::CaseInsensitive) ? QStringLiteral("xml") : QStringLiteral("cfg");
+}
+
 SettingsEnd scanSettings(const QByteArray& bytes, const QString& format, SettingsListener& listener)
 {
     return format == "xml"_L1 ? scanXml(bytes, listener) : scanBraces(bytes, listener);

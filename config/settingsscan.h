@@ -8,6 +8,9 @@
 
 namespace libconfig {
 
+/// The format of the settings file @p path: "xml" where its name ends in ".xml", in capitals too; else "cfg".
+QString settingsFormat(const QString& path);
+
 /// A setting as it stands in a file.
 struct ScannedSetting {
     QString name;

@@ -1,5 +1,6 @@
 #include "settings/settingsfile.h"
 
+#include "config/settingsscan.h"
 #include "settings/backup.h"
 #include "settings/likeness.h"
 #include "toolkit/filereplacement.h"
@@ -24,11 +25,6 @@ namespace {
 
 const int longestName = 100;
 const int longestKey = 1000;
-
-QString formatOf(const QString& path)
-{
-    return path.endsWith(".xml"_L1, Qt::CaseInsensitive) ? QStringLiteral("xml") : QStringLiteral("cfg");
-}
 
 /// Something else has the name: a pipe would never end, or end once, or wait for its reader.
 bool isNoFile(const QString& path)
@@ -113,28 +109,28 @@ QString SettingsFile::load(const QString& path)
     const QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
         return file.errorString();
-    const FileReview found = reviewOf(bytes, formatOf(path));
+    const FileReview found = reviewOf(bytes, libconfig::settingsFormat(path));
     if (!found.isWellFormed && !isBlank(bytes))
         return QObject::tr("it is not XML"); // nothing would be read, and saving would empty the file
 
     contents = bytes;
     filePath = path;
     fileReview = found;
-    readBytes(bytes, path, formatOf(path));
+    readBytes(bytes, path, libconfig::settingsFormat(path));
     return QString();
 }
 
 SettingsFile::Trial SettingsFile::tryWriting(const QString& path) const
 {
     Trial trial;
-    trial.reason = writeBytes(trial.bytes, formatOf(path));
+    trial.reason = writeBytes(trial.bytes, libconfig::settingsFormat(path));
     if (!trial.reason.isEmpty())
         return trial;
 
     SettingsFile readBack;
-    readBack.readBytes(trial.bytes, path, formatOf(path));
+    readBack.readBytes(trial.bytes, path, libconfig::settingsFormat(path));
     trial.changed = settingsMissingIn(readBack);
-    if (formatOf(path) == "xml"_L1 && readBack.rootElement().isNull())
+    if (libconfig::settingsFormat(path) == "xml"_L1 && readBack.rootElement().isNull())
         trial.notXml = brokenXml();
     return trial;
 }
@@ -236,7 +232,7 @@ void SettingsFile::beginAt(const QString& path)
     contents.clear();
     filePath = path;
     fileReview = FileReview();
-    readBytes(contents, path, formatOf(path));
+    readBytes(contents, path, libconfig::settingsFormat(path));
 }
 
 bool SettingsFile::isMissing(const QString& path)
@@ -247,7 +243,7 @@ bool SettingsFile::isMissing(const QString& path)
 
 QString SettingsFile::format() const
 {
-    return formatOf(filePath);
+    return libconfig::settingsFormat(filePath);
 }
 
 bool SettingsFile::changedOnDisk() const
@@ -269,7 +265,7 @@ QString SettingsFile::keepBackup(const QString& path)
 QString SettingsFile::valueIn(const Trial& trial, const QString& path, const QString& key)
 {
     SettingsFile readBack;
-    readBack.readBytes(trial.bytes, path, formatOf(path));
+    readBack.readBytes(trial.bytes, path, libconfig::settingsFormat(path));
     return readBack.value(key);
 }
 
