@@ -4,7 +4,13 @@
 #include <QProcess>
 
 ProgramRun::ProgramRun()
-    : workingFolder(folder.path())
+    : ProgramRun(QStringLiteral(ZELMORA_PRINT_PROGRAM))
+{
+}
+
+ProgramRun::ProgramRun(const QString& program)
+    : program(program)
+    , workingFolder(folder.path())
 {
     if (!folder.isValid() || !QDir(folder.path()).mkpath(QStringLiteral("home/.zelmora/conf")))
         qFatal("The scratch folder can't be made.");
@@ -47,12 +53,12 @@ QString ProgramRun::writeFile(const char* name, const QByteArray& bytes) const
 
 void ProgramRun::start(const QStringList& arguments)
 {
-    run(QStringLiteral(ZELMORA_PRINT_PROGRAM), arguments);
+    run(program, arguments);
 }
 
 void ProgramRun::startShell(const QByteArray& commands)
 {
-    setEnvironment("program", QStringLiteral(ZELMORA_PRINT_PROGRAM));
+    setEnvironment("program", program);
     run(QStringLiteral("/bin/sh"), {writeFile("commands.sh", commands)});
 }
 

@@ -7,11 +7,13 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-/// Runs the real print program with a home directory, a locale and a working folder of its own.
+/// Runs a real program with a home directory, a locale and a working folder of its own.
 class ProgramRun {
 public:
-    /// A home without settings, in the C locale, working in its scratch folder.
+    /// The print program, in a home without settings, in the C locale, working in its scratch folder.
     ProgramRun();
+    /// The program @p program, in the same surroundings.
+    explicit ProgramRun(const QString& program);
 
     void setSettings(const QByteArray& text); ///< the settings file in the run's home
     void setEnvironment(const char* name, const QString& value);
@@ -26,7 +28,7 @@ public:
     /// Runs shell commands in the scratch folder, in which "$program" is the program: for what only a shell can
     /// do, such as closed streams, pipes and file names that are no text.
     void startShell(const QByteArray& commands);
-    /// Prints @p job to the file "script.txt" in the scratch folder and returns what that holds.
+    /// Prints @p job with the print program to the file "script.txt" in the scratch folder and returns what that holds.
     QByteArray print(const QByteArray& job);
 
     /// What the last run left to see beside its files: standard output as it is, and behind it, in words, what there
@@ -41,6 +43,7 @@ public:
 private:
     void run(const QString& command, const QStringList& arguments);
 
+    const QString program;
     QTemporaryDir folder;
     QProcessEnvironment environment;
     QString workingFolder;
