@@ -217,8 +217,8 @@ void TestDocumentSettings::theLanguageActsInEveryMethodThatPrintsLabels()
     const Method& printed = vocabulary::methods()[method];
     const QFileInfo catalogue(ZELMORA_CATALOGUE);
     const auto language = [&](const QString& folder, const QString& file) {
-        return settingsText({{groupOf(printed).name, sampleSettings()},
-                             {"language", {{"basedir", folder + '/'}, {"file", file}}}});
+        return settingsText(
+            {{groupOf(printed).name, sampleSettings()}, {"language", {{"basedir", folder + '/'}, {"file", file}}}});
     };
     SampleRun run;
     const SampleJob job = sampleJob();

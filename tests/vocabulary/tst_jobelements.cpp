@@ -21,6 +21,8 @@ private slots:
     void attributes();
     void elements_data() { addMethodRows(); }
     void elements();
+    void absentAttributesReadAsEmpty_data() { addMethodRows(); }
+    void absentAttributesReadAsEmpty();
     void namesInAnotherLetterCase_data() { addMethodRows(); }
     void namesInAnotherLetterCase();
     void attributesInOrderMakeGroups_data() { addMethodRows(); }
@@ -139,6 +141,24 @@ void TestJobElements::elements()
             toShow += job[i].name;
     }
     QCOMPARE(shown, toShow);
+}
+
+// Where attributes are read in their order, one that is absent shifts the others.
+void TestJobElements::absentAttributesReadAsEmpty()
+{
+    QFETCH(int, method);
+    const Method& printed = vocabulary::methods()[method];
+    SampleJob absent = sampleJob();
+    SampleJob empty = absent;
+    for (int i = 0; i < absent.size(); ++i) {
+        if (vocabulary::takesAnyAttribute(absent[i].name))
+            continue;
+        absent[i].attributes.clear();
+        for (SampleAttribute& attribute : empty[i].attributes)
+            attribute.value.clear();
+    }
+    SampleRun run;
+    QCOMPARE(run.script(printed, absent), run.script(printed, empty));
 }
 
 void TestJobElements::namesInAnotherLetterCase()

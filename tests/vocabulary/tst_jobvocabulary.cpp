@@ -140,8 +140,10 @@ void TestJobVocabulary::everyRowIsSound()
         for (const Element* const element : vocabulary::elementsOf(method)) {
             elements += element->name;
             QStringList attributes;
-            for (const Attribute& attribute : element->attributes)
+            for (const Attribute& attribute : element->attributes) {
                 attributes += attribute.name;
+                QVERIFY(attribute.prints || attribute.presence == vocabulary::Presence::Optional);
+            }
             QVERIFY(!attributes.contains(QString()));
             QCOMPARE(attributes.removeDuplicates(), 0);
             for (const Attribute& attribute : element->inOrder)

@@ -209,7 +209,8 @@ void TestVocabularyPages::groups()
 
 void TestVocabularyPages::programSettings()
 {
-    Rows rows = tableUnder("settings-file.md", "## Language") + tableUnder("settings-file.md", "## The suite's programs");
+    Rows rows =
+        tableUnder("settings-file.md", "## Language") + tableUnder("settings-file.md", "## The suite's programs");
     for (const SettingGroup& group : vocabulary::settingGroups()) {
         if (group.isDocument)
             continue;
