@@ -241,7 +241,7 @@
     </message>
     <message>
         <source>The file as it is now cannot be kept as %1: %2</source>
-        <translation>Il file com'è ora non può essere conservato come %1: %2</translation>
+        <translation>Il file com&apos;è ora non può essere conservato come %1: %2</translation>
     </message>
     <message>
         <source>line %1: %2</source>
@@ -317,11 +317,11 @@
     </message>
     <message>
         <source>These values hold the setting after them; a semicolon is missing, or a remark holds an equals sign:</source>
-        <translation>Questi valori contengono l'impostazione che li segue; manca un punto e virgola, o un commento contiene un segno di uguale:</translation>
+        <translation>Questi valori contengono l&apos;impostazione che li segue; manca un punto e virgola, o un commento contiene un segno di uguale:</translation>
     </message>
     <message>
         <source>Nothing may stand before the first group of an XML file, no declaration and no comment: no program finds a setting in this file.</source>
-        <translation>Prima del primo gruppo di un file XML non può esserci nulla, né dichiarazioni né commenti: nessun programma trova un'impostazione in questo file.</translation>
+        <translation>Prima del primo gruppo di un file XML non può esserci nulla, né dichiarazioni né commenti: nessun programma trova un&apos;impostazione in questo file.</translation>
     </message>
     <message>
         <source>it is not XML</source>
@@ -365,7 +365,7 @@
     </message>
     <message>
         <source>Another program has changed or removed the file %1 since it was opened. Saving drops what it changed.</source>
-        <translation>Un altro programma ha modificato o rimosso il file %1 dopo l'apertura. Il salvataggio cancella quelle modifiche.</translation>
+        <translation>Un altro programma ha modificato o rimosso il file %1 dopo l&apos;apertura. Il salvataggio cancella quelle modifiche.</translation>
     </message>
     <message>
         <source>The file %1 cannot be written: %2
@@ -390,6 +390,886 @@ Le modifiche sono ancora in questa finestra.</translation>
 the one would be dropped, the other would end the value.</source>
         <translation>Un valore non può contenere virgolette né punti e virgola:
 le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
+    </message>
+    <message>
+        <source>The file cannot be read.</source>
+        <translation>Il file non può essere letto.</translation>
+    </message>
+    <message>
+        <source>There is no settings file: what holds without one is taken.</source>
+        <translation>Non c&apos;è un file di impostazioni: vale ciò che vale senza.</translation>
+    </message>
+    <message>
+        <source>A number is due, and the text is none.</source>
+        <translation>Serve un numero, e il testo non lo è.</translation>
+    </message>
+    <message>
+        <source>The XML breaks off here: nothing after it is printed.</source>
+        <translation>L&apos;XML si interrompe qui: ciò che segue non viene stampato.</translation>
+    </message>
+    <message>
+        <source>The job has no element &quot;method&quot;: nothing is printed.</source>
+        <translation>Il lavoro di stampa non ha l&apos;elemento &quot;method&quot;: non viene stampato nulla.</translation>
+    </message>
+    <message>
+        <source>There is no print method of that name: printing stops here.</source>
+        <translation>Nessun metodo di stampa ha questo nome: la stampa si ferma qui.</translation>
+    </message>
+    <message>
+        <source>An element before &quot;method&quot; is ignored.</source>
+        <translation>Un elemento che precede &quot;method&quot; viene ignorato.</translation>
+    </message>
+    <message>
+        <source>A second &quot;method&quot; opens the document again: it is opened twice and closed once.</source>
+        <translation>Un secondo &quot;method&quot; riapre il documento, che viene aperto due volte e chiuso una.</translation>
+    </message>
+    <message>
+        <source>No print method reads an element of that name.</source>
+        <translation>Nessun metodo di stampa legge un elemento con questo nome.</translation>
+    </message>
+    <message>
+        <source>No print method reads an attribute of that name of this element.</source>
+        <translation>Nessun metodo di stampa legge un attributo con questo nome in questo elemento.</translation>
+    </message>
+    <message>
+        <source>Other print methods read this element, this one does not.</source>
+        <translation>Altri metodi di stampa leggono questo elemento, questo no.</translation>
+    </message>
+    <message>
+        <source>Other print methods read this attribute of the element, this one does not.</source>
+        <translation>Altri metodi di stampa leggono questo attributo dell&apos;elemento, questo no.</translation>
+    </message>
+    <message>
+        <source>The attribute stands twice in its element, which XML forbids: the second one counts for nothing.</source>
+        <translation>L&apos;attributo compare due volte nel suo elemento, cosa che l&apos;XML vieta: il secondo non conta.</translation>
+    </message>
+    <message>
+        <source>The attribute is absent or empty: a column or a line stays empty.</source>
+        <translation>L&apos;attributo manca o è vuoto: una colonna o una riga resta vuota.</translation>
+    </message>
+    <message>
+        <source>A date is due, and the text is none in a usual form.</source>
+        <translation>Serve una data, e il testo non lo è in una forma consueta.</translation>
+    </message>
+    <message>
+        <source>Figures of the document do not agree.</source>
+        <translation>Gli importi del documento non quadrano.</translation>
+    </message>
+    <message>
+        <source>An apostrophe ends the register&apos;s text early.</source>
+        <translation>Un apostrofo chiude in anticipo il testo per il registratore.</translation>
+    </message>
+    <message>
+        <source>A line break, a tab or another control character stands inside a line.</source>
+        <translation>Dentro una riga c&apos;è un a capo, una tabulazione o un altro carattere di controllo.</translation>
+    </message>
+    <message>
+        <source>A character that the script cannot hold prints as &quot;?&quot;.</source>
+        <translation>Un carattere che i comandi del registratore non possono contenere viene stampato come &quot;?&quot;.</translation>
+    </message>
+    <message>
+        <source>The entity is not declared and stands for nothing.</source>
+        <translation>L&apos;entità non è dichiarata e non sta per nulla.</translation>
+    </message>
+    <message>
+        <source>The fields of an address after an empty one do not print.</source>
+        <translation>I campi di un indirizzo che seguono un campo vuoto non vengono stampati.</translation>
+    </message>
+    <message>
+        <source>The last cancelled document has fewer than three attributes.</source>
+        <translation>L&apos;ultimo documento annullato ha meno di tre attributi.</translation>
+    </message>
+    <message>
+        <source>A line is wider than the paper.</source>
+        <translation>Una riga è più larga della carta.</translation>
+    </message>
+    <message>
+        <source>A description is cut to its column.</source>
+        <translation>Una descrizione viene tagliata alla larghezza della colonna.</translation>
+    </message>
+    <message>
+        <source>&quot;TOTALE&quot; prints as &quot;SOMMA&quot;.</source>
+        <translation>&quot;TOTALE&quot; viene stampato come &quot;SOMMA&quot;.</translation>
+    </message>
+    <message>
+        <source>What the job says here does not reach the paper.</source>
+        <translation>Ciò che il lavoro di stampa dice qui non arriva sulla carta.</translation>
+    </message>
+    <message>
+        <source>The first group is not &quot;zelmora&quot;: no setting is found.</source>
+        <translation>Il primo gruppo non è &quot;zelmora&quot;: non viene trovata nessuna impostazione.</translation>
+    </message>
+    <message>
+        <source>A semicolon is missing: what follows is swallowed.</source>
+        <translation>Manca un punto e virgola: ciò che segue va perso.</translation>
+    </message>
+    <message>
+        <source>The text is skipped, and what stands in it is not found.</source>
+        <translation>Il testo viene saltato, e ciò che contiene non viene trovato.</translation>
+    </message>
+    <message>
+        <source>Only the first group at the top is read.</source>
+        <translation>Viene letto solo il primo dei gruppi più esterni.</translation>
+    </message>
+    <message>
+        <source>A setting outside every group is never found.</source>
+        <translation>Un&apos;impostazione fuori da ogni gruppo non viene mai trovata.</translation>
+    </message>
+    <message>
+        <source>No program reads a group of that name here.</source>
+        <translation>Nessun programma legge qui un gruppo con questo nome.</translation>
+    </message>
+    <message>
+        <source>No program reads a setting of that name here.</source>
+        <translation>Nessun programma legge qui un&apos;impostazione con questo nome.</translation>
+    </message>
+    <message>
+        <source>A flag is &quot;true&quot; or &quot;false&quot; in just these letters: anything else reads as false.</source>
+        <translation>Un&apos;opzione è &quot;true&quot; o &quot;false&quot;, scritto proprio così: tutto il resto vale false.</translation>
+    </message>
+    <message>
+        <source>The number is outside its range.</source>
+        <translation>Il numero è fuori dai suoi limiti.</translation>
+    </message>
+    <message>
+        <source>The value is none of the words that the setting takes.</source>
+        <translation>Il valore non è una delle parole che l&apos;impostazione accetta.</translation>
+    </message>
+    <message>
+        <source>The columns leave no room for the description.</source>
+        <translation>Le colonne non lasciano spazio alla descrizione.</translation>
+    </message>
+    <message>
+        <source>The setting stands twice in its group: the later value holds.</source>
+        <translation>L&apos;impostazione compare due volte nel suo gruppo: vale l&apos;ultimo valore.</translation>
+    </message>
+    <message>
+        <source>The group stands twice: the first value that is not empty holds.</source>
+        <translation>Il gruppo compare due volte: vale il primo valore non vuoto.</translation>
+    </message>
+    <message>
+        <source>There are no comments: the text becomes part of the name that follows, which is not found.</source>
+        <translation>I commenti non esistono: il testo diventa parte del nome che segue, che non viene trovato.</translation>
+    </message>
+    <message>
+        <source>The programs read &quot;?&quot; for a character beyond Western European ones.</source>
+        <translation>Di un carattere che non è dell&apos;Europa occidentale i programmi leggono &quot;?&quot;.</translation>
+    </message>
+    <message>
+        <source>The translation cannot be loaded: the labels stay English.</source>
+        <translation>La traduzione non può essere caricata: le etichette restano in inglese.</translation>
+    </message>
+    <message>
+        <source>Other users of the machine may read the password.</source>
+        <translation>Altri utenti della macchina possono leggere la password.</translation>
+    </message>
+    <message>
+        <source>The paper is wider than the register&apos;s 32 characters, within which lines are centred.</source>
+        <translation>La carta è più larga dei 32 caratteri del registratore, entro i quali le righe vengono centrate.</translation>
+    </message>
+    <message>
+        <source>The group holds nothing: it is as if it were not there.</source>
+        <translation>Il gruppo non contiene nulla: è come se non ci fosse.</translation>
+    </message>
+    <message>
+        <source>The translation is found in one working folder only.</source>
+        <translation>La traduzione viene trovata da una sola cartella di lavoro.</translation>
+    </message>
+    <message>
+        <source>The setting has no effect in this document.</source>
+        <translation>L&apos;impostazione non ha effetto in questo documento.</translation>
+    </message>
+    <message>
+        <source>Another program is changing the file %1. Try again when it is done.</source>
+        <translation>Un altro programma sta modificando il file %1. Riprovare quando avrà finito.</translation>
+    </message>
+    <message>
+        <source>The file %1 does not look like the settings of the suite, and is left as it is: none of its outermost groups is named zelmora.</source>
+        <translation>Il file %1 non sembra contenere le impostazioni della suite e resta com&apos;è: nessuno dei gruppi più esterni si chiama zelmora.</translation>
+    </message>
+    <message>
+        <source>Nothing may stand before the first group of an XML file, no declaration and no comment. Take it out of the file %1 first.</source>
+        <translation>Prima del primo gruppo di un file XML non può esserci nulla, né dichiarazioni né commenti. Toglierlo prima dal file %1.</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be written: %2</source>
+        <translation>Il file %1 non può essere scritto: %2</translation>
+    </message>
+    <message>
+        <source>The file %1 would not be XML, and nothing would be read back, because of: %2</source>
+        <translation>Il file %1 non sarebbe XML e non verrebbe riletto nulla, a causa di: %2</translation>
+    </message>
+    <message>
+        <source>Another program has changed or removed the file %1 meanwhile. Nothing was written.</source>
+        <translation>Nel frattempo un altro programma ha modificato o rimosso il file %1. Non è stato scritto nulla.</translation>
+    </message>
+    <message>
+        <source>(the file says &quot;%1&quot;)</source>
+        <translation>(il file dice &quot;%1&quot;)</translation>
+    </message>
+    <message>
+        <source>tab</source>
+        <translation>tabulazione</translation>
+    </message>
+    <message>
+        <source>line break</source>
+        <translation>a capo</translation>
+    </message>
+    <message>
+        <source>apostrophe</source>
+        <translation>apostrofo</translation>
+    </message>
+    <message>
+        <source>blank that does not break</source>
+        <translation>spazio che non va a capo</translation>
+    </message>
+    <message>
+        <source>exclamation mark upside down</source>
+        <translation>punto esclamativo capovolto</translation>
+    </message>
+    <message>
+        <source>cent sign</source>
+        <translation>simbolo del centesimo</translation>
+    </message>
+    <message>
+        <source>pound sign</source>
+        <translation>simbolo della sterlina</translation>
+    </message>
+    <message>
+        <source>yen sign</source>
+        <translation>simbolo dello yen</translation>
+    </message>
+    <message>
+        <source>section sign</source>
+        <translation>segno di paragrafo</translation>
+    </message>
+    <message>
+        <source>copyright sign</source>
+        <translation>simbolo di copyright</translation>
+    </message>
+    <message>
+        <source>angled quotation mark</source>
+        <translation>virgoletta ad angolo</translation>
+    </message>
+    <message>
+        <source>hyphen that is not seen</source>
+        <translation>trattino invisibile</translation>
+    </message>
+    <message>
+        <source>registered trademark sign</source>
+        <translation>simbolo di marchio registrato</translation>
+    </message>
+    <message>
+        <source>degree sign</source>
+        <translation>simbolo del grado</translation>
+    </message>
+    <message>
+        <source>plus-minus sign</source>
+        <translation>segno più o meno</translation>
+    </message>
+    <message>
+        <source>acute accent</source>
+        <translation>accento acuto</translation>
+    </message>
+    <message>
+        <source>micro sign</source>
+        <translation>simbolo di micro</translation>
+    </message>
+    <message>
+        <source>dot in the middle</source>
+        <translation>punto a mezza altezza</translation>
+    </message>
+    <message>
+        <source>question mark upside down</source>
+        <translation>punto interrogativo capovolto</translation>
+    </message>
+    <message>
+        <source>A and E in one letter</source>
+        <translation>A ed E in una lettera sola</translation>
+    </message>
+    <message>
+        <source>multiplication sign</source>
+        <translation>segno di moltiplicazione</translation>
+    </message>
+    <message>
+        <source>O with a stroke</source>
+        <translation>O con barra</translation>
+    </message>
+    <message>
+        <source>German sharp s</source>
+        <translation>s doppia tedesca</translation>
+    </message>
+    <message>
+        <source>a and e in one letter</source>
+        <translation>a ed e in una lettera sola</translation>
+    </message>
+    <message>
+        <source>division sign</source>
+        <translation>segno di divisione</translation>
+    </message>
+    <message>
+        <source>o with a stroke</source>
+        <translation>o con barra</translation>
+    </message>
+    <message>
+        <source>D with a stroke</source>
+        <translation>D con barra</translation>
+    </message>
+    <message>
+        <source>d with a stroke</source>
+        <translation>d con barra</translation>
+    </message>
+    <message>
+        <source>i without its dot</source>
+        <translation>i senza punto</translation>
+    </message>
+    <message>
+        <source>L with a stroke</source>
+        <translation>L con barra</translation>
+    </message>
+    <message>
+        <source>l with a stroke</source>
+        <translation>l con barra</translation>
+    </message>
+    <message>
+        <source>O and E in one letter</source>
+        <translation>O ed E in una lettera sola</translation>
+    </message>
+    <message>
+        <source>o and e in one letter</source>
+        <translation>o ed e in una lettera sola</translation>
+    </message>
+    <message>
+        <source>florin sign</source>
+        <translation>simbolo del fiorino</translation>
+    </message>
+    <message>
+        <source>curved apostrophe</source>
+        <translation>apostrofo curvo</translation>
+    </message>
+    <message>
+        <source>circumflex</source>
+        <translation>accento circonflesso</translation>
+    </message>
+    <message>
+        <source>tilde</source>
+        <translation>tilde</translation>
+    </message>
+    <message>
+        <source>blank of no width</source>
+        <translation>spazio senza larghezza</translation>
+    </message>
+    <message>
+        <source>hyphen</source>
+        <translation>trattino</translation>
+    </message>
+    <message>
+        <source>hyphen that does not break</source>
+        <translation>trattino che non va a capo</translation>
+    </message>
+    <message>
+        <source>dash</source>
+        <translation>lineetta</translation>
+    </message>
+    <message>
+        <source>long dash</source>
+        <translation>lineetta lunga</translation>
+    </message>
+    <message>
+        <source>curved single quotation mark</source>
+        <translation>virgoletta semplice curva</translation>
+    </message>
+    <message>
+        <source>low single quotation mark</source>
+        <translation>virgoletta semplice bassa</translation>
+    </message>
+    <message>
+        <source>curved quotation mark</source>
+        <translation>virgoletta curva</translation>
+    </message>
+    <message>
+        <source>low quotation mark</source>
+        <translation>virgoletta bassa</translation>
+    </message>
+    <message>
+        <source>dagger</source>
+        <translation>croce</translation>
+    </message>
+    <message>
+        <source>bullet</source>
+        <translation>punto elenco</translation>
+    </message>
+    <message>
+        <source>three dots in one character</source>
+        <translation>tre puntini in un carattere solo</translation>
+    </message>
+    <message>
+        <source>per thousand sign</source>
+        <translation>segno di per mille</translation>
+    </message>
+    <message>
+        <source>sign for feet or minutes</source>
+        <translation>segno di piedi o minuti</translation>
+    </message>
+    <message>
+        <source>sign for inches or seconds</source>
+        <translation>segno di pollici o secondi</translation>
+    </message>
+    <message>
+        <source>angled single quotation mark</source>
+        <translation>virgoletta semplice ad angolo</translation>
+    </message>
+    <message>
+        <source>fraction bar</source>
+        <translation>barra di frazione</translation>
+    </message>
+    <message>
+        <source>euro sign</source>
+        <translation>simbolo dell&apos;euro</translation>
+    </message>
+    <message>
+        <source>number sign</source>
+        <translation>segno di numero</translation>
+    </message>
+    <message>
+        <source>trademark sign</source>
+        <translation>simbolo di marchio</translation>
+    </message>
+    <message>
+        <source>arrow</source>
+        <translation>freccia</translation>
+    </message>
+    <message>
+        <source>minus sign</source>
+        <translation>segno meno</translation>
+    </message>
+    <message>
+        <source>sign for about</source>
+        <translation>segno di circa</translation>
+    </message>
+    <message>
+        <source>less or equal sign</source>
+        <translation>segno di minore o uguale</translation>
+    </message>
+    <message>
+        <source>greater or equal sign</source>
+        <translation>segno di maggiore o uguale</translation>
+    </message>
+    <message>
+        <source>star</source>
+        <translation>stella</translation>
+    </message>
+    <message>
+        <source>tick</source>
+        <translation>segno di spunta</translation>
+    </message>
+    <message>
+        <source>heart</source>
+        <translation>cuore</translation>
+    </message>
+    <message>
+        <source>byte-order mark, which is not seen</source>
+        <translation>segno dell&apos;ordine dei byte, invisibile</translation>
+    </message>
+    <message>
+        <source>sign for a character that could not be read</source>
+        <translation>segno di un carattere che non è stato possibile leggere</translation>
+    </message>
+    <message>
+        <source>%1 with grave accent</source>
+        <translation>%1 con accento grave</translation>
+    </message>
+    <message>
+        <source>%1 with acute accent</source>
+        <translation>%1 con accento acuto</translation>
+    </message>
+    <message>
+        <source>%1 with circumflex</source>
+        <translation>%1 con accento circonflesso</translation>
+    </message>
+    <message>
+        <source>%1 with tilde</source>
+        <translation>%1 con tilde</translation>
+    </message>
+    <message>
+        <source>%1 with a bar above</source>
+        <translation>%1 con lineetta sopra</translation>
+    </message>
+    <message>
+        <source>%1 with breve</source>
+        <translation>%1 con breve</translation>
+    </message>
+    <message>
+        <source>%1 with a dot above</source>
+        <translation>%1 con punto sopra</translation>
+    </message>
+    <message>
+        <source>%1 with two dots</source>
+        <translation>%1 con due punti sopra</translation>
+    </message>
+    <message>
+        <source>%1 with a ring</source>
+        <translation>%1 con anello</translation>
+    </message>
+    <message>
+        <source>%1 with double acute accent</source>
+        <translation>%1 con doppio accento acuto</translation>
+    </message>
+    <message>
+        <source>%1 with caron</source>
+        <translation>%1 con pipa</translation>
+    </message>
+    <message>
+        <source>%1 with a dot below</source>
+        <translation>%1 con punto sotto</translation>
+    </message>
+    <message>
+        <source>%1 with a comma below</source>
+        <translation>%1 con virgola sotto</translation>
+    </message>
+    <message>
+        <source>%1 with cedilla</source>
+        <translation>%1 con cediglia</translation>
+    </message>
+    <message>
+        <source>%1 with ogonek</source>
+        <translation>%1 con codetta</translation>
+    </message>
+    <message>
+        <source>Latin letter</source>
+        <translation>lettera latina</translation>
+    </message>
+    <message>
+        <source>Greek letter</source>
+        <translation>lettera greca</translation>
+    </message>
+    <message>
+        <source>Cyrillic letter</source>
+        <translation>lettera cirillica</translation>
+    </message>
+    <message>
+        <source>Hebrew letter</source>
+        <translation>lettera ebraica</translation>
+    </message>
+    <message>
+        <source>Arabic letter</source>
+        <translation>lettera araba</translation>
+    </message>
+    <message>
+        <source>Chinese character</source>
+        <translation>carattere cinese</translation>
+    </message>
+    <message>
+        <source>Japanese character</source>
+        <translation>carattere giapponese</translation>
+    </message>
+    <message>
+        <source>Korean character</source>
+        <translation>carattere coreano</translation>
+    </message>
+    <message>
+        <source>accent by itself</source>
+        <translation>accento isolato</translation>
+    </message>
+    <message>
+        <source>digit or fraction</source>
+        <translation>cifra o frazione</translation>
+    </message>
+    <message>
+        <source>blank of a special width</source>
+        <translation>spazio di larghezza particolare</translation>
+    </message>
+    <message>
+        <source>control character</source>
+        <translation>carattere di controllo</translation>
+    </message>
+    <message>
+        <source>character that is not seen</source>
+        <translation>carattere invisibile</translation>
+    </message>
+    <message>
+        <source>half of a character</source>
+        <translation>mezzo carattere</translation>
+    </message>
+    <message>
+        <source>character without a meaning</source>
+        <translation>carattere senza significato</translation>
+    </message>
+    <message>
+        <source>punctuation mark</source>
+        <translation>segno di punteggiatura</translation>
+    </message>
+    <message>
+        <source>currency sign</source>
+        <translation>simbolo di valuta</translation>
+    </message>
+    <message>
+        <source>sign</source>
+        <translation>simbolo</translation>
+    </message>
+    <message>
+        <source>letter of a foreign script</source>
+        <translation>lettera di un&apos;altra scrittura</translation>
+    </message>
+    <message>
+        <source>picture (emoji)</source>
+        <translation>figurina (emoji)</translation>
+    </message>
+    <message>
+        <source>the labels are English</source>
+        <translation>le etichette sono in inglese</translation>
+    </message>
+    <message>
+        <source>The folder of the translation, with a slash at its end unless file is &quot;/&quot;.</source>
+        <translation>La cartella della traduzione, con una barra in fondo, salvo che file sia &quot;/&quot;.</translation>
+    </message>
+    <message>
+        <source>The name of the translation, or &quot;/&quot; for that of the user&apos;s language.</source>
+        <translation>Il nome della traduzione, oppure &quot;/&quot; per quella della lingua dell&apos;utente.</translation>
+    </message>
+    <message>
+        <source>The least severe messages that are logged.</source>
+        <translation>I messaggi meno gravi che vengono registrati.</translation>
+    </message>
+    <message>
+        <source>the root folder</source>
+        <translation>la cartella radice</translation>
+    </message>
+    <message>
+        <source>The folder of the log, which must exist.</source>
+        <translation>La cartella del registro dei messaggi, che deve esistere.</translation>
+    </message>
+    <message>
+        <source>nothing is logged</source>
+        <translation>non viene registrato nulla</translation>
+    </message>
+    <message>
+        <source>The name of the log in its folder.</source>
+        <translation>Il nome del registro dei messaggi nella sua cartella.</translation>
+    </message>
+    <message>
+        <source>APPEND adds to the log, OVERWRITE empties it at each start.</source>
+        <translation>APPEND aggiunge al registro dei messaggi, OVERWRITE lo svuota a ogni avvio.</translation>
+    </message>
+    <message>
+        <source>the database with the role&apos;s name</source>
+        <translation>il database che ha il nome del ruolo</translation>
+    </message>
+    <message>
+        <source>The database.</source>
+        <translation>Il database.</translation>
+    </message>
+    <message>
+        <source>the name of the system&apos;s user</source>
+        <translation>il nome dell&apos;utente del sistema</translation>
+    </message>
+    <message>
+        <source>The role that the programs take in the database.</source>
+        <translation>Il ruolo che i programmi assumono nel database.</translation>
+    </message>
+    <message>
+        <source>no password</source>
+        <translation>nessuna password</translation>
+    </message>
+    <message>
+        <source>The password of that role.</source>
+        <translation>La password di quel ruolo.</translation>
+    </message>
+    <message>
+        <source>the server on this machine</source>
+        <translation>il server su questa macchina</translation>
+    </message>
+    <message>
+        <source>The server: a name, an address, or the folder of its socket.</source>
+        <translation>Il server: un nome, un indirizzo o la cartella del suo socket.</translation>
+    </message>
+    <message>
+        <source>The folder of the suite&apos;s programs, without a slash at its end.</source>
+        <translation>La cartella dei programmi della suite, senza barra in fondo.</translation>
+    </message>
+    <message>
+        <source>The width of the quantity column, in characters.</source>
+        <translation>La larghezza della colonna della quantità, in caratteri.</translation>
+    </message>
+    <message>
+        <source>The width of the unit price column, in characters; in a statement of account that of the amount.</source>
+        <translation>La larghezza della colonna del prezzo unitario, in caratteri; in un estratto conto quella dell&apos;importo.</translation>
+    </message>
+    <message>
+        <source>The width of the total column, in characters.</source>
+        <translation>La larghezza della colonna del totale, in caratteri.</translation>
+    </message>
+    <message>
+        <source>The characters in a line of the paper.</source>
+        <translation>I caratteri in una riga della carta.</translation>
+    </message>
+    <message>
+        <source>The lines of a page; nothing depends on it yet.</source>
+        <translation>Le righe di una pagina; per ora non ne dipende nulla.</translation>
+    </message>
+    <message>
+        <source>nothing: no document has a style</source>
+        <translation>nulla: nessun documento ha uno stile</translation>
+    </message>
+    <message>
+        <source>Nothing: no document has a style.</source>
+        <translation>Nulla: nessun documento ha uno stile.</translation>
+    </message>
+    <message>
+        <source>Prints the top margin.</source>
+        <translation>Stampa il margine superiore.</translation>
+    </message>
+    <message>
+        <source>Prints the lines of the heading.</source>
+        <translation>Stampa le righe dell&apos;intestazione.</translation>
+    </message>
+    <message>
+        <source>Nothing: the register prints no logo.</source>
+        <translation>Nulla: il registratore non stampa loghi.</translation>
+    </message>
+    <message>
+        <source>Prints the lines about the company.</source>
+        <translation>Stampa le righe dell&apos;azienda.</translation>
+    </message>
+    <message>
+        <source>Prints the customer&apos;s delivery address, if printCustomer is true.</source>
+        <translation>Stampa l&apos;indirizzo di consegna del cliente, se printCustomer è true.</translation>
+    </message>
+    <message>
+        <source>Prints the customer&apos;s billing address, if printCustomer is true.</source>
+        <translation>Stampa l&apos;indirizzo di fatturazione del cliente, se printCustomer è true.</translation>
+    </message>
+    <message>
+        <source>Prints the customer&apos;s telephone number, if printCustomer is true.</source>
+        <translation>Stampa il telefono del cliente, se printCustomer è true.</translation>
+    </message>
+    <message>
+        <source>Prints the date of the order.</source>
+        <translation>Stampa la data dell&apos;ordine.</translation>
+    </message>
+    <message>
+        <source>Prints the time of the order.</source>
+        <translation>Stampa l&apos;ora dell&apos;ordine.</translation>
+    </message>
+    <message>
+        <source>Prints the table.</source>
+        <translation>Stampa il tavolo.</translation>
+    </message>
+    <message>
+        <source>Prints the customer&apos;s block; without it none of its lines.</source>
+        <translation>Stampa il blocco del cliente; senza, nessuna delle sue righe.</translation>
+    </message>
+    <message>
+        <source>Prints the customer&apos;s licence number, if printCustomer is true.</source>
+        <translation>Stampa la partita IVA del cliente, se printCustomer è true.</translation>
+    </message>
+    <message>
+        <source>Prints the customer&apos;s fiscal code, if printCustomer is true.</source>
+        <translation>Stampa il codice fiscale del cliente, se printCustomer è true.</translation>
+    </message>
+    <message>
+        <source>Prints the credit.</source>
+        <translation>Stampa il credito.</translation>
+    </message>
+    <message>
+        <source>Prints the waiter&apos;s name.</source>
+        <translation>Stampa il nome del cameriere.</translation>
+    </message>
+    <message>
+        <source>Prints the note.</source>
+        <translation>Stampa la nota.</translation>
+    </message>
+    <message>
+        <source>Nothing: no command opens the drawer.</source>
+        <translation>Nulla: nessun comando apre il cassetto.</translation>
+    </message>
+    <message>
+        <source>The empty lines at the top, if printGeometry is true.</source>
+        <translation>Le righe vuote in alto, se printGeometry è true.</translation>
+    </message>
+    <message>
+        <source>The characters to which a dish&apos;s name is cut on a fiscal receipt.</source>
+        <translation>I caratteri a cui viene tagliato il nome di un piatto su uno scontrino fiscale.</translation>
+    </message>
+    <message>
+        <source>the suite&apos;s programs decide</source>
+        <translation>decidono i programmi della suite</translation>
+    </message>
+    <message>
+        <source>The copies that the suite prints; the print program prints one.</source>
+        <translation>Le copie che la suite stampa; il programma di stampa ne stampa una.</translation>
+    </message>
+    <message>
+        <source>The language of the labels.</source>
+        <translation>La lingua delle etichette.</translation>
+    </message>
+    <message>
+        <source>The log of the suite&apos;s programs.</source>
+        <translation>Il registro dei messaggi dei programmi della suite.</translation>
+    </message>
+    <message>
+        <source>The database of the suite&apos;s programs.</source>
+        <translation>Il database dei programmi della suite.</translation>
+    </message>
+    <message>
+        <source>The suite&apos;s programs.</source>
+        <translation>I programmi della suite.</translation>
+    </message>
+    <message>
+        <source>Kitchen orders.</source>
+        <translation>Comande.</translation>
+    </message>
+    <message>
+        <source>Whole orders with prices.</source>
+        <translation>Preconti.</translation>
+    </message>
+    <message>
+        <source>Fiscal receipts.</source>
+        <translation>Scontrini fiscali.</translation>
+    </message>
+    <message>
+        <source>Receipts.</source>
+        <translation>Ricevute.</translation>
+    </message>
+    <message>
+        <source>Invoices.</source>
+        <translation>Fatture.</translation>
+    </message>
+    <message>
+        <source>Delivery notes.</source>
+        <translation>Bolle di consegna.</translation>
+    </message>
+    <message>
+        <source>Reports and statements of account.</source>
+        <translation>Chiusure ed estratti conto.</translation>
+    </message>
+    <message>
+        <source>Lists of dishes sold.</source>
+        <translation>Elenchi dei piatti venduti.</translation>
+    </message>
+    <message>
+        <source>a flag, true or false</source>
+        <translation>un&apos;opzione, true o false</translation>
+    </message>
+    <message>
+        <source>a whole number from %1 to %2</source>
+        <translation>un numero intero da %1 a %2</translation>
+    </message>
+    <message>
+        <source>one of %1</source>
+        <translation>uno tra %1</translation>
+    </message>
+    <message>
+        <source>a path</source>
+        <translation>un percorso</translation>
+    </message>
+    <message>
+        <source>a text</source>
+        <translation>un testo</translation>
+    </message>
+    <message>
+        <source>a secret text</source>
+        <translation>un testo segreto</translation>
     </message>
 </context>
 </TS>

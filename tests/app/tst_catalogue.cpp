@@ -3,6 +3,9 @@
 #include <QTranslator>
 #include <QtTest>
 
+#include <algorithm>
+#include <tuple>
+
 /// The Italian catalogue holds a translation of every text that the sources mark, and of nothing else.
 class TestCatalogue : public QObject {
     Q_OBJECT
@@ -10,12 +13,21 @@ class TestCatalogue : public QObject {
 private slots:
     void holdsEveryMarkedText();
     void everyTextIsTranslated();
+    void placeholdersAgree();
 };
 
 static const char* const catalogueSource = ZELMORA_TRANSLATIONS "/zelmora_it.ts";
 
-/// The source texts of a catalogue's context "QObject", sorted; any other context counts as an error.
-static QStringList sourceTexts(const QString& path)
+/// A text to translate.
+struct Text {
+    QString source;
+    QString remark; ///< what tells it from another of the same words; mostly empty
+
+    bool operator<(const Text& other) const { return std::tie(source, remark) < std::tie(other.source, other.remark); }
+};
+
+/// The texts of a catalogue's context "QObject", sorted; any other context counts as an error.
+static QVector<Text> textsIn(const QString& path)
 {
     QFile file(path);
     QDomDocument document;
@@ -24,12 +36,26 @@ static QStringList sourceTexts(const QString& path)
     const QDomNodeList contexts = document.elementsByTagName("context");
     if (contexts.size() != 1 || contexts.at(0).firstChildElement("name").text() != "QObject")
         qFatal("%s must hold just the context QObject.", qPrintable(path));
-    QStringList texts;
-    const QDomNodeList sources = document.elementsByTagName("source");
-    for (int i = 0; i < sources.size(); ++i)
-        texts += sources.at(i).toElement().text();
-    texts.sort();
+    QVector<Text> texts;
+    const QDomNodeList messages = document.elementsByTagName("message");
+    for (int i = 0; i < messages.size(); ++i)
+        texts +=
+            {messages.at(i).firstChildElement("source").text(), messages.at(i).firstChildElement("comment").text()};
+    std::sort(texts.begin(), texts.end());
     return texts;
+}
+
+static QStringList lines(const QVector<Text>& texts)
+{
+    QStringList lines;
+    for (const Text& text : texts)
+        lines += text.source + (text.remark.isEmpty() ? QString() : " // " + text.remark);
+    return lines;
+}
+
+static QString translation(const QTranslator& translator, const Text& text)
+{
+    return translator.translate("QObject", text.source.toUtf8(), text.remark.toUtf8());
 }
 
 void TestCatalogue::holdsEveryMarkedText()
@@ -45,18 +71,39 @@ void TestCatalogue::holdsEveryMarkedText()
     QVERIFY(lupdate.waitForFinished());
     QCOMPARE(lupdate.exitCode(), 0);
 
-    const QStringList texts = sourceTexts(marked);
+    const QStringList texts = lines(textsIn(marked));
     QVERIFY(texts.contains("TOTAL"));
-    QCOMPARE(sourceTexts(catalogueSource), texts);
+    QCOMPARE(lines(textsIn(catalogueSource)), texts);
 }
 
 void TestCatalogue::everyTextIsTranslated()
 {
     QTranslator translator;
     QVERIFY(translator.load(ZELMORA_CATALOGUE));
-    for (const QString& text : sourceTexts(catalogueSource))
-        QVERIFY2(!translator.translate("QObject", text.toUtf8()).isEmpty(), qPrintable(text));
+    for (const Text& text : textsIn(catalogueSource))
+        QVERIFY2(!translation(translator, text).isEmpty(), qPrintable(text.source));
     QCOMPARE(translator.translate("QObject", "TOTAL"), QString("TOTALE"));
+}
+
+/// The places "%1", "%2" of a text that a program fills, sorted.
+static QStringList placeholders(const QString& text)
+{
+    QStringList places;
+    QRegularExpressionMatchIterator matches = QRegularExpression("%[1-9]").globalMatch(text);
+    while (matches.hasNext())
+        places += matches.next().captured();
+    places.sort();
+    return places;
+}
+
+// A text with a place too few would lose what belongs there, and one too many would show "%2".
+void TestCatalogue::placeholdersAgree()
+{
+    QTranslator translator;
+    QVERIFY(translator.load(ZELMORA_CATALOGUE));
+    for (const Text& text : textsIn(catalogueSource))
+        QVERIFY2(placeholders(translation(translator, text)) == placeholders(text.source), qPrintable(text.source));
+    QCOMPARE(placeholders("%2 of %1, %1"), (QStringList {"%1", "%1", "%2"}));
 }
 
 QTEST_GUILESS_MAIN(TestCatalogue)
