@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <vector>
 
 namespace toolkit {
 
@@ -12,27 +13,35 @@ namespace {
 
 const int mostSlips = 2;
 
-/// How many characters must be put in, taken out or replaced to make one of the other.
+/// How many characters must be put in, taken out or replaced to make one of the other; where that is more than the most
+/// slips, some number beyond those.
 int distance(const QVector<uint>& one, const QVector<uint>& other)
 {
-    QVector<int> row(other.size() + 1); // from the characters of one so far to each beginning of the other
+    std::vector<int> row(static_cast<std::size_t>(other.size())
+                         + 1); // from the characters of one so far to each beginning of the other
     std::iota(row.begin(), row.end(), 0);
     for (const uint character : one) {
         int diagonal = row[0]++;
-        for (int i = 0; i < other.size(); ++i) {
-            const int replaced = diagonal + (character == other[i] ? 0 : 1);
-            diagonal = row[i + 1];
-            row[i + 1] = std::min({replaced, diagonal + 1, row[i] + 1});
+        int fewest = row[0]; // what is still to come only adds to it
+        auto cell = row.begin();
+        for (const uint otherCharacter : other) {
+            const int replaced = diagonal + (character == otherCharacter ? 0 : 1);
+            const int left = *cell++;
+            diagonal = *cell;
+            *cell = std::min({replaced, diagonal + 1, left + 1});
+            fewest = std::min(fewest, *cell);
         }
+        if (fewest > mostSlips)
+            return fewest;
     }
-    return row.last();
+    return row.back();
 }
 
 /// How many slips make @p name of @p meant; more than the most where they are too many to be worth counting.
 int slips(const QString& name, const QString& meant)
 {
-    // Nothing longer can be one; a character takes two units at most.
-    if (name.size() > 2 * (meant.size() + mostSlips))
+    // Of other lengths nothing can be one; a character takes two units at most.
+    if (name.size() > 2 * (meant.size() + mostSlips) || meant.size() > 2 * (name.size() + mostSlips))
         return mostSlips + 1;
     return distance(name.toUcs4(), meant.toUcs4());
 }
