@@ -21,6 +21,12 @@ struct Finding {
 
 using Findings = QVector<Finding>;
 
+/// A finding of the severity that its code has; the graver one where it has two.
+inline Finding finding(Code code, toolkit::TextPlace place, const QString& text, const QString& suggestion = {})
+{
+    return {code, entry(code).severity, place, text, suggestion};
+}
+
 /// Brings @p findings into the order of their file; those of one place stay in the order in which they were made.
 void sortByPlace(Findings& findings);
 

@@ -45,7 +45,7 @@ public:
     {
     }
 
-    void groupBegins(const QString& name, TextPlace place) override { openGroups.push_back({name, place, {}, {}}); }
+    void groupBegins(const QString& name, TextPlace place) override { openGroups.push_back({name, place, {}, {}, {}}); }
 
     void groupEnds(TextPlace place) override
     {
@@ -58,6 +58,8 @@ public:
     void skipped(const QString& text, TextPlace place, libconfig::SkippedText reason) override
     {
         result.skipped += Skipped {text, place, reason, lastEnd};
+        if (reason == libconfig::SkippedText::BeforeBrace)
+            openGroups.back().skipped = text;
     }
 
     void finish()
@@ -88,9 +90,16 @@ const ScannedSetting* PlacedGroup::find(const QString& key) const
     return found == settings.rend() ? nullptr : &*found;
 }
 
+bool PlacedGroup::isEmpty() const
+{
+    return settings.isEmpty()
+        && std::all_of(groups.begin(), groups.end(), [](const PlacedGroup& group) { return group.isEmpty(); });
+}
+
 PlacedSettings PlacedSettings::of(const QByteArray& bytes, const QString& format)
 {
     PlacedSettings result;
+    result.xml = format == "xml"_L1;
     Builder builder(result);
     result.itsEnd = scanSettings(bytes, format, builder);
     builder.finish();

@@ -20,11 +20,14 @@ struct PlacedSetting {
 struct PlacedGroup {
     QString name;
     toolkit::TextPlace place; ///< of the name; in XML of the "<"
+    QString skipped; ///< what stands between the ":" and the "{", and counts for nothing
     QVector<libconfig::ScannedSetting> settings; ///< in the order of the file; of a repeated one the last counts
     std::vector<PlacedGroup> groups; ///< in the order of the file
 
     /// What counts of the setting @p key; null when there is none.
     const libconfig::ScannedSetting* find(const QString& key) const;
+    /// Whether it holds no setting, however deep: no look-up tells it from a group that is not there.
+    bool isEmpty() const;
 };
 
 /// What stands in a settings file, with its places: a look-up finds in it what Config::lookup() finds, and where.
@@ -49,6 +52,7 @@ public:
     const PlacedGroup& topLevel() const { return top; }
     /// In the order of the file.
     const QVector<Skipped>& skippedTexts() const { return skipped; }
+    bool isXml() const { return xml; }
     /// Where the XML breaks off, or the file ends.
     const libconfig::SettingsEnd& end() const { return itsEnd; }
     /// The groups that are still open at the end of the file, of the brace format.
@@ -61,6 +65,7 @@ private:
     QVector<Skipped> skipped;
     libconfig::SettingsEnd itsEnd;
     int open = 0;
+    bool xml = false;
 };
 
 } // namespace check

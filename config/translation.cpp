@@ -10,15 +10,22 @@
 
 using toolkit::operator""_L1;
 
-void loadTranslation(QTranslator& translator, const ZMConfiguration& settings)
+bool loadTranslation(QTranslator& translator, const ZMConfiguration& settings)
 {
-    const QString directory = settings.getStrValue(QStringLiteral("zelmora.language.basedir"));
-    const QString file = settings.getStrValue(QStringLiteral("zelmora.language.file"));
+    return loadTranslation(translator, settings.getStrValue(QStringLiteral("zelmora.language.basedir")),
+                           settings.getStrValue(QStringLiteral("zelmora.language.file")));
+}
+
+bool loadTranslation(QTranslator& translator, const QString& directory, const QString& file)
+{
     // No file has a longer name, and the toolkit tries one shorter name after the other.
     if (directory.size() + file.size() > PATH_MAX)
-        return;
-    if (file == "/"_L1)
-        translator.load(directory + "/zelmora_"_L1 + QLocale::system().name(), QStringLiteral("."));
-    else
-        translator.load(directory + file);
+        return false;
+    const QString path = cataloguePath(directory, file);
+    return file == "/"_L1 ? translator.load(path, QStringLiteral(".")) : translator.load(path);
+}
+
+QString cataloguePath(const QString& directory, const QString& file)
+{
+    return directory + (file == "/"_L1 ? "/zelmora_"_L1 + QLocale::system().name() : file);
 }
