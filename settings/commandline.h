@@ -3,8 +3,7 @@
 
 #include "check/report.h"
 
-#include <QByteArray>
-#include <QList>
+#include <QByteArrayList>
 #include <QString>
 
 namespace settings {
@@ -20,13 +19,13 @@ enum Status {
 
 /// Something that the program does.
 struct Command {
-    const char* name;
-    const char* arguments; ///< as the help shows them
-    const char* description;
+    QLatin1String name;
+    QLatin1String arguments; ///< as the help shows them
+    QLatin1String description;
     int fewest; ///< arguments
     int most;
-    bool takesKey; ///< the first argument is a key, and all behind it are values, whatever they look like
-    QStringList options; ///< those that it has a use for
+    bool takesKey; ///< the first argument is a key, and what stands behind it is a value, whatever it looks like
+    QLatin1String options; ///< the names of those that it has a use for, with blanks between them
     Status (*run)(const Call& call);
 };
 
@@ -36,7 +35,7 @@ struct Call {
 
     Task task = Task::Run;
     const Command* command = nullptr;
-    QList<QByteArray> arguments; ///< of the command, as the system has them
+    QByteArrayList arguments; ///< of the command, as the system has them
     QByteArray file; ///< the name of the settings file; empty: the user's own
     bool showsSecrets = false;
     bool isForced = false;
@@ -47,7 +46,7 @@ struct Call {
 
 /// Reads @p arguments, of which the first is the program. Options stand before or after the command, up to a key. Empty
 /// when that succeeded, else what is wrong with them in one sentence.
-QString readCall(const QList<QByteArray>& arguments, Call& call);
+QString readCall(const QByteArrayList& arguments, Call& call);
 
 /// What `--help` shows.
 QString helpText();

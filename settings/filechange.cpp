@@ -6,6 +6,19 @@
 
 namespace settings {
 
+QString whyNotWritten(const SettingsFile& file)
+{
+    if (!file.looksLikeSettings())
+        return QObject::tr("The file %1 does not look like the settings of the suite: none of its outermost groups is "
+                           "named zelmora. Nothing was written.")
+            .arg(file.path());
+    if (file.review().isHiddenByItsBeginning)
+        return QObject::tr("Nothing may stand before the first group of an XML file, no declaration and no comment. "
+                           "Take it out of the file %1 first. Nothing was written.")
+            .arg(file.path());
+    return QString();
+}
+
 FileChange::FileChange(const QString& path)
     : path(path)
     , lock(path)
@@ -23,19 +36,6 @@ QString FileChange::begin()
     }
     const QString reason = file.load(path);
     return reason.isEmpty() ? QString() : QObject::tr("The file %1 cannot be read: %2").arg(path, reason);
-}
-
-QString FileChange::refusal() const
-{
-    if (!isNew && !file.looksLikeSettings())
-        return QObject::tr("The file %1 does not look like the settings of the suite, and is left as it is: none of its "
-                           "outermost groups is named zelmora.")
-            .arg(path);
-    if (file.review().isHiddenByItsBeginning)
-        return QObject::tr("Nothing may stand before the first group of an XML file, no declaration and no comment. "
-                           "Take it out of the file %1 first.")
-            .arg(path);
-    return QString();
 }
 
 QString FileChange::tryWriting()
@@ -57,7 +57,8 @@ QStringList FileChange::losses() const
 QString FileChange::save()
 {
     if (!isNew && file.changedOnDisk())
-        return QObject::tr("Another program has changed or removed the file %1 meanwhile. Nothing was written.").arg(path);
+        return QObject::tr("Another program has changed or removed the file %1 meanwhile. Nothing was written.")
+            .arg(path);
     const QString unkept = losses().isEmpty() ? QString() : SettingsFile::keepBackup(path);
     if (!unkept.isEmpty())
         return QObject::tr("The file as it is now cannot be kept as %1: %2").arg(path + QLatin1Char('~'), unkept);

@@ -6,6 +6,10 @@
 
 namespace settings {
 
+/// Why nothing is to be written from what was read of @p file, whoever asks for it: it is none of the suite's, or there
+/// is text before its first group, which hides that. Empty when neither is so.
+QString whyNotWritten(const SettingsFile& file);
+
 /// One change of a settings file that others may want to change as well: read, changed and written while the folder is
 /// locked, and only when nothing is lost that nobody gave up.
 ///
@@ -20,10 +24,6 @@ public:
     QString begin();
 
     SettingsFile file; ///< to be changed after begin()
-
-    /// Why the file is not to be written over, whoever asks for it: it is none of the suite's, or nothing of it was
-    /// read.
-    QString refusal() const;
 
     /// To be called when the file was changed: what it would hold, and why it can't.
     QString tryWriting();

@@ -20,17 +20,10 @@ struct FirstValue {
 /// Where they act. The columns leave room for the Italian titles, and 12 characters for the name of a dish on a
 /// receipt.
 constexpr FirstValue firstValues[] = {
-    {"quantityFieldWidth"_L1, "3"_L1},
-    {"priceFieldWidth"_L1, "6"_L1},
-    {"totalPriceFieldWidth"_L1, "8"_L1},
-    {"printGeometry"_L1, "true"_L1},
-    {"printHeader"_L1, "true"_L1},
-    {"printCompany"_L1, "true"_L1},
-    {"printDate"_L1, "true"_L1},
-    {"printTime"_L1, "true"_L1},
-    {"printTable"_L1, "true"_L1},
-    {"printCustomer"_L1, "true"_L1},
-    {"printWaiter"_L1, "true"_L1},
+    {"quantityFieldWidth"_L1, "3"_L1}, {"priceFieldWidth"_L1, "6"_L1}, {"totalPriceFieldWidth"_L1, "8"_L1},
+    {"printGeometry"_L1, "true"_L1},   {"printHeader"_L1, "true"_L1},  {"printCompany"_L1, "true"_L1},
+    {"printDate"_L1, "true"_L1},       {"printTime"_L1, "true"_L1},    {"printTable"_L1, "true"_L1},
+    {"printCustomer"_L1, "true"_L1},   {"printWaiter"_L1, "true"_L1},
 };
 
 QLatin1String firstValueOf(const SettingGroup& group, const Setting& setting)

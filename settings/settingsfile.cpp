@@ -99,16 +99,23 @@ private:
     std::map<std::pair<int, QString>, int> numbers;
 };
 
-QString SettingsFile::load(const QString& path)
+QString SettingsFile::read(const QString& path, QByteArray& bytes)
 {
     if (isNoFile(path))
         return noFileReason();
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return file.errorString();
-    const QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        return file.errorString();
+    bytes = file.readAll();
+    return file.error() == QFileDevice::NoError ? QString() : file.errorString();
+}
+
+QString SettingsFile::load(const QString& path)
+{
+    QByteArray bytes;
+    const QString reason = read(path, bytes);
+    if (!reason.isEmpty())
+        return reason;
     const FileReview found = reviewOf(bytes, libconfig::settingsFormat(path));
     if (!found.isWellFormed && !isBlank(bytes))
         return QObject::tr("it is not XML"); // nothing would be read, and saving would empty the file
@@ -255,11 +262,9 @@ QString SettingsFile::keepBackup(const QString& path)
 {
     if (!QFileInfo(path).isFile())
         return QString();
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return file.errorString();
-    const QByteArray bytes = file.readAll();
-    return file.error() == QFileDevice::NoError ? settings::keepBackup(path, bytes) : file.errorString();
+    QByteArray bytes;
+    const QString reason = read(path, bytes);
+    return reason.isEmpty() ? settings::keepBackup(path, bytes) : reason;
 }
 
 QString SettingsFile::valueIn(const Trial& trial, const QString& path, const QString& key)

@@ -18,6 +18,10 @@ namespace settings {
 /// stand there; of a key that is longer than 1000, the groups at its end, after "...".
 class SettingsFile : public libconfig::Config {
 public:
+    /// Reads @p bytes of the file @p path. Empty when that succeeded, else the reason. What is no file, such as a pipe,
+    /// is not opened.
+    static QString read(const QString& path, QByteArray& bytes);
+
     /// Reads the file @p path: XML where its name ends in ".xml", the brace format otherwise. Empty when that
     /// succeeded; else the reason, and nothing has changed.
     QString load(const QString& path);

@@ -1,14 +1,14 @@
 #include "settings/settingslist.h"
 
+#include "check/jsonarray.h"
+#include "toolkit/console.h"
 #include "toolkit/eightbit.h"
 #include "toolkit/literals.h"
 #include "toolkit/localecodec.h"
 #include "toolkit/numbertext.h"
-#include "toolkit/console.h"
 #include "vocabulary/documentgroups.h"
 
 #include <QFile>
-#include <QJsonDocument>
 #include <QJsonObject>
 #include <QObject>
 
@@ -153,14 +153,12 @@ QByteArray asTable(const SettingsList& list, const ListForm& form)
     return table;
 }
 
-QByteArray asJson(const SettingsList& list, const ListForm& form)
+void writeJson(const SettingsList& list, const ListForm& form)
 {
-    QByteArray objects;
-    for (const ListedSetting& listed : list) {
-        objects += objects.isEmpty() ? "[\n" : ",\n";
-        objects += QJsonDocument(asObject(listed, form)).toJson(QJsonDocument::Compact);
-    }
-    return objects.isEmpty() ? QByteArrayLiteral("[]\n") : objects + "\n]\n";
+    check::JsonArray objects;
+    for (const ListedSetting& listed : list)
+        objects.add(asObject(listed, form));
+    objects.finish();
 }
 
 } // namespace settings

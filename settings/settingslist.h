@@ -24,7 +24,8 @@ using SettingsList = QVector<ListedSetting>;
 
 /// The settings that programs read from @p group, in the order of its table, each with the value that the file has.
 SettingsList settingsOf(const vocabulary::SettingGroup& group, const check::PlacedSettings& file);
-/// The settings that a document of @p method depends on, each with the value that the print program makes of the file's.
+/// The settings that a document of @p method depends on, each with the value that the print program makes of the
+/// file's.
 SettingsList settingsFor(const vocabulary::Method& method, const check::PlacedSettings& file);
 
 /// How a list is shown.
@@ -36,9 +37,10 @@ struct ListForm {
 /// Lines in columns: key; value, or what its absence means; where it comes from, "FILE:LINE" or "default"; and the
 /// file's own text where the value is another. As the system knows the file's name, all else in the locale's encoding.
 QByteArray asTable(const SettingsList& list, const ListForm& form);
-/// One array in UTF-8, an object in a line: key, value (null when absent), default (null where no value of its own stands
-/// for its absence), source ("file" or "default"), file and line (null for a default).
-QByteArray asJson(const SettingsList& list, const ListForm& form);
+/// Writes an array to standard output as check::JsonArray does, with these in each object: key, value (null when
+/// absent), default (null where no value of its own stands for its absence), source ("file" or "default"), file and
+/// line (null for a default).
+void writeJson(const SettingsList& list, const ListForm& form);
 
 } // namespace settings
 

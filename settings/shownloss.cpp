@@ -1,8 +1,8 @@
 #include "settings/shownloss.h"
 
 #include "settings/settingsfile.h"
-#include "toolkit/literals.h"
 #include "toolkit/console.h"
+#include "toolkit/literals.h"
 #include "vocabulary/settings.h"
 
 #include <QObject>
