@@ -584,14 +584,6 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
         <translation>Un altro programma sta modificando il file %1. Riprovare quando avrà finito.</translation>
     </message>
     <message>
-        <source>The file %1 does not look like the settings of the suite, and is left as it is: none of its outermost groups is named zelmora.</source>
-        <translation>Il file %1 non sembra contenere le impostazioni della suite e resta com&apos;è: nessuno dei gruppi più esterni si chiama zelmora.</translation>
-    </message>
-    <message>
-        <source>Nothing may stand before the first group of an XML file, no declaration and no comment. Take it out of the file %1 first.</source>
-        <translation>Prima del primo gruppo di un file XML non può esserci nulla, né dichiarazioni né commenti. Toglierlo prima dal file %1.</translation>
-    </message>
-    <message>
         <source>The file %1 cannot be written: %2</source>
         <translation>Il file %1 non può essere scritto: %2</translation>
     </message>
@@ -1270,6 +1262,271 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
     <message>
         <source>a secret text</source>
         <translation>un testo segreto</translation>
+    </message>
+    <message>
+        <source>Is &quot;%1&quot; meant?</source>
+        <translation>Si intende &quot;%1&quot;?</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1&quot; stands outside every group, where it is never found.</source>
+        <translation>L&apos;impostazione &quot;%1&quot; sta fuori da ogni gruppo, dove non viene mai trovata.</translation>
+    </message>
+    <message>
+        <source>Only the first group at the top is read: nothing in &quot;%1&quot; is found.</source>
+        <translation>Viene letto solo il primo dei gruppi più esterni: in &quot;%1&quot; non viene trovato nulla.</translation>
+    </message>
+    <message>
+        <source>The first group is &quot;%1&quot; and not &quot;zelmora&quot;: no program finds a setting in this file.</source>
+        <translation>Il primo gruppo è &quot;%1&quot; e non &quot;zelmora&quot;: nessun programma trova un&apos;impostazione in questo file.</translation>
+    </message>
+    <message>
+        <source>The group &quot;%1&quot; holds nothing: it is as if it were not there.</source>
+        <translation>Il gruppo &quot;%1&quot; non contiene nulla: è come se non ci fosse.</translation>
+    </message>
+    <message>
+        <source>No program reads a setting &quot;%1&quot; here, outside the groups in &quot;zelmora&quot;.</source>
+        <translation>Nessun programma legge qui un&apos;impostazione &quot;%1&quot;, fuori dai gruppi di &quot;zelmora&quot;.</translation>
+    </message>
+    <message>
+        <source>No program reads &quot;%1&quot; here: it belongs in one of these groups: %2.</source>
+        <translation>Nessun programma legge qui &quot;%1&quot;: va in uno di questi gruppi: %2.</translation>
+    </message>
+    <message>
+        <source>The group &quot;%1&quot; stands twice: of each setting the first value that is not empty holds.</source>
+        <translation>Il gruppo &quot;%1&quot; compare due volte: di ogni impostazione vale il primo valore non vuoto.</translation>
+    </message>
+    <message>
+        <source>No program reads a group &quot;%1&quot; here: nothing in it is found.</source>
+        <translation>Nessun programma legge qui un gruppo &quot;%1&quot;: ciò che contiene non viene trovato.</translation>
+    </message>
+    <message>
+        <source>No program reads a setting &quot;%1&quot; here.</source>
+        <translation>Nessun programma legge qui un&apos;impostazione &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>The group &quot;%1&quot; stands inside &quot;%2&quot;, where it is not found. Is &quot;};&quot; missing before it?</source>
+        <translation>Il gruppo &quot;%1&quot; sta dentro &quot;%2&quot;, dove non viene trovato. Manca &quot;};&quot; prima?</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1&quot; stands twice in its group: this later value holds.</source>
+        <translation>L&apos;impostazione &quot;%1&quot; compare due volte nel suo gruppo: vale questo valore, l&apos;ultimo.</translation>
+    </message>
+    <message>
+        <source>The XML breaks off here: no program finds a setting in this file.</source>
+        <translation>L&apos;XML si interrompe qui: nessun programma trova un&apos;impostazione in questo file.</translation>
+    </message>
+    <message>
+        <source>&quot;};&quot; is missing here: the file ends inside the group &quot;%1&quot;. Is it cut off?</source>
+        <translation>Qui manca &quot;};&quot;: il file finisce dentro il gruppo &quot;%1&quot;. È troncato?</translation>
+    </message>
+    <message>
+        <source>A semicolon is missing here: the &quot;}&quot; that follows is skipped, and ends no group.</source>
+        <translation>Qui manca un punto e virgola: la &quot;}&quot; che segue viene saltata, e non chiude nessun gruppo.</translation>
+    </message>
+    <message>
+        <source>A semicolon is missing here: what follows is skipped up to the next one, and &quot;%1&quot; is not found.</source>
+        <translation>Qui manca un punto e virgola: ciò che segue viene saltato fino al prossimo, e &quot;%1&quot; non viene trovato.</translation>
+    </message>
+    <message>
+        <source>The text between &quot;:&quot; and &quot;{&quot; is skipped: %1</source>
+        <translation>Il testo tra &quot;:&quot; e &quot;{&quot; viene saltato: %1</translation>
+    </message>
+    <message>
+        <source>The text between &quot;}&quot; and &quot;;&quot; is skipped: %1</source>
+        <translation>Il testo tra &quot;}&quot; e &quot;;&quot; viene saltato: %1</translation>
+    </message>
+    <message>
+        <source>Groups nested this deep are not read, nor what follows them: %1</source>
+        <translation>I gruppi annidati così a fondo non vengono letti, né ciò che li segue: %1</translation>
+    </message>
+    <message>
+        <source>The &quot;}&quot; before this text is one too many, and ends the settings: nothing of what follows is found: %1</source>
+        <translation>La &quot;}&quot; prima di questo testo è di troppo e chiude le impostazioni: nulla di ciò che segue viene trovato: %1</translation>
+    </message>
+    <message>
+        <source>The text is no setting and no group, and is skipped: %1</source>
+        <translation>Il testo non è un&apos;impostazione né un gruppo, e viene saltato: %1</translation>
+    </message>
+    <message>
+        <source>Settings are attributes: the text between the tags is skipped: %1</source>
+        <translation>Le impostazioni sono attributi: il testo tra i tag viene saltato: %1</translation>
+    </message>
+    <message>
+        <source>A semicolon is missing here: the file ends in this value. Is it cut off?</source>
+        <translation>Qui manca un punto e virgola: il file finisce dentro questo valore. È troncato?</translation>
+    </message>
+    <message>
+        <source>A semicolon is missing here: the value goes on over the end of the group.</source>
+        <translation>Qui manca un punto e virgola: il valore continua oltre la fine del gruppo.</translation>
+    </message>
+    <message>
+        <source>A semicolon is missing here: the value goes on over &quot;%1&quot;, which is not found.</source>
+        <translation>Qui manca un punto e virgola: il valore continua oltre &quot;%1&quot;, che non viene trovato.</translation>
+    </message>
+    <message>
+        <source>There are no comments: the text is taken for a name. Remove it.</source>
+        <translation>I commenti non esistono: il testo viene preso per un nome. Va tolto.</translation>
+    </message>
+    <message>
+        <source>There are no comments: the text becomes part of the name, and &quot;%1&quot; is not found. Remove it.</source>
+        <translation>I commenti non esistono: il testo diventa parte del nome, e &quot;%1&quot; non viene trovato. Va tolto.</translation>
+    </message>
+    <message>
+        <source>The translation %1 cannot be loaded: the labels stay English.</source>
+        <translation>La traduzione %1 non può essere caricata: le etichette restano in inglese.</translation>
+    </message>
+    <message>
+        <source>The translation %1 is found only by programs that are started in the right folder: write the whole path.</source>
+        <translation>La traduzione %1 viene trovata solo dai programmi avviati nella cartella giusta: scrivere il percorso completo.</translation>
+    </message>
+    <message>
+        <source>Other users of this machine may read the password: take the right to read the file from them (chmod 600).</source>
+        <translation>Altri utenti di questa macchina possono leggere la password: togliere loro il diritto di leggere il file (chmod 600).</translation>
+    </message>
+    <message>
+        <source>The columns take the whole paper (%1): no description is printed.</source>
+        <translation>Le colonne occupano tutta la carta (%1): non viene stampata nessuna descrizione.</translation>
+    </message>
+    <message>
+        <source>The columns are wider than the paper (%1): the lines grow past it.</source>
+        <translation>Le colonne sono più larghe della carta (%1): le righe la superano.</translation>
+    </message>
+    <message>
+        <source>%1 = %2 of %3 characters</source>
+        <translation>%1 = %2 caratteri su %3</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has no effect in &quot;%2&quot;, but in: %3.</source>
+        <translation>&quot;%1&quot; non ha effetto in &quot;%2&quot;, ma in: %3.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; reads as false: %2 is &quot;true&quot; or &quot;false&quot;, in just these letters.</source>
+        <translation>&quot;%1&quot; vale false: %2 è &quot;true&quot; o &quot;false&quot;, scritto proprio così.</translation>
+    </message>
+    <message>
+        <source>%1 is out of range, and is taken as %2: %3 is %4.</source>
+        <translation>%1 è fuori dai limiti e vale %2: %3 è %4.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no whole number, and counts as 0: write digits alone.</source>
+        <translation>&quot;%1&quot; non è un numero intero e vale 0: scrivere solo cifre.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; counts as absent (%2): %3 is %4.</source>
+        <translation>&quot;%1&quot; vale come assente (%2): %3 è %4.</translation>
+    </message>
+    <message>
+        <source>The paper is wider than the register&apos;s %1 characters, within which lines are centred.</source>
+        <translation>La carta è più larga dei %1 caratteri del registratore, entro i quali le righe vengono centrate.</translation>
+    </message>
+    <message>
+        <source>The programs read &quot;?&quot; for &quot;%1&quot; (U+%2): it is beyond the Western European characters.</source>
+        <translation>Di &quot;%1&quot; (U+%2) i programmi leggono &quot;?&quot;: non è un carattere dell&apos;Europa occidentale.</translation>
+    </message>
+    <message>
+        <source>The file %1 does not look like the settings of the suite: none of its outermost groups is named zelmora. Nothing was written.</source>
+        <translation>Il file %1 non sembra contenere le impostazioni della suite: nessuno dei gruppi più esterni si chiama zelmora. Non è stato scritto nulla.</translation>
+    </message>
+    <message>
+        <source>Nothing may stand before the first group of an XML file, no declaration and no comment. Take it out of the file %1 first. Nothing was written.</source>
+        <translation>Prima del primo gruppo di un file XML non può esserci nulla, né dichiarazioni né commenti. Toglierlo prima dal file %1. Non è stato scritto nulla.</translation>
+    </message>
+    <message>
+        <source>Standard output cannot be written.</source>
+        <translation>L&apos;uscita standard non può essere scritta.</translation>
+    </message>
+    <message>
+        <source> (y/N)</source>
+        <translation> (s/N)</translation>
+    </message>
+    <message>
+        <source>y</source>
+        <comment>the first letter of yes</comment>
+        <translation>s</translation>
+    </message>
+    <message>
+        <source>There are: %1.</source>
+        <translation>Ci sono: %1.</translation>
+    </message>
+    <message>
+        <source>The file cannot be read: %1</source>
+        <translation>Il file non può essere letto: %1</translation>
+    </message>
+    <message>
+        <source>There is no group &quot;%1&quot;.</source>
+        <translation>Non c&apos;è un gruppo &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>There is no print method &quot;%1&quot;.</source>
+        <translation>Non c&apos;è un metodo di stampa &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>No setting changes what a document of this method prints.</source>
+        <translation>Nessuna impostazione cambia ciò che stampa un documento di questo metodo.</translation>
+    </message>
+    <message>
+        <source>%1 is not set.</source>
+        <translation>%1 non è impostato.</translation>
+    </message>
+    <message>
+        <source>No program reads %1. Is %2 meant?</source>
+        <translation>Nessun programma legge %1. Si intende %2?</translation>
+    </message>
+    <message>
+        <source>No program reads %1. A key is whole, such as zelmora.receiptdoc.paperWidth.</source>
+        <translation>Nessun programma legge %1. Una chiave va scritta per intero, come zelmora.receiptdoc.paperWidth.</translation>
+    </message>
+    <message>
+        <source>No program reads %1. &quot;zelmora-config list&quot; shows what is read.</source>
+        <translation>Nessun programma legge %1. &quot;zelmora-config list&quot; mostra ciò che viene letto.</translation>
+    </message>
+    <message>
+        <source>%1 is %2, and &quot;%3&quot; is none.</source>
+        <translation>%1 è %2, e &quot;%3&quot; non lo è.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be kept in the file: no program would find a setting of that name.</source>
+        <translation>%1 non può stare nel file: nessun programma troverebbe un&apos;impostazione con questo nome.</translation>
+    </message>
+    <message>
+        <source>The value of %1 cannot be kept in XML: it may hold no &quot;&lt;&quot;, no &quot;&amp;&quot;, no quotation mark, no control character and no character that Western European languages lack.</source>
+        <translation>Il valore di %1 non può stare in un file XML: non può contenere &quot;&lt;&quot;, &quot;&amp;&quot;, virgolette, caratteri di controllo né caratteri estranei alle lingue dell&apos;Europa occidentale.</translation>
+    </message>
+    <message>
+        <source>The value of %1 cannot be kept in the file: it may hold no semicolon, no quotation mark and no character that Western European languages lack.</source>
+        <translation>Il valore di %1 non può stare nel file: non può contenere punti e virgola, virgolette né caratteri estranei alle lingue dell&apos;Europa occidentale.</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be made.</source>
+        <translation>La cartella %1 non può essere creata.</translation>
+    </message>
+    <message>
+        <source>Save all the same?</source>
+        <translation>Salvare comunque?</translation>
+    </message>
+    <message>
+        <source>Nothing was changed. With --force that is dropped.</source>
+        <translation>Non è stato cambiato nulla. Con --force quanto sopra va perso.</translation>
+    </message>
+    <message>
+        <source>There is a file %1 already, and it stays as it is.</source>
+        <translation>Il file %1 esiste già e resta com&apos;è.</translation>
+    </message>
+    <message>
+        <source>%1 would not be found: the first group of the file is not &quot;%2&quot;.</source>
+        <translation>%1 non verrebbe trovato: il primo gruppo del file non è &quot;%2&quot;.</translation>
+    </message>
+    <message>
+        <source>The file %1 was made.</source>
+        <translation>Il file %1 è stato creato.</translation>
+    </message>
+    <message>
+        <source>%1 and %2 have the same form. The name of one of them must end in .xml.</source>
+        <translation>%1 e %2 hanno la stessa forma. Il nome di uno dei due deve finire in .xml.</translation>
+    </message>
+    <message>
+        <source>The file %1 could not hold this, and is not made:</source>
+        <translation>Il file %1 non potrebbe contenere questo, e non viene creato:</translation>
     </message>
 </context>
 </TS>
