@@ -102,8 +102,8 @@ private:
 
     void checkEmptyGroup(const PlacedGroup& group)
     {
-        add(Code::EmptyGroup, group.place, QObject::tr("The group \"%1\" holds nothing: it is as if it were not there."),
-            group.name);
+        add(Code::EmptyGroup, group.place,
+            QObject::tr("The group \"%1\" holds nothing: it is as if it were not there."), group.name);
         for (const PlacedGroup& below : group.groups)
             checkEmptyGroup(below);
     }
@@ -129,7 +129,8 @@ private:
         checkLossyName(setting.name, setting.place);
         if (groups.isEmpty())
             add(Code::UnknownKey, setting.place,
-                QObject::tr("No program reads a setting \"%1\" here, outside the groups in \"zelmora\"."), setting.name);
+                QObject::tr("No program reads a setting \"%1\" here, outside the groups in \"zelmora\"."),
+                setting.name);
         else
             findings += finding(Code::UnknownKey, setting.place,
                                 QObject::tr("No program reads \"%1\" here: it belongs in one of these groups: %2.")
@@ -147,7 +148,8 @@ private:
         } else {
             if (known.contains(group.name))
                 add(Code::RepeatedGroup, group.place,
-                    QObject::tr("The group \"%1\" stands twice: of each setting the first value that is not empty holds."),
+                    QObject::tr(
+                        "The group \"%1\" stands twice: of each setting the first value that is not empty holds."),
                     group.name);
             known += group.name;
             checkKeys(group, *meaning);
@@ -162,8 +164,8 @@ private:
         }
         checkLossyName(group.name, group.place);
         add(Code::UnknownGroup, group.place,
-                QObject::tr("No program reads a group \"%1\" here: nothing in it is found."), group.name,
-                toolkit::nearest(group.name, names));
+            QObject::tr("No program reads a group \"%1\" here: nothing in it is found."), group.name,
+            toolkit::nearest(group.name, names));
     }
 
     /// The settings of a group that a program reads.
@@ -205,10 +207,11 @@ private:
             if (below.isEmpty())
                 checkEmptyGroup(below);
             else if (vocabulary::findGroup(below.name))
-                findings += finding(Code::UnknownGroup, below.place,
-                                    QObject::tr("The group \"%1\" stands inside \"%2\", where it is not found. Is \"};\" "
-                                                "missing before it?")
-                                        .arg(below.name, group.name));
+                findings +=
+                    finding(Code::UnknownGroup, below.place,
+                            QObject::tr("The group \"%1\" stands inside \"%2\", where it is not found. Is \"};\" "
+                                        "missing before it?")
+                                .arg(below.name, group.name));
             else
                 checkUnknownGroup(below, {});
         }

@@ -165,8 +165,9 @@ private:
         case SkippedText::TooDeep:
             return QObject::tr("Groups nested this deep are not read, nor what follows them: %1");
         case SkippedText::AfterEnd:
-            return QObject::tr("The \"}\" before this text is one too many, and ends the settings: nothing of what follows "
-                               "is found: %1");
+            return QObject::tr(
+                "The \"}\" before this text is one too many, and ends the settings: nothing of what follows "
+                "is found: %1");
         case SkippedText::BeforeEnd:
             return QObject::tr("The text is no setting and no group, and is skipped: %1");
         case SkippedText::XmlText:
@@ -232,12 +233,13 @@ std::optional<Remark> remarkIn(const PlacedGroup& group)
 
 Finding remarkFound(const Remark& remark, TextPlace place)
 {
-    return finding(Code::Remark, place,
-                   remark.hidden.isEmpty()
-                       ? QObject::tr("There are no comments: the text is taken for a name. Remove it.")
-                       : QObject::tr("There are no comments: the text becomes part of the name, and \"%1\" is not found. "
-                                     "Remove it.")
-                             .arg(excerpt(remark.hidden)));
+    return finding(
+        Code::Remark, place,
+        remark.hidden.isEmpty()
+            ? QObject::tr("There are no comments: the text is taken for a name. Remove it.")
+            : QObject::tr("There are no comments: the text becomes part of the name, and \"%1\" is not found. "
+                          "Remove it.")
+                  .arg(excerpt(remark.hidden)));
 }
 
 bool runsOn(const ScannedSetting& setting)

@@ -185,7 +185,8 @@ private:
 
 std::optional<QString> lossyCharacterOf(const QString& text)
 {
-    const auto found = std::find_if(text.begin(), text.end(), [](QChar character) { return character.unicode() > 0xFF; });
+    const auto found =
+        std::find_if(text.begin(), text.end(), [](QChar character) { return character.unicode() > 0xFF; });
     if (found == text.end())
         return std::nullopt;
     const auto place = static_cast<int>(found - text.begin());
@@ -195,9 +196,10 @@ std::optional<QString> lossyCharacterOf(const QString& text)
 Finding lossyFound(const QString& character, toolkit::TextPlace place)
 {
     const QString number = QString::number(character.toUcs4().value(0), 16).toUpper();
-    return finding(Code::LossyCharacter, place,
-                   QObject::tr("The programs read \"?\" for \"%1\" (U+%2): it is beyond the Western European characters.")
-                       .arg(character, number.rightJustified(4, QLatin1Char('0'))));
+    return finding(
+        Code::LossyCharacter, place,
+        QObject::tr("The programs read \"?\" for \"%1\" (U+%2): it is beyond the Western European characters.")
+            .arg(character, number.rightJustified(4, QLatin1Char('0'))));
 }
 
 void checkSettingValue(const SettingGroup& group, const Setting& meaning, const ScannedSetting& setting,

@@ -19,7 +19,6 @@
 #include <QTreeWidgetItemIterator>
 
 using settings::FileRemark;
-using settings::FileReview;
 using settings::SettingsFile;
 using toolkit::operator""_L1;
 
@@ -33,18 +32,30 @@ const QString geometryKey = QStringLiteral("geometry");
 const int linesToGlanceAt = 12;
 const int linesToDecideBy = 1000;
 const int longestLine = 100;
+const int longestFinding = 300; // they say what will happen and what to do
 
-QString oneLine(const QString& text)
+QString oneLine(const QString& text, int longest)
 {
     const QString line = text.simplified();
-    return line.size() <= longestLine ? line : line.left(longestLine) + "..."_L1;
+    return line.size() <= longest ? line : line.left(longest) + "..."_L1;
 }
 
-QString bulletList(const QStringList& texts, int mostLines = linesToGlanceAt)
+/// What is wrong with the file; what the programs make of it all the same is no matter for a box.
+QStringList withLines(const check::Findings& findings)
+{
+    QStringList texts;
+    for (const check::Finding& finding : findings) {
+        if (finding.severity != check::Severity::Note)
+            texts += QObject::tr("line %1: %2").arg(QString::number(finding.place.line), finding.text);
+    }
+    return texts;
+}
+
+QString bulletList(const QStringList& texts, int mostLines = linesToGlanceAt, int longest = longestLine)
 {
     QString list;
     for (const QString& text : texts.mid(0, mostLines))
-        list += "\n\xB7 "_L1 + oneLine(text);
+        list += "\n\xB7 "_L1 + oneLine(text, longest);
     if (texts.size() > mostLines)
         list += "\n"_L1 + QObject::tr("and %1 more").arg(texts.size() - mostLines);
     return list;
@@ -136,27 +147,11 @@ void SettingsWindow::sayWhatIsWrong()
             .ask();
         return;
     }
-    const FileReview& review = file.review();
-    QStringList warnings;
-    const auto addWarning = [&](const QString& text, FileRemark::Kind kind) {
-        const QStringList details = withLines(review.only(kind));
-        if (!details.isEmpty())
-            warnings += text + bulletList(details);
-    };
-    if (review.isHiddenByItsBeginning)
-        warnings +=
-            QObject::tr("Nothing may stand before the first group of an XML file, no declaration and no comment: "
-                        "no program finds a setting in this file.");
-    addWarning(QObject::tr("Saving will drop from the file:"), FileRemark::Kind::Dropped);
-    addWarning(QObject::tr("No program finds what has these names, each of which holds a remark or a stray sign:"),
-               FileRemark::Kind::NoKey);
-    addWarning(QObject::tr("No program finds these settings, which stand outside every group:"),
-               FileRemark::Kind::Outside);
-    addWarning(QObject::tr("These values hold the setting after them; a semicolon is missing, or a remark holds an "
-                           "equals sign:"),
-               FileRemark::Kind::Swallowing);
+    const QStringList warnings = withLines(file.findings());
     if (!warnings.isEmpty())
-        Message(this, QStyle::SP_MessageBoxWarning, warnings.join("\n\n"_L1)).ask();
+        Message(this, QStyle::SP_MessageBoxWarning,
+                QObject::tr("In this file:") + bulletList(warnings, linesToGlanceAt, longestFinding))
+            .ask();
 }
 
 void SettingsWindow::showTree()
@@ -331,8 +326,7 @@ bool SettingsWindow::saveTo(const QString& path)
     }
     noteStored();
     // The window shows what the file holds now; where that cannot be read, this is still the only copy.
-    const bool holdsOtherThings =
-        path != file.path() || !trial.changed.isEmpty() || !file.review().only(FileRemark::Kind::Dropped).isEmpty();
+    const bool holdsOtherThings = path != file.path() || !trial.changed.isEmpty() || !file.review().dropped.isEmpty();
     if (holdsOtherThings && !openFile(path)) {
         noteUnstored();
         return false;
@@ -345,7 +339,7 @@ bool SettingsWindow::saveTo(const QString& path)
 QStringList SettingsWindow::lossesOf(const QString& path, const SettingsFile::Trial& trial) const
 {
     const bool isSameFile = path == file.path();
-    const QStringList dropped = withLines(file.review().only(FileRemark::Kind::Dropped));
+    const QStringList dropped = withLines(file.review().dropped);
     QStringList questions;
     if (file.review().isHiddenByItsBeginning && isSameFile)
         questions += QObject::tr("Nothing of the file %1 could be read. Saving empties it.").arg(path)

@@ -4,7 +4,6 @@
 #include "toolkit/literals.h"
 
 #include <QHash>
-#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -15,25 +14,7 @@ using toolkit::TextPlace;
 
 namespace settings {
 
-using Kind = FileRemark::Kind;
-
 namespace {
-
-/// A look-up splits its key at the points; all else that is no letter, digit, "_" or "-" came there by a slip.
-bool canBeLookedUp(const QString& name)
-{
-    static const QRegularExpression word(QStringLiteral("\\A[\\w-]+\\z"),
-                                         QRegularExpression::UseUnicodePropertiesOption);
-    return word.match(name).hasMatch();
-}
-
-/// Whether a line of @p value but its first ends the group, or begins a setting or a group.
-bool runsOn(const QString& value)
-{
-    // Possessive, so that no text takes more than one look at each character.
-    static const QRegularExpression nextLine(QStringLiteral("\\n[^\\S\\n]*+(\\}|[\\w-]++\\s*+(=|:\\s*+\\{))"));
-    return value.contains(nextLine);
-}
 
 /// Whether its value has other quotes than a pair around it, and the format drops them.
 bool losesQuotes(const ScannedSetting& setting)
@@ -56,7 +37,7 @@ QString keyBelow(const QString& key, const QString& name)
     return below.size() <= longestKey ? below : key + cut;
 }
 
-/// Hears what stands in a file, in either format, and makes the remarks.
+/// Hears what stands in a file, in either format, and notes what a save would drop.
 class Reviewer : public libconfig::SettingsListener {
 public:
     Reviewer() { levels += Level(); }
@@ -78,7 +59,7 @@ public:
     void setting(const ScannedSetting& setting) override
     {
         if (losesQuotes(setting))
-            remark(Kind::Dropped, setting.written, setting.writtenPlace);
+            drop(setting.written, setting.writtenPlace);
         addSetting(setting.name, setting.value, setting.place);
     }
 
@@ -88,7 +69,7 @@ public:
     {
         review.isHiddenByItsBeginning |= reason == SkippedText::XmlBeginning;
         if (!text.isEmpty())
-            remark(Kind::Dropped, text, place);
+            drop(text, place);
     }
 
     FileReview result()
@@ -98,7 +79,7 @@ public:
         const auto comesFirst = [](const FileRemark& left, const FileRemark& right) {
             return left.place < right.place;
         };
-        std::stable_sort(review.remarks.begin(), review.remarks.end(), comesFirst);
+        std::stable_sort(review.dropped.begin(), review.dropped.end(), comesFirst);
         return review;
     }
 
@@ -124,17 +105,10 @@ private:
         Level& level = levels.last();
         level.isInTree = true;
         level.holdsSetting = true;
-        const auto text = [&](const QString& itsValue) { return level.key + name + " = "_L1 + itsValue; };
         const auto earlier = level.settings.constFind(name);
         if (earlier != level.settings.constEnd())
-            remark(Kind::Dropped, text(earlier->value), earlier->place);
+            drop(level.key + name + " = "_L1 + earlier->value, earlier->place);
         level.settings.insert(name, {value, place});
-        if (levels.size() == 1)
-            remark(Kind::Outside, text(value), place);
-        else if (isWritten() && !canBeLookedUp(name))
-            remark(Kind::NoKey, name.isEmpty() ? QStringLiteral("=") : name, place);
-        if ((levels.size() == 1 || isWritten()) && runsOn(value))
-            remark(Kind::Swallowing, text(value), place);
     }
 
     void endGroup()
@@ -143,9 +117,7 @@ private:
         levels.last().holdsSetting |= level.holdsSetting;
         const bool isLeftOut = levels.size() == 1 && level.isInTree && !isWritten();
         if (isLeftOut || (!level.holdsSetting && !level.name.isEmpty()))
-            remark(Kind::Dropped, level.name.isEmpty() ? QStringLiteral(":") : level.name, level.place);
-        else if (level.isInTree && isWritten() && !canBeLookedUp(level.name))
-            remark(Kind::NoKey, level.name, level.place);
+            drop(level.name.isEmpty() ? QStringLiteral(":") : level.name, level.place);
     }
 
     /// Of the top-level groups the first that holds something is written, and it alone.
@@ -157,7 +129,7 @@ private:
 
     bool isWritten() const { return written != 0 && written == review.topLevelGroups.size(); }
 
-    void remark(Kind kind, const QString& text, TextPlace place) { review.remarks += FileRemark {kind, text, place}; }
+    void drop(const QString& text, TextPlace place) { review.dropped += FileRemark {text, place}; }
 
     FileReview review;
     QVector<Level> levels; ///< the top level, and the groups that are open
@@ -165,14 +137,6 @@ private:
 };
 
 } // namespace
-
-QVector<FileRemark> FileReview::only(FileRemark::Kind kind) const
-{
-    QVector<FileRemark> found;
-    std::copy_if(remarks.begin(), remarks.end(), std::back_inserter(found),
-                 [kind](const FileRemark& remark) { return remark.kind == kind; });
-    return found;
-}
 
 FileReview reviewOf(const QByteArray& bytes, const QString& format)
 {

@@ -1,5 +1,6 @@
 #include "settings/settingsfile.h"
 
+#include "check/settingscheck.h"
 #include "config/settingsscan.h"
 #include "settings/backup.h"
 #include "settings/likeness.h"
@@ -251,6 +252,11 @@ bool SettingsFile::isMissing(const QString& path)
 QString SettingsFile::format() const
 {
     return libconfig::settingsFormat(filePath);
+}
+
+check::Findings SettingsFile::findings() const
+{
+    return check::checkSettings(contents, libconfig::settingsFormat(filePath), filePath);
 }
 
 bool SettingsFile::changedOnDisk() const

@@ -1,6 +1,7 @@
 #ifndef ZELMORA_SETTINGS_SETTINGSFILE_H
 #define ZELMORA_SETTINGS_SETTINGSFILE_H
 
+#include "check/finding.h"
 #include "config/config.h"
 #include "settings/filereview.h"
 
@@ -54,6 +55,8 @@ public:
 
     /// What load() found in the file's bytes.
     const FileReview& review() const { return fileReview; }
+    /// What there is to know about them, in their order: check::checkSettings().
+    check::Findings findings() const;
 
     /// Whether it is one at all, as looksLikeSettings() has it: any other text is not to be written over.
     bool looksLikeSettings() const;

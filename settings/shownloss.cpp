@@ -54,7 +54,7 @@ QString shown(const QString& text, const SettingsFile& file)
 QStringList shownLosses(const SettingsFile& file)
 {
     QStringList texts;
-    for (const FileRemark& remark : file.review().only(FileRemark::Kind::Dropped)) {
+    for (const FileRemark& remark : file.review().dropped) {
         const int first = remark.place.line;
         const int last = first + remark.text.count(QLatin1Char('\n'));
         const QString text = shown(remark.text, file);

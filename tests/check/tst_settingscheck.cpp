@@ -43,8 +43,9 @@ namespace {
 
 QString lineOf(const Finding& finding)
 {
-    return QString("%1:%2 %3").arg(QString::number(finding.place.line), QString::number(finding.place.column),
-                                   QString(check::entry(finding.code).name));
+    return QString("%1:%2 %3")
+        .arg(QString::number(finding.place.line), QString::number(finding.place.column),
+             QString(check::entry(finding.code).name));
 }
 
 /// Such as "2:3 unknown-key", in the order of the file.
@@ -113,26 +114,23 @@ void TestSettingsCheck::syntax_data()
     row("no semicolon before the brace on one line", "zelmora: { doc: { style = a }; };", {"1:28 missing-semicolon"});
     row("no value and no semicolon", receipt("\nstyle =\nprintDate = true;"), {"2:8 missing-semicolon"});
     row("no semicolon at the end of the file", "zelmora: { doc: { style = \"a\"", {"1:30 missing-semicolon"});
-    row("no semicolon behind a value that holds no characters, at the end of the file", "zelmora: { doc: { style = ",
-        {"1:26 missing-semicolon"});
+    row("no semicolon behind a value that holds no characters, at the end of the file",
+        "zelmora: { doc: { style = ", {"1:26 missing-semicolon"});
     row("characters outside the basic plane before the missing semicolon",
-        receipt("style = \"\xF0\x9F\x8D\x95\" printDate = true;"),
-        {"1:36 missing-semicolon"});
+        receipt("style = \"\xF0\x9F\x8D\x95\" printDate = true;"), {"1:36 missing-semicolon"});
     row("a value of several lines is a value", receipt("style = \"a\nb\n c d\";"), {});
     row("a value in quotes may look like settings", receipt("style = \"a\nb = c\n}\";"), {});
     row("a value with an equals sign on its line", receipt("style = a = b;"), {});
     row("a value on the next line", receipt("style =\n \"a\";"), {});
     row("a value with braces of its own", receipt("style = { a };"), {});
 
-    row("no semicolon after the brace of a group",
-        "zelmora: { doc: { style = a; }\n fiscaldoc: { style = b; }; };",
+    row("no semicolon after the brace of a group", "zelmora: { doc: { style = a; }\n fiscaldoc: { style = b; }; };",
         {"1:31 missing-semicolon"});
     row("no semicolon between two braces", "zelmora: { doc: { style = a; } }", {"1:31 missing-semicolon"});
     row("no semicolon after the last brace of all, where nothing follows", "zelmora: { doc: { style = a; }; }\n", {});
     row("text behind a brace", "zelmora: { doc: { style = a; } # of doc\n; };", {"1:32 skipped-text"});
     row("a file that is cut off in a group", "zelmora: { doc: { style = a; ", {"1:30 missing-semicolon"});
-    row("a file that is cut off behind a word", "zelmora: { doc: { style = a; pap",
-        {"1:30 skipped-text"});
+    row("a file that is cut off behind a word", "zelmora: { doc: { style = a; pap", {"1:30 skipped-text"});
 
     row("text between colon and brace", "zelmora: of our till { doc: { style = a; }; };", {"1:10 skipped-text"});
     row("text before the end of a group", receipt("style = a; paperWidth 40;"), {"1:36 skipped-text"});
@@ -175,8 +173,7 @@ void TestSettingsCheck::names_data()
     row("a group inside a group", "zelmora: { doc: { style = a; more: { a = 1; }; }; };", {"1:30 unknown-group"});
     row("a document's group inside another", "zelmora: { doc: { style = a;\nreceiptdoc: { style = b; }; }; };",
         {"2:1 unknown-group"});
-    row("the same group twice",
-        "zelmora: { doc: { style = a; };\n doc: { style = b; }; };", {"2:2 repeated-group"});
+    row("the same group twice", "zelmora: { doc: { style = a; };\n doc: { style = b; }; };", {"2:2 repeated-group"});
     row("the same group twice, one of them empty", "zelmora: { doc: { style = a; }; doc: { }; };",
         {"1:33 empty-group"});
     row("groups of different names", "zelmora: { doc: { style = a; }; solddoc: { style = b; }; };", {});
@@ -194,8 +191,7 @@ void TestSettingsCheck::names_data()
     row("a key in quotes", receipt("\"paperWidth\" = 30;"), {"1:25 unknown-key"});
     row("a key twice", receipt("style = a;\n style = b; style = c;"), {"2:2 repeated-key", "2:13 repeated-key"});
     row("an unknown key twice", receipt("x = 1;\nx = 1;"), {"1:25 unknown-key", "2:1 repeated-key", "2:1 unknown-key"});
-    row("a key twice, in two groups",
-        "zelmora: { doc: { style = a; }; solddoc: { style = a; }; };", {});
+    row("a key twice, in two groups", "zelmora: { doc: { style = a; }; solddoc: { style = a; }; };", {});
     row("of a repeated setting the last value is judged",
         receipt("paperWidth = wide;\npaperWidth = 30;\nprintDate = true; printDate = True;"),
         {"2:1 repeated-key", "3:19 repeated-key", "3:19 not-a-flag"});
@@ -211,8 +207,7 @@ void TestSettingsCheck::names_data()
     row("a remark with a colon", "zelmora: {\n# till: 2\nreceiptdoc: { style = a; }; };",
         {"2:1 remark", "2:9 skipped-text"});
     row("a remark with an equals sign", receipt("# paper = 40 mm\nprintDate = true;"), {"1:25 remark"});
-    row("a remark directly in the suite's group", "zelmora: { # x\n a = 1; doc: { style = a; }; };",
-        {"1:12 remark"});
+    row("a remark directly in the suite's group", "zelmora: { # x\n a = 1; doc: { style = a; }; };", {"1:12 remark"});
     row("two words that are no remark", receipt("paper width = 30;"), {"1:25 unknown-key"});
     row("a remark that is a value is one", receipt("style = # x;"), {});
 
@@ -220,9 +215,10 @@ void TestSettingsCheck::names_data()
         {"1:25 lossy-character"});
     row("an accent in a value", receipt("style = caff\xC3\xA8;"), {});
     row("an accent in a value, in ISO-8859-1", receipt("style = caff\xE8;"), {});
-    row("a Cyrillic letter in a key", receipt("p\xD0\xB0perWidth = 30;"),
-        {"1:25 lossy-character", "1:25 unknown-key"});
-    row("a Cyrillic letter in the name of a group", "zelmora: { d\xD0\xBE" "c: { style = a; }; };",
+    row("a Cyrillic letter in a key", receipt("p\xD0\xB0perWidth = 30;"), {"1:25 lossy-character", "1:25 unknown-key"});
+    row("a Cyrillic letter in the name of a group",
+        "zelmora: { d\xD0\xBE"
+        "c: { style = a; }; };",
         {"1:12 lossy-character", "1:12 unknown-group"});
 }
 
@@ -376,7 +372,8 @@ void TestSettingsCheck::catalogue()
     QVERIFY(QFile::copy(ZELMORA_CATALOGUE, folder.filePath("translations/zelmora_it.qm")));
     const QString before = QDir::currentPath();
     QVERIFY(QDir::setCurrent(folder.path()));
-    const QStringList lines = found("zelmora: { language: { " + bytes.replace("ROOT", folder.path().toUtf8()) + "}; };");
+    const QStringList lines =
+        found("zelmora: { language: { " + bytes.replace("ROOT", folder.path().toUtf8()) + "}; };");
     QVERIFY(QDir::setCurrent(before));
     QTEST(lines, "expected");
 }
@@ -443,8 +440,10 @@ void TestSettingsCheck::texts_data()
          "99999999999 is out of range, and is taken as 0: topMargin is a whole number from 0 to 10000.");
     says("what a log without a type does", "zelmora: { logger: { type = APEND; }; };",
          "\"APEND\" counts as absent (nothing is logged): type is one of APPEND, OVERWRITE.");
-    says("the sum of the columns", document("receiptdoc", "paperWidth = 24; quantityFieldWidth = 3; "
-                                                        "priceFieldWidth = 10; totalPriceFieldWidth = 10;"),
+    says("the sum of the columns",
+         document("receiptdoc",
+                  "paperWidth = 24; quantityFieldWidth = 3; "
+                  "priceFieldWidth = 10; totalPriceFieldWidth = 10;"),
          "The columns are wider than the paper (3 + 10 + 10 + 3 = 26 of 24 characters): the lines grow past it.");
     says("the sum of columns that just fit", document("doc", "quantityFieldWidth = 29;"),
          "The columns take the whole paper (29 + 3 = 32 of 32 characters): no description is printed.");

@@ -8,7 +8,7 @@ static void checkReview(const QByteArray& bytes, const QString& format)
 {
     const QList<QByteArray> lines = bytes.split('\n');
     toolkit::TextPlace last;
-    for (const settings::FileRemark& remark : settings::reviewOf(bytes, format).remarks) {
+    for (const settings::FileRemark& remark : settings::reviewOf(bytes, format).dropped) {
         const toolkit::TextPlace place = remark.place;
         require(place.line > last.line || (place.line == last.line && place.column >= last.column), "remarks ascend");
         require(place.line <= lines.size() && place.column <= lines.at(place.line - 1).size() + 1, "places exist");

@@ -145,7 +145,7 @@ void TestSettingsFile::failureChangesNothing()
     QVERIFY(!file.load(path("missing.conf")).isEmpty());
     QCOMPARE(file.path(), path("zelmora.conf"));
     QCOMPARE(file.lookup("zelmora.lang"), QString("it"));
-    QCOMPARE(file.review().remarks.size(), 1);
+    QCOMPARE(file.review().dropped.size(), 1);
     QVERIFY(!file.changedOnDisk());
 }
 
@@ -163,11 +163,11 @@ void TestSettingsFile::theNewFileIsReviewed()
     writeBytes(path("b.xml"), "<zelmora a='1'>\n\nword</zelmora>");
     SettingsFile file;
     file.load(path("a.conf"));
-    QCOMPARE(file.review().remarks.size(), 1);
-    QCOMPARE(file.review().remarks.first().text, QString("other"));
+    QCOMPARE(file.review().dropped.size(), 1);
+    QCOMPARE(file.review().dropped.first().text, QString("other"));
     file.load(path("b.xml"));
-    QCOMPARE(file.review().remarks.size(), 1);
-    QCOMPARE(file.review().remarks.first().place.line, 3);
+    QCOMPARE(file.review().dropped.size(), 1);
+    QCOMPARE(file.review().dropped.first().place.line, 3);
 }
 
 void TestSettingsFile::trial_data()
