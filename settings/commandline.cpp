@@ -66,7 +66,8 @@ QString commandsText()
 {
     QString text = QStringLiteral("Shows, checks and changes a settings file.\n\nCommands:");
     for (const Command& command : commands)
-        text += "\n  "_L1 + QString(command.name + QLatin1Char(' ') + command.arguments).leftJustified(18) + command.description;
+        text += "\n  "_L1 + QString(command.name + QLatin1Char(' ') + command.arguments).leftJustified(18)
+            + command.description;
     return text;
 }
 
@@ -74,15 +75,18 @@ void describe(QCommandLineParser& parser)
 {
     parser.setApplicationDescription(
         commandsText()
-        + "\n\nA KEY is whole: zelmora.receiptdoc.paperWidth. Options stand before or after the command, up to the KEY.\n"
+        + "\n\nA KEY is whole: zelmora.receiptdoc.paperWidth. Options stand before or after the command, up to the "
+          "KEY.\n"
           "The exit status is 0 when it is done; 1 when the setting is absent, the change is refused or an error is\n"
           "found; 2 when the call was wrong or a file cannot be read or written."_L1);
-    parser.addOption({fileOption, QStringLiteral("The settings file, in place of your own; XML where its name ends in .xml."),
+    parser.addOption({fileOption,
+                      QStringLiteral("The settings file, in place of your own; XML where its name ends in .xml."),
                       QStringLiteral("file")});
     check::addReportOptions(parser);
     parser.addOption({secretsOption, QStringLiteral("Show secrets in lists, in place of \"***\".")});
-    parser.addOption({forceOption, QStringLiteral("Set what no program takes or reads, and drop what the file would lose, "
-                                                  "without a question.")});
+    parser.addOption({forceOption,
+                      QStringLiteral("Set what no program takes or reads, and drop what the file would lose, "
+                                     "without a question.")});
     parser.addOption({{QStringLiteral("h"), helpOption}, QStringLiteral("Show this text.")});
     parser.addOption({{QStringLiteral("v"), versionOption}, QStringLiteral("Show the version.")});
     parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("One of the commands above."),
@@ -131,7 +135,8 @@ QString wrongArguments(const QStringList& arguments, const Command& command)
 {
     if (arguments.size() >= command.fewest && arguments.size() <= command.most)
         return QString();
-    return QStringLiteral("The call is: %1").arg(QString("zelmora-config [options] "_L1 + command.name + QLatin1Char(' ') + command.arguments).trimmed());
+    return QStringLiteral("The call is: %1")
+        .arg(QString("zelmora-config [options] "_L1 + command.name + QLatin1Char(' ') + command.arguments).trimmed());
 }
 
 Call::Task taskOf(const QCommandLineParser& parser)

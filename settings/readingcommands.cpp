@@ -84,8 +84,9 @@ Status checkFile(const Call& call)
     const QString reason = isMissing ? QString() : SettingsFile::read(path, bytes);
     check::Report report(call.report);
     if (isMissing)
-        report.add(path, {finding(check::Code::SettingsMissing,
-                                  QObject::tr(check::entry(check::Code::SettingsMissing).explanation))});
+        report.add(path,
+                   {finding(check::Code::SettingsMissing,
+                            QObject::tr(check::entry(check::Code::SettingsMissing).explanation))});
     else if (reason.isEmpty())
         report.add(path, findingsOn(bytes, path));
     else
@@ -101,8 +102,8 @@ Status listSettings(const Call& call)
     const QString name = call.text(0);
     const vocabulary::SettingGroup* const group = vocabulary::findGroup(name);
     if (!group && !call.arguments.isEmpty())
-        return complain(Failed, unknownName(QObject::tr("There is no group \"%1\"."), name,
-                                            namesIn(vocabulary::settingGroups())));
+        return complain(
+            Failed, unknownName(QObject::tr("There is no group \"%1\"."), name, namesIn(vocabulary::settingGroups())));
     SettingsFile file;
     const QString reason = load(file, call);
     if (!reason.isEmpty())
@@ -121,15 +122,16 @@ Status showEffectiveSettings(const Call& call)
     const QString name = call.text(0);
     const vocabulary::Method* const method = vocabulary::findMethod(name);
     if (!method)
-        return complain(Failed, unknownName(QObject::tr("There is no print method \"%1\"."), name,
-                                            namesIn(vocabulary::methods())));
+        return complain(
+            Failed, unknownName(QObject::tr("There is no print method \"%1\"."), name, namesIn(vocabulary::methods())));
     SettingsFile file;
     const QString reason = load(file, call);
     if (!reason.isEmpty())
         return complain(Failed, reason);
     const SettingsList list = settingsFor(*method, PlacedSettings::of(file.bytes(), file.format()));
     if (list.isEmpty() && call.report.format != check::Format::Json)
-        toolkit::write(toolkit::localeText(QObject::tr("No setting changes what a document of this method prints.")) + '\n');
+        toolkit::write(toolkit::localeText(QObject::tr("No setting changes what a document of this method prints."))
+                       + '\n');
     return show(list, call);
 }
 

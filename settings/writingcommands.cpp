@@ -6,11 +6,11 @@
 #include "settings/newsettings.h"
 #include "settings/question.h"
 #include "settings/shownloss.h"
-#include "toolkit/literals.h"
-#include "toolkit/nearest.h"
 #include "toolkit/console.h"
 #include "toolkit/filenames.h"
+#include "toolkit/literals.h"
 #include "toolkit/localecodec.h"
+#include "toolkit/nearest.h"
 #include "vocabulary/settings.h"
 
 #include <QDir>
@@ -78,8 +78,9 @@ QString unkeepable(const QString& path, const QString& key, const QString& value
     if (!SettingsFile::canHold(path, key, QString()))
         return QObject::tr("%1 cannot be kept in the file: no program would find a setting of that name.").arg(key);
     if (libconfig::settingsFormat(path) == "xml"_L1)
-        return QObject::tr("The value of %1 cannot be kept in XML: it may hold no \"<\", no \"&\", no quotation mark, no "
-                           "control character and no character that Western European languages lack.")
+        return QObject::tr(
+                   "The value of %1 cannot be kept in XML: it may hold no \"<\", no \"&\", no quotation mark and "
+                   "no character that Western European languages lack.")
             .arg(key);
     return QObject::tr("The value of %1 cannot be kept in the file: it may hold no semicolon, no quotation mark and no "
                        "character that Western European languages lack.")
@@ -168,7 +169,9 @@ Status unsetValue(const Call& call)
     const QString path = pathOf(call);
     const QString absent = QObject::tr("%1 is not set.").arg(call.text(0));
     if (SettingsFile::isMissing(path)) // without a folder there is nothing to lock
-        return call.file.isEmpty() ? complain(Refused, absent) : complain(Failed, QObject::tr("The file %1 cannot be read: %2").arg(path, qt_error_string(ENOENT)));
+        return call.file.isEmpty()
+            ? complain(Refused, absent)
+            : complain(Failed, QObject::tr("The file %1 cannot be read: %2").arg(path, qt_error_string(ENOENT)));
     FileChange change(path);
     QString reason = change.begin();
     if (!reason.isEmpty())
@@ -201,7 +204,9 @@ Status convertFile(const Call& call)
     const QString from = toolkit::filePath(call.arguments.at(0));
     const QString to = toolkit::filePath(call.arguments.at(1));
     if (libconfig::settingsFormat(from) == libconfig::settingsFormat(to))
-        return complain(Failed, QObject::tr("%1 and %2 have the same form. The name of one of them must end in .xml.").arg(from, to));
+        return complain(
+            Failed,
+            QObject::tr("%1 and %2 have the same form. The name of one of them must end in .xml.").arg(from, to));
     SettingsFile file;
     QString reason = file.load(from);
     if (!reason.isEmpty())
@@ -210,9 +215,12 @@ Status convertFile(const Call& call)
     if (!reason.isEmpty())
         return complain(Refused, reason);
     const SettingsFile::Trial trial = file.tryWriting(to);
-    const QStringList unheld = shownLosses(file) + shownSettings(trial.notXml.isEmpty() ? trial.changed : trial.notXml, file);
+    const QStringList unheld =
+        shownLosses(file) + shownSettings(trial.notXml.isEmpty() ? trial.changed : trial.notXml, file);
     if (!unheld.isEmpty())
-        return complain(Refused, QObject::tr("The file %1 could not hold this, and is not made:").arg(to) + "\n  "_L1 + unheld.join("\n  "_L1));
+        return complain(Refused,
+                        QObject::tr("The file %1 could not hold this, and is not made:").arg(to) + "\n  "_L1
+                            + unheld.join("\n  "_L1));
     return QFileInfo::exists(to) ? complain(Refused, alreadyThere(to)) : create(to, trial, from);
 }
 
