@@ -1,0 +1,31 @@
+#include "check/findingtext.h"
+
+#include "vocabulary/jobs.h"
+
+namespace check {
+
+QString shown(const QString& text)
+{
+    const int greatest = 80; // a job may hold megabytes, which nobody reads and each finding would keep
+    return text.size() <= greatest ? text : text.left(greatest) + QStringLiteral("...");
+}
+
+QString namesOf(const QVector<const vocabulary::Method*>& methods)
+{
+    QStringList names;
+    for (const vocabulary::Method* const method : methods)
+        names += method->name;
+    return names.join(QStringLiteral(", "));
+}
+
+void add(Findings& findings, Code code, toolkit::TextPlace place, const QString& text, const QString& suggestion)
+{
+    findings += Finding {code, entry(code).severity, place, text, suggestion};
+}
+
+void addLesser(Findings& findings, Code code, toolkit::TextPlace place, const QString& text)
+{
+    findings += Finding {code, entry(code).lesser, place, text};
+}
+
+} // namespace check
