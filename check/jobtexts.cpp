@@ -188,8 +188,10 @@ bool JobTexts::followRows(const QString& text, const PrintedText::Report& tell)
     const int first = element->entry->attributes.size();
     bool isFound = false;
     for (; nextRow < element->attributes().count(); ++nextRow) {
-        PrintedText printed(group[(nextRow - first) % group.size()], element->attributes().value(nextRow),
-                            toolkit::TextPlace());
+        const int column = (nextRow - first) % group.size();
+        PrintedText printed(group[column], element->attributes().value(nextRow), toolkit::TextPlace());
+        if (isFound && column == 0)
+            break; // of the next line
         if (!printed.hasTrouble(finder))
             continue;
         if (!printed.follow(text, finder, tell))
@@ -288,17 +290,22 @@ void JobTexts::judgeWidth(const ScriptCommand& command, int paperWidth)
     const int width = characters(line);
     if (width <= paperWidth || isBlank(line))
         return;
-    const QString text = QObject::tr("The line has %1 characters, and the paper %2.").arg(width).arg(paperWidth);
     if (isAlwaysTooWide(command)) {
         if (!std::exchange(isWideNoted, true))
-            addLesser(findings, Code::TooWide, element->place(), text);
+            addLesser(findings, Code::TooWide, element->place(),
+                      QObject::tr("The line has %1 characters, and the paper %2. It is always so long.")
+                          .arg(width)
+                          .arg(paperWidth));
         return;
     }
     const toolkit::TextPlace place = placeOfLine(command.text);
     const QPair<int, int> key(place.line, place.column);
     if (!widePlaces.contains(key)) {
         widePlaces.insert(key);
-        add(findings, Code::TooWide, place, text);
+        add(findings, Code::TooWide, place,
+            QObject::tr("The line has %1 characters, and the paper %2: make the text shorter, or the columns narrower.")
+                .arg(width)
+                .arg(paperWidth));
     }
 }
 
