@@ -312,14 +312,6 @@
         <translation>Il salvataggio toglierà dal file:</translation>
     </message>
     <message>
-        <source>No program finds what has these names, each of which holds a remark or a stray sign:</source>
-        <translation>Nessun programma trova ciò che ha questi nomi, ognuno dei quali contiene un commento o un segno di troppo:</translation>
-    </message>
-    <message>
-        <source>These values hold the setting after them; a semicolon is missing, or a remark holds an equals sign:</source>
-        <translation>Questi valori contengono l&apos;impostazione che li segue; manca un punto e virgola, o un commento contiene un segno di uguale:</translation>
-    </message>
-    <message>
         <source>Nothing may stand before the first group of an XML file, no declaration and no comment: no program finds a setting in this file.</source>
         <translation>Prima del primo gruppo di un file XML non può esserci nulla, né dichiarazioni né commenti: nessun programma trova un&apos;impostazione in questo file.</translation>
     </message>
@@ -346,10 +338,6 @@
     <message>
         <source>These settings would read back otherwise, or not at all:</source>
         <translation>Queste impostazioni verrebbero rilette in modo diverso, o per niente:</translation>
-    </message>
-    <message>
-        <source>No program finds these settings, which stand outside every group:</source>
-        <translation>Nessun programma trova queste impostazioni, che stanno fuori da ogni gruppo:</translation>
     </message>
     <message>
         <source>Nothing of the file %1 could be read. Saving empties it.</source>
@@ -1489,10 +1477,6 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
         <translation>%1 non può stare nel file: nessun programma troverebbe un&apos;impostazione con questo nome.</translation>
     </message>
     <message>
-        <source>The value of %1 cannot be kept in XML: it may hold no &quot;&lt;&quot;, no &quot;&amp;&quot;, no quotation mark, no control character and no character that Western European languages lack.</source>
-        <translation>Il valore di %1 non può stare in un file XML: non può contenere &quot;&lt;&quot;, &quot;&amp;&quot;, virgolette, caratteri di controllo né caratteri estranei alle lingue dell&apos;Europa occidentale.</translation>
-    </message>
-    <message>
         <source>The value of %1 cannot be kept in the file: it may hold no semicolon, no quotation mark and no character that Western European languages lack.</source>
         <translation>Il valore di %1 non può stare nel file: non può contenere punti e virgola, virgolette né caratteri estranei alle lingue dell&apos;Europa occidentale.</translation>
     </message>
@@ -1527,6 +1511,306 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
     <message>
         <source>The file %1 could not hold this, and is not made:</source>
         <translation>Il file %1 non potrebbe contenere questo, e non viene creato:</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has no &quot;%2&quot;: its place on the paper stays empty.</source>
+        <translation>&quot;%1&quot; non ha &quot;%2&quot;: il suo posto sulla carta resta vuoto.</translation>
+    </message>
+    <message>
+        <source>Nothing declares &quot;&amp;%1;&quot;: nothing prints in its place. An &quot;&amp;&quot; is written &amp;amp;.</source>
+        <translation>Nulla dichiara &quot;&amp;%1;&quot;: al suo posto non viene stampato nulla. Una &quot;&amp;&quot; si scrive &amp;amp;.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; stands before &quot;method&quot;: it does not print.</source>
+        <translation>&quot;%1&quot; precede &quot;method&quot;: non viene stampato.</translation>
+    </message>
+    <message>
+        <source>A second &quot;method&quot;: the document is opened twice and closed once.</source>
+        <translation>Un secondo &quot;method&quot;: il documento viene aperto due volte e chiuso una.</translation>
+    </message>
+    <message>
+        <source>There is no settings file %1: the job is checked as it prints without one.</source>
+        <translation>Il file di impostazioni %1 non c&apos;è: il lavoro viene controllato così come viene stampato senza.</translation>
+    </message>
+    <message>
+        <source>%1 prints nothing, whatever the job says.</source>
+        <translation>%1 non stampa nulla, qualunque cosa dica il lavoro di stampa.</translation>
+    </message>
+    <message>
+        <source>The settings give the paper %1 characters, and the register has %2.</source>
+        <translation>Le impostazioni danno alla carta %1 caratteri, e il registratore ne ha %2.</translation>
+    </message>
+    <message>
+        <source>it stands around &quot;method&quot;</source>
+        <translation>racchiude &quot;method&quot;</translation>
+    </message>
+    <message>
+        <source>it stands before &quot;method&quot;</source>
+        <translation>precede &quot;method&quot;</translation>
+    </message>
+    <message>
+        <source>Nothing is printed.</source>
+        <translation>Non viene stampato nulla.</translation>
+    </message>
+    <message>
+        <source>Printed until here: %1 lines of the script; the document is not closed.</source>
+        <translation>Stampate fin qui %1 righe di comandi; il documento non viene chiuso.</translation>
+    </message>
+    <message>
+        <source>No print method reads an element &quot;%1&quot;: it does not print.</source>
+        <translation>Nessun metodo di stampa legge un elemento &quot;%1&quot;: non viene stampato.</translation>
+    </message>
+    <message>
+        <source>%1 does not read &quot;%2&quot;: it does not print. These read it: %3.</source>
+        <translation>%1 non legge &quot;%2&quot;: non viene stampato. Lo leggono: %3.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; stands twice in &quot;%2&quot;, which XML forbids: it prints twice here, and other programs reject the job.</source>
+        <translation>&quot;%1&quot; compare due volte in &quot;%2&quot;, cosa che l&apos;XML vieta: qui viene stampato due volte, e altri programmi rifiutano il lavoro.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; stands twice in &quot;%2&quot;: the second one does not print.</source>
+        <translation>&quot;%1&quot; compare due volte in &quot;%2&quot;: il secondo non viene stampato.</translation>
+    </message>
+    <message>
+        <source>No print method reads an attribute &quot;%1&quot; of &quot;%2&quot;: it does not print.</source>
+        <translation>Nessun metodo di stampa legge un attributo &quot;%1&quot; di &quot;%2&quot;: non viene stampato.</translation>
+    </message>
+    <message>
+        <source>%1 does not read &quot;%2&quot; of &quot;%3&quot;: it does not print. These read it: %4.</source>
+        <translation>%1 non legge &quot;%2&quot; di &quot;%3&quot;: non viene stampato. Lo leggono: %4.</translation>
+    </message>
+    <message>
+        <source>There is no print method &quot;%1&quot;: printing stops here.</source>
+        <translation>Non c&apos;è un metodo di stampa &quot;%1&quot;: la stampa si ferma qui.</translation>
+    </message>
+    <message>
+        <source>&quot;method&quot; has no &quot;name&quot;: printing stops here.</source>
+        <translation>&quot;method&quot; non ha &quot;name&quot;: la stampa si ferma qui.</translation>
+    </message>
+    <message>
+        <source>Number times price makes %1, and the row says %2.</source>
+        <translation>Quantità per prezzo fa %1, e la riga dice %2.</translation>
+    </message>
+    <message>
+        <source>Taxable and tax make %1, and the total says %2.</source>
+        <translation>Imponibile e imposta fanno %1, e il totale dice %2.</translation>
+    </message>
+    <message>
+        <source>The rate of the taxable makes a tax of %1, and the tax says %2.</source>
+        <translation>L&apos;aliquota sull&apos;imponibile dà un&apos;imposta di %1, e l&apos;imposta dice %2.</translation>
+    </message>
+    <message>
+        <source>The payments make %1, and the total says %2.</source>
+        <translation>I pagamenti fanno %1, e il totale dice %2.</translation>
+    </message>
+    <message>
+        <source>The cancelled documents are %1, and the number says %2.</source>
+        <translation>I documenti annullati sono %1, e il numero dice %2.</translation>
+    </message>
+    <message>
+        <source>The rows add up to %1, and the total says %2.</source>
+        <translation>La somma delle righe è %1, e il totale dice %2.</translation>
+    </message>
+    <message>
+        <source>%1 is not paid, and the total is %2 only.</source>
+        <translation>Risulta non pagato %1, e il totale è solo %2.</translation>
+    </message>
+    <message>
+        <source>The apostrophe ends the register&apos;s text early, and the command becomes: %1</source>
+        <translation>L&apos;apostrofo chiude in anticipo il testo per il registratore, e il comando diventa: %1</translation>
+    </message>
+    <message>
+        <source>In a line there must be no %1: it breaks the command.</source>
+        <translation>In una riga questo carattere non deve esserci (%1): spezza il comando.</translation>
+    </message>
+    <message>
+        <source>The script cannot hold the %1: &quot;?&quot; prints in its place.</source>
+        <translation>I comandi del registratore non possono contenere questo carattere (%1): al suo posto viene stampato &quot;?&quot;.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; would print.</source>
+        <translation>Verrebbe stampato &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>TOTALE prints as SOMMA: the register keeps the word for itself.</source>
+        <translation>TOTALE viene stampato come SOMMA: il registratore tiene quella parola per sé.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is cut to &quot;%2&quot;.</source>
+        <translation>&quot;%1&quot; viene tagliato a &quot;%2&quot;.</translation>
+    </message>
+    <message>
+        <source>The line has %1 characters, and the paper %2. It is always so long.</source>
+        <translation>La riga ha %1 caratteri, e la carta %2. È sempre così lunga.</translation>
+    </message>
+    <message>
+        <source>The line has %1 characters, and the paper %2: make the text shorter, or the columns narrower.</source>
+        <translation>La riga ha %1 caratteri, e la carta %2: accorciare il testo o stringere le colonne.</translation>
+    </message>
+    <message>
+        <source>A dish whose name begins with &quot;=&quot; does not print here, nor does its price.</source>
+        <translation>Un piatto il cui nome comincia con &quot;=&quot; qui non viene stampato, e nemmeno il suo prezzo.</translation>
+    </message>
+    <message>
+        <source>The payments of &quot;total&quot; reach no command: the register closes the receipt by itself.</source>
+        <translation>I pagamenti di &quot;total&quot; non arrivano in nessun comando: il registratore chiude lo scontrino da sé.</translation>
+    </message>
+    <message>
+        <source>The lines of &quot;%1&quot; do not print, the printer&apos;s name does: %2.</source>
+        <translation>Le righe di &quot;%1&quot; non vengono stampate, il nome della stampante sì: %2.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; does not print: %2.</source>
+        <translation>&quot;%1&quot; non viene stampato: %2.</translation>
+    </message>
+    <message>
+        <source>&quot;%2&quot; of &quot;%1&quot; is empty: so is its place on the paper.</source>
+        <translation>&quot;%2&quot; di &quot;%1&quot; è vuoto: lo è anche il suo posto sulla carta.</translation>
+    </message>
+    <message>
+        <source>The last row of &quot;%1&quot; has %2 of %3 attributes: the rest of it stays empty.</source>
+        <translation>L&apos;ultima riga di &quot;%1&quot; ha %2 attributi su %3: il resto della riga rimane vuoto.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no date: it prints as it is.</source>
+        <translation>&quot;%1&quot; non è una data: viene stampato così com&apos;è.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number with a point: the variant prints with a wrong sign or with the text.</source>
+        <translation>&quot;%1&quot; non è un numero con il punto: la variante viene stampata con un segno sbagliato o con il testo.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number with a point: the register may take it for another field.</source>
+        <translation>&quot;%1&quot; non è un numero con il punto: il registratore può prenderlo per un altro campo.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no price: the register gets it as it is and may refuse the sale.</source>
+        <translation>&quot;%1&quot; non è un prezzo: il registratore lo riceve così com&apos;è e può rifiutare la vendita.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number: it prints as it is, with &quot;%&quot; behind it.</source>
+        <translation>&quot;%1&quot; non è un numero: viene stampato così com&apos;è, seguito da &quot;%&quot;.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number: it prints as it is.</source>
+        <translation>&quot;%1&quot; non è un numero: viene stampato così com&apos;è.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no price: the discount becomes a sale. Write a sign, digits and one comma or point.</source>
+        <translation>&quot;%1&quot; non è un prezzo: lo sconto diventa una vendita. Scrivere un segno, cifre e una sola virgola o un solo punto.</translation>
+    </message>
+    <message>
+        <source>The address ends with its first empty field: &quot;%1&quot; does not print.</source>
+        <translation>L&apos;indirizzo finisce al primo campo vuoto: &quot;%1&quot; non viene stampato.</translation>
+    </message>
+    <message>
+        <source>a dish whose name begins with &quot;=&quot;</source>
+        <translation>un piatto il cui nome comincia con &quot;=&quot;</translation>
+    </message>
+    <message>
+        <source>the register closes the receipt by itself</source>
+        <translation>il registratore chiude lo scontrino da sé</translation>
+    </message>
+    <message>
+        <source>it is only kept for the next &quot;headers&quot;</source>
+        <translation>viene solo tenuto per il prossimo &quot;headers&quot;</translation>
+    </message>
+    <message>
+        <source>the top margin is 0</source>
+        <translation>il margine superiore è 0</translation>
+    </message>
+    <message>
+        <source>the register has no command for it</source>
+        <translation>il registratore non ha un comando per questo</translation>
+    </message>
+    <message>
+        <source>no print method reads it</source>
+        <translation>nessun metodo di stampa lo legge</translation>
+    </message>
+    <message>
+        <source>%1 prints nothing</source>
+        <translation>%1 non stampa nulla</translation>
+    </message>
+    <message>
+        <source>%1 does not read it</source>
+        <translation>%1 non lo legge</translation>
+    </message>
+    <message>
+        <source>%1 is not set to true</source>
+        <translation>%1 non è impostato a true</translation>
+    </message>
+    <message>
+        <source>%1 is &quot;%2&quot; in %3:%4</source>
+        <translation>%1 è &quot;%2&quot; in %3:%4</translation>
+    </message>
+    <message>
+        <source>The XML declaration is not as it must be, such as &lt;?xml version=&quot;1.0&quot; encoding=&quot;UTF-8&quot;?&gt;.</source>
+        <translation>La dichiarazione XML non è corretta. Una giusta è &lt;?xml version=&quot;1.0&quot; encoding=&quot;UTF-8&quot;?&gt;.</translation>
+    </message>
+    <message>
+        <source>The document type declaration is not as it must be.</source>
+        <translation>La dichiarazione del tipo di documento non è corretta.</translation>
+    </message>
+    <message>
+        <source>The reference that begins with &quot;&amp;&quot; is not as it must be.</source>
+        <translation>Il riferimento che comincia con &quot;&amp;&quot; non è corretto.</translation>
+    </message>
+    <message>
+        <source>The file ends in the middle: something is still open.</source>
+        <translation>Il file finisce a metà: qualcosa è ancora aperto.</translation>
+    </message>
+    <message>
+        <source>The end tag does not belong to the element that is open.</source>
+        <translation>Il tag di chiusura non è quello dell&apos;elemento aperto.</translation>
+    </message>
+    <message>
+        <source>The tag is not as it must be: names, &quot;=&quot; and values in quotes.</source>
+        <translation>Il tag non è corretto: servono nomi, &quot;=&quot; e valori tra virgolette.</translation>
+    </message>
+    <message>
+        <source>The character must not stand here. Values stand in quotes; inside them &quot;&lt;&quot; is written &amp;lt;, a quote &amp;quot; or &amp;apos;.</source>
+        <translation>Questo carattere qui non può stare. I valori stanno tra virgolette; al loro interno &quot;&lt;&quot; si scrive &amp;lt;, le virgolette &amp;quot; o &amp;apos;.</translation>
+    </message>
+    <message>
+        <source>A name is due here. An &quot;&amp;&quot; is written &amp;amp; and a &quot;&lt;&quot; is written &amp;lt;.</source>
+        <translation>Qui serve un nome. Una &quot;&amp;&quot; si scrive &amp;amp; e un &quot;&lt;&quot; si scrive &amp;lt;.</translation>
+    </message>
+    <message>
+        <source>The comment is not as it must be: there is no &quot;--&quot; inside one.</source>
+        <translation>Il commento non è corretto: al suo interno non può esserci &quot;--&quot;.</translation>
+    </message>
+    <message>
+        <source>This must not stand here.</source>
+        <translation>Questo qui non può stare.</translation>
+    </message>
+    <message>
+        <source>Elements stand more than 1,000 deep in each other.</source>
+        <translation>Gli elementi sono annidati per più di 1.000 livelli.</translation>
+    </message>
+    <message>
+        <source>The document type declaration is longer than the print program reads.</source>
+        <translation>La dichiarazione del tipo di documento è più lunga di quanto il programma di stampa legge.</translation>
+    </message>
+    <message>
+        <source>The entity stands for more than 1,000 characters, or for one that is declared later or never.</source>
+        <translation>L&apos;entità sta per più di 1.000 caratteri, o per un&apos;altra che è dichiarata dopo o mai.</translation>
+    </message>
+    <message>
+        <source>The job declares entities and has more &quot;&amp;&quot; than the print program reads.</source>
+        <translation>Il lavoro dichiara entità e ha più &quot;&amp;&quot; di quante il programma di stampa ne legge.</translation>
+    </message>
+    <message>
+        <source>The XML is not as it must be (%1).</source>
+        <translation>L&apos;XML non è corretto (%1).</translation>
+    </message>
+    <message>
+        <source>In this file:</source>
+        <translation>In questo file:</translation>
+    </message>
+    <message>
+        <source>The value of %1 cannot be kept in XML: it may hold no &quot;&lt;&quot;, no &quot;&amp;&quot;, no quotation mark and no character that Western European languages lack.</source>
+        <translation>Il valore di %1 non può stare in un file XML: non può contenere &quot;&lt;&quot;, &quot;&amp;&quot;, virgolette né caratteri estranei alle lingue dell&apos;Europa occidentale.</translation>
     </message>
 </context>
 </TS>
