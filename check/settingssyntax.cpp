@@ -3,6 +3,7 @@
 #include "check/placedsettings.h"
 #include "check/settingnames.h"
 #include "toolkit/literals.h"
+#include "vocabulary/settings.h"
 
 #include <QObject>
 #include <QRegularExpression>
@@ -85,6 +86,22 @@ QString lastWord(const QString& text)
     return text.mid(text.lastIndexOf(other) + 1);
 }
 
+/// @p text without what may be a secret: a report is shown to others.
+QString withoutSecrets(QString text)
+{
+    static const QRegularExpression secrets = [] {
+        QStringList keys;
+        for (const vocabulary::SettingGroup& group : vocabulary::settingGroups()) {
+            for (const vocabulary::Setting& setting : group.settings) {
+                if (setting.kind == vocabulary::SettingKind::Secret)
+                    keys += setting.key;
+            }
+        }
+        return QRegularExpression("\\b("_L1 + keys.join(QLatin1Char('|')) + ")\\b[^;]+"_L1);
+    }();
+    return text.replace(secrets, QStringLiteral("\\1 ***"));
+}
+
 /// What is to be said of the slips of one settings file.
 class SyntaxCheck {
 public:
@@ -141,7 +158,8 @@ private:
                 return;
             }
         }
-        findings += finding(Code::SkippedText, skipped.place, reasonText(skipped.reason).arg(excerpt(skipped.text)));
+        findings += finding(Code::SkippedText, skipped.place,
+                            reasonText(skipped.reason).arg(excerpt(withoutSecrets(skipped.text))));
     }
 
     void afterBrace(const PlacedSettings::Skipped& skipped, const QString& name)

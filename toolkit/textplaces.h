@@ -28,8 +28,8 @@ TextPlace after(TextPlace place, QChar character);
 /// The place behind @p text.
 TextPlace after(TextPlace place, const QString& text);
 
-/// Works out lines and columns of bytes. Lines end at LF. A column counts every byte that does not continue a UTF-8
-/// sequence, a tab too; a byte-order mark counts none.
+/// Works out lines and columns of bytes. Lines end at LF. A column counts a character, a tab too: a sequence of UTF-8,
+/// or a byte that is part of none, as in ISO-8859-1; a byte-order mark counts none.
 ///
 /// Fast for places that are asked for in the order of the text: each byte is looked at once then.
 class TextPlaces {
@@ -45,6 +45,7 @@ private:
     const QByteArray bytes;
     qint64 reached = 0;
     TextPlace place; ///< of the byte that was reached
+    int continuing = 0; ///< bytes that still belong to the character before it
 };
 
 } // namespace toolkit

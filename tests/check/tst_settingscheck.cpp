@@ -118,6 +118,8 @@ void TestSettingsCheck::syntax_data()
         "zelmora: { doc: { style = ", {"1:26 missing-semicolon"});
     row("characters outside the basic plane before the missing semicolon",
         receipt("style = \"\xF0\x9F\x8D\x95\" printDate = true;"), {"1:36 missing-semicolon"});
+    row("signs of ISO-8859-1 before the missing semicolon", receipt("style = \"\xB0\xE8\xA7\" printDate = true;"),
+        {"1:38 missing-semicolon"});
     row("a value of several lines is a value", receipt("style = \"a\nb\n c d\";"), {});
     row("a value in quotes may look like settings", receipt("style = \"a\nb = c\n}\";"), {});
     row("a value with an equals sign on its line", receipt("style = a = b;"), {});
@@ -426,6 +428,8 @@ void TestSettingsCheck::texts_data()
          "A semicolon is missing here: the value goes on over \"printDate\", which is not found.");
     says("the group that is swallowed", "zelmora: { doc: { style = a; } fiscaldoc: { style = b; }; };",
          "A semicolon is missing here: what follows is skipped up to the next one, and \"fiscaldoc\" is not found.");
+    says("no password", "zelmora: { db: { dbname = a; password \"a b\"; username x; }; };",
+         "The text is no setting and no group, and is skipped: password ***; username x;");
     says("the group that is cut off", "zelmora: { doc: { style = a; ",
          "\"};\" is missing here: the file ends inside the group \"doc\". Is it cut off?");
     says("where a misplaced setting belongs", "zelmora: { topMargin = 2; };",

@@ -13,6 +13,7 @@ private slots:
     void place_data();
     void place();
     void inAnyOrder();
+    void behindAText();
 };
 
 void TestTextPlaces::place_data()
@@ -41,7 +42,9 @@ void TestTextPlaces::place_data()
     row("a byte-order mark in the middle is none", "a\xEF\xBB\xBF-", 4, 1, 2);
     row("another character that begins like one", "\xEF\xBB\xBE-", 3, 1, 2);
     row("ISO-8859-1", "\xE8\xE0-", 2, 1, 3);
-    row("a byte that continues nothing", "\x80-", 1, 1, 1);
+    row("a byte that continues nothing", "\x80-", 1, 1, 2);
+    row("signs of ISO-8859-1 that continue nothing", "\xB0\xA7-", 2, 1, 3);
+    row("a sequence of UTF-8 that breaks off", "\xF0\x9F\x8D-", 3, 1, 4);
     row("a NUL is a column", QByteArray("\0\0-", 3), 2, 1, 3);
     row("past the end", "ab\nc", 100, 2, 2);
 }
@@ -62,6 +65,14 @@ void TestTextPlaces::inAnyOrder()
     QVERIFY((places.at(7) == TextPlace {3, 2}));
     QVERIFY((places.at(1) == TextPlace {1, 2}));
     QVERIFY((places.at(4) == TextPlace {2, 2}));
+}
+
+void TestTextPlaces::behindAText()
+{
+    const TextPlace begin {3, 4};
+    QVERIFY(after(begin, QString()) == begin);
+    QVERIFY(after(begin, QString("ab")) == (TextPlace {3, 6}));
+    QVERIFY(after(begin, QString("ab\nc\u00E8\U0001F355\uFEFF")) == (TextPlace {4, 4}));
 }
 
 QTEST_GUILESS_MAIN(TestTextPlaces)
