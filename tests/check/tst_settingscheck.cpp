@@ -217,6 +217,8 @@ void TestSettingsCheck::names_data()
         {"1:25 lossy-character"});
     row("an accent in a value", receipt("style = caff\xC3\xA8;"), {});
     row("an accent in a value, in ISO-8859-1", receipt("style = caff\xE8;"), {});
+    row("the first character beyond Latin-1", receipt("style = \xC4\x80;"), {"1:25 lossy-character"});
+    row("the last character of Latin-1", receipt("style = \xC3\xBF;"), {});
     row("a Cyrillic letter in a key", receipt("p\xD0\xB0perWidth = 30;"), {"1:25 lossy-character", "1:25 unknown-key"});
     row("a Cyrillic letter in the name of a group",
         "zelmora: { d\xD0\xBE"
