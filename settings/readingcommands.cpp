@@ -1,5 +1,7 @@
 // Commands that leave the file as it is.
 
+#include "check/settingscheck.h"
+#include "config/settingsscan.h"
 #include "settings/commands.h"
 #include "settings/settingsfile.h"
 #include "settings/settingslist.h"
@@ -67,13 +69,6 @@ check::Finding finding(check::Code code, const QString& text)
     return {code, check::entry(code).severity, {}, text};
 }
 
-check::Findings findingsOn(const QByteArray& bytes, const QString& path)
-{
-    Q_UNUSED(bytes)
-    Q_UNUSED(path)
-    return {};
-}
-
 } // namespace
 
 Status checkFile(const Call& call)
@@ -88,7 +83,7 @@ Status checkFile(const Call& call)
                    {finding(check::Code::SettingsMissing,
                             QObject::tr(check::entry(check::Code::SettingsMissing).explanation))});
     else if (reason.isEmpty())
-        report.add(path, findingsOn(bytes, path));
+        report.add(path, check::checkSettings(bytes, libconfig::settingsFormat(path), path));
     else
         report.add(path, {finding(check::Code::Unreadable, QObject::tr("The file cannot be read: %1").arg(reason))});
     report.finish();

@@ -34,6 +34,11 @@ private slots:
     void effectiveSettingsOfAMethod();
     void effectiveAsJson();
 
+    void checks_data();
+    void checks();
+    void checksAsJson();
+    void checkCannotRead_data();
+    void checkCannotRead();
     void fileThatCannotBeRead_data();
     void fileThatCannotBeRead();
     void ownFileIsMissing_data();
@@ -77,7 +82,8 @@ void TestConfigProgram::wrongCall_data()
     row("a form that there is not", "--format xml list", "\"xml\" is no format");
     row("a code that there is not", "--exclude nothing check", "\"nothing\" is no code");
     row("an option of another command", "list --force", "The command \"list\" has no option --force.");
-    row("another option of another command", "get --format json zelmora.a", "The command \"get\" has no option --format.");
+    row("another option of another command", "get --format json zelmora.a",
+        "The command \"get\" has no option --format.");
     row("a file for a conversion", "--file a.conf convert b.conf b.xml",
         "The command \"convert\" has no option --file.");
     row("too much to check", "check a.conf", "The call is: zelmora-config [options] check\n");
@@ -91,7 +97,8 @@ void TestConfigProgram::wrongCall_data()
     row("a name for a new file that is no option", "new a.conf", "The call is: zelmora-config [options] new\n");
     row("one file to convert", "convert a.conf", "The call is: zelmora-config [options] convert FROM TO\n");
     row("a group that there is not", "list recieptdoc", "There is no group \"recieptdoc\". Is \"receiptdoc\" meant?");
-    row("a group that is like none", "list printers", "There is no group \"printers\". There are: language, logger, db,");
+    row("a group that is like none", "list printers",
+        "There is no group \"printers\". There are: language, logger, db,");
     row("an empty group", "list --quiet=", "quiet");
     row("a method that there is not", "effective printfullorder",
         "There is no print method \"printfullorder\". Is \"printFullOrder\" meant?");
@@ -125,8 +132,9 @@ void TestConfigProgram::help()
     QFETCH(QStringList, arguments);
     ConfigRun run;
     QCOMPARE(run.ownStatusOf(arguments), 0);
-    for (const char* text : {"check ", "list [GROUP]", "effective METHOD", "get KEY", "set KEY VALUE", "unset KEY", "new ",
-                             "convert FROM TO", "--file", "--format", "--show-secrets", "--force", "exit status"})
+    for (const char* text :
+         {"check ", "list [GROUP]", "effective METHOD", "get KEY", "set KEY VALUE", "unset KEY", "new ",
+          "convert FROM TO", "--file", "--format", "--show-secrets", "--force", "exit status"})
         QVERIFY2(run.standardOutput.contains(text), text);
     QCOMPARE(run.standardError, QByteArray());
 }
@@ -184,8 +192,8 @@ void TestConfigProgram::gets_data()
                               << QByteArray("cat\n");
     QTest::newRow("in its 8-bit form") << QByteArray("zelmora: { a = \xE2\x82\xAC; };") << "zelmora.a"
                                        << QByteArray("?\n");
-    QTest::newRow("of a repeated setting the later") << QByteArray("zelmora: { a = 1; a = 2; };") << "zelmora.a"
-                                                     << QByteArray("2\n");
+    QTest::newRow("of a repeated setting the later")
+        << QByteArray("zelmora: { a = 1; a = 2; };") << "zelmora.a" << QByteArray("2\n");
     QTest::newRow("of an empty file") << QByteArray() << "zelmora.a" << QByteArray();
 }
 
@@ -218,7 +226,8 @@ void TestConfigProgram::lists_data()
                       "zelmora.logger.basedir   (the root folder)    default\n"
                       "zelmora.logger.filename  (nothing is logged)  default\n"
                       "zelmora.logger.type      APPEND               FILE:1\n");
-    const QByteArray secret = "zelmora: { bin: { path = /bin; };\n db: { dbname = z; username = t;\npassword = cat; hostname = h; }; };";
+    const QByteArray secret =
+        "zelmora: { bin: { path = /bin; };\n db: { dbname = z; username = t;\npassword = cat; hostname = h; }; };";
     QTest::newRow("a secret is hidden") << secret << QStringList {"list", "db"}
                                         << QByteArray("zelmora.db.dbname    z    FILE:2\n"
                                                       "zelmora.db.username  t    FILE:2\n"
@@ -229,15 +238,15 @@ void TestConfigProgram::lists_data()
                                                                             "zelmora.db.username  t    FILE:2\n"
                                                                             "zelmora.db.password  cat  FILE:3\n"
                                                                             "zelmora.db.hostname  h    FILE:3\n");
-    QTest::newRow("a value of two lines stands in one") << QByteArray("zelmora: { bin: { path = a\nb; }; };")
-                                                        << QStringList {"list", "bin"}
-                                                        << QByteArray("zelmora.bin.path  a b  FILE:1\n");
-    QTest::newRow("an empty value is absent") << QByteArray("zelmora: { bin: { path = ; }; };")
-                                              << QStringList {"list", "bin"}
-                                              << QByteArray("zelmora.bin.path  (the root folder)  default\n");
-    QTest::newRow("nothing of another first group") << QByteArray("zelmore: { bin: { path = /; }; };")
-                                                    << QStringList {"list", "bin"}
-                                                    << QByteArray("zelmora.bin.path  (the root folder)  default\n");
+    QTest::newRow("a value of two lines stands in one")
+        << QByteArray("zelmora: { bin: { path = a\nb; }; };") << QStringList {"list", "bin"}
+        << QByteArray("zelmora.bin.path  a b  FILE:1\n");
+    QTest::newRow("an empty value is absent")
+        << QByteArray("zelmora: { bin: { path = ; }; };") << QStringList {"list", "bin"}
+        << QByteArray("zelmora.bin.path  (the root folder)  default\n");
+    QTest::newRow("nothing of another first group")
+        << QByteArray("zelmore: { bin: { path = /; }; };") << QStringList {"list", "bin"}
+        << QByteArray("zelmora.bin.path  (the root folder)  default\n");
 }
 
 void TestConfigProgram::lists()
@@ -281,10 +290,30 @@ void TestConfigProgram::listsAsJson()
     QCOMPARE(run.statusOf({"list", "--format", "json", "logger"}), 0);
     const QJsonValue null;
     const QJsonArray expected {
-        QJsonObject {{"key", "zelmora.logger.level"}, {"value", "è"}, {"default", "DEBUG"}, {"source", "file"}, {"file", run.file()}, {"line", 1}},
-        QJsonObject {{"key", "zelmora.logger.basedir"}, {"value", "/log"}, {"default", null}, {"source", "file"}, {"file", run.file()}, {"line", 2}},
-        QJsonObject {{"key", "zelmora.logger.filename"}, {"value", null}, {"default", null}, {"source", "default"}, {"file", null}, {"line", null}},
-        QJsonObject {{"key", "zelmora.logger.type"}, {"value", null}, {"default", null}, {"source", "default"}, {"file", null}, {"line", null}},
+        QJsonObject {{"key", "zelmora.logger.level"},
+                     {"value", "è"},
+                     {"default", "DEBUG"},
+                     {"source", "file"},
+                     {"file", run.file()},
+                     {"line", 1}},
+        QJsonObject {{"key", "zelmora.logger.basedir"},
+                     {"value", "/log"},
+                     {"default", null},
+                     {"source", "file"},
+                     {"file", run.file()},
+                     {"line", 2}},
+        QJsonObject {{"key", "zelmora.logger.filename"},
+                     {"value", null},
+                     {"default", null},
+                     {"source", "default"},
+                     {"file", null},
+                     {"line", null}},
+        QJsonObject {{"key", "zelmora.logger.type"},
+                     {"value", null},
+                     {"default", null},
+                     {"source", "default"},
+                     {"file", null},
+                     {"line", null}},
     };
     QCOMPARE(arrayIn(run.standardOutput), expected);
     QCOMPARE(run.statusOf({"list", "--format=json", "db"}), 0);
@@ -350,11 +379,11 @@ void TestConfigProgram::effectiveSettingsOfAMethod_data()
     const QByteArray columns = "quantityFieldWidth priceFieldWidth totalPriceFieldWidth ";
     QTest::newRow("an order") << "printPartialOrder"
                               << "quantityFieldWidth " + sections + customer + order + customerToo + rest;
-    QTest::newRow("a receipt") << "printFullOrderReceipt"
-                               << columns + sections + customer + order + customerToo + rest;
-    QTest::newRow("a summary receipt, which has no customer") << "printAbstractOrderReceipt"
-                                                              << columns + sections + order + rest;
-    QTest::newRow("a statement of account") << "printStatementOfAccount" << "priceFieldWidth " + sections + order + rest;
+    QTest::newRow("a receipt") << "printFullOrderReceipt" << columns + sections + customer + order + customerToo + rest;
+    QTest::newRow("a summary receipt, which has no customer")
+        << "printAbstractOrderReceipt" << columns + sections + order + rest;
+    QTest::newRow("a statement of account") << "printStatementOfAccount"
+                                            << "priceFieldWidth " + sections + order + rest;
     QTest::newRow("a report") << "printReport" << sections + order + rest;
     QTest::newRow("a fiscal receipt") << "printFullOrderFiscal" << QByteArray("descriptionWidth");
 }
@@ -388,6 +417,98 @@ void TestConfigProgram::effectiveAsJson()
     QCOMPARE(run.standardOutput, QByteArray("[]\n"));
     QCOMPARE(run.statusOf({"effective", "printAbstractOrder"}), 0);
     QCOMPARE(run.standardOutput, QByteArray("No setting changes what a document of this method prints.\n"));
+}
+
+void TestConfigProgram::checks_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QByteArray>("settings");
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QByteArrayList>("findings"); // the place, the severity and the code of each
+    const auto row = [](const char* name, const char* file, const QByteArray& settings, const char* options, int status,
+                        const QByteArrayList& findings) {
+        QTest::newRow(name) << file << settings << QString(options).split(' ', Qt::SkipEmptyParts) << status
+                            << findings;
+    };
+
+    const QByteArray slip = "zelmora:\n{\n  receiptdoc:\n  {\n    papperWidth = 40;\n  };\n  doc: { };\n};\n";
+    row("nothing to find", "a.conf", "zelmora: { bin: { path = /bin; }; };", "", 0, {});
+    row("a warning and a note", "a.conf", slip, "", 0, {"5:5 warning unknown-key", "7:3 note empty-group"});
+    row("without notes", "a.conf", slip, "--quiet", 0, {"5:5 warning unknown-key"});
+    row("without a code", "a.conf", slip, "--exclude unknown-key", 0, {"7:3 note empty-group"});
+    row("a warning that counts", "a.conf", slip, "--strict", 1, {"5:5 warning unknown-key", "7:3 note empty-group"});
+    row("a warning that is left out does not count", "a.conf", slip, "--strict --exclude unknown-key,empty-group", 0,
+        {});
+    row("an error", "a.conf", "zelmore: { bin: { path = /bin; }; };", "", 1, {"1:1 error wrong-top-group"});
+    row("XML that breaks off", "a.xml", "<zelmora>", "", 1, {"1:10 error unreadable"});
+}
+
+void TestConfigProgram::checks()
+{
+    QFETCH(QString, file);
+    QFETCH(QByteArray, settings);
+    QFETCH(QStringList, options);
+    ConfigRun run;
+    setPermissions(run.writeFile(file.toUtf8().constData(), settings), 0600);
+    QTEST(run.ownStatusOf(QStringList {"--file", file, "check"} + options), "status");
+    QCOMPARE(run.standardError, QByteArray());
+    QByteArrayList findings;
+    for (const QString& line : QString::fromUtf8(run.standardOutput).split('\n', Qt::SkipEmptyParts)) {
+        const QRegularExpression form("\\A" + QRegularExpression::escape(file)
+                                      + ":(\\d+:\\d+): (\\w+): .+ \\[([a-z-]+)\\]\\z");
+        const QRegularExpressionMatch match = form.match(line);
+        findings += (match.captured(1) + ' ' + match.captured(2) + ' ' + match.captured(3)).toUtf8();
+    }
+    QTEST(findings, "findings");
+}
+
+void TestConfigProgram::checksAsJson()
+{
+    ConfigRun run;
+    run.setContents("zelmora: { bin: { Path = /bin; }; };");
+    QCOMPARE(run.statusOf({"check", "--format", "json"}), 0);
+    const QJsonArray findings = arrayIn(run.standardOutput);
+    QCOMPARE(findings.size(), 1);
+    const QJsonObject finding = findings.first().toObject();
+    QCOMPARE(finding.value("file"), QJsonValue(run.file()));
+    QCOMPARE(finding.value("line"), QJsonValue(1));
+    QCOMPARE(finding.value("column"), QJsonValue(19));
+    QCOMPARE(finding.value("code"), QJsonValue("unknown-key"));
+    QCOMPARE(finding.value("suggestion"), QJsonValue("path"));
+    run.setContents("zelmora: { bin: { path = /bin; }; };");
+    QCOMPARE(run.statusOf({"check", "--format", "json"}), 0);
+    QCOMPARE(run.standardOutput, QByteArray("[]\n"));
+}
+
+void TestConfigProgram::checkCannotRead_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QByteArray>("output"); // OWN: the user's own file
+
+    QTest::newRow("the user's own file is missing")
+        << QStringList() << 0
+        << QByteArray(
+               "OWN:1:1: note: There is no settings file: what holds without one is taken. [settings-missing]\n");
+    QTest::newRow("a missing file that is named")
+        << QStringList {"--file", "b.conf"} << 2
+        << QByteArray("b.conf:1:1: error: The file cannot be read: No such file or directory [unreadable]\n");
+    QTest::newRow("a folder") << QStringList {"--file", "home"} << 2
+                              << QByteArray(
+                                     "home:1:1: error: The file cannot be read: it is not a file [unreadable]\n");
+    QTest::newRow("what is not shown counts all the same")
+        << QStringList {"--file", "home", "--exclude", "unreadable"} << 2 << QByteArray();
+}
+
+void TestConfigProgram::checkCannotRead()
+{
+    QFETCH(QStringList, options);
+    QFETCH(QByteArray, output);
+    ConfigRun run;
+    QTEST(run.ownStatusOf(options + QStringList {"check"}), "status");
+    QCOMPARE(run.standardOutput, output.replace("OWN", run.ownFile().toUtf8()));
+    QCOMPARE(run.standardError, QByteArray());
 }
 
 void TestConfigProgram::fileThatCannotBeRead_data()

@@ -52,10 +52,7 @@ public:
         waitForFinished();
     }
 
-    int status()
-    {
-        return waitForFinished(30000) && exitStatus() == NormalExit ? exitCode() : -1;
-    }
+    int status() { return waitForFinished(30000) && exitStatus() == NormalExit ? exitCode() : -1; }
 };
 
 /// One at a terminal.
@@ -82,10 +79,10 @@ public:
     }
 
     /// Whether that comes to stand on the terminal.
-    bool shows(const QByteArray& text)
+    bool shows(const QByteArray& text, int patience = 20000)
     {
         pollfd event {terminal, POLLIN, 0};
-        while (!shown.contains(text) && poll(&event, 1, 20000) == 1) {
+        while (!shown.contains(text) && poll(&event, 1, patience) == 1) {
             char bytes[1000];
             const ssize_t size = ::read(terminal, bytes, sizeof bytes);
             if (size <= 0)
@@ -162,7 +159,8 @@ void TestConfigTerminal::asks()
     QCOMPARE(run.contents(), losing);
     program.type(answer);
     QCOMPARE(program.status(), isDone ? 0 : 1);
-    QCOMPARE(run.contents(), isDone ? "zelmora: \n{\n    bin: \n    {\n        path = \"/x\";\n    };\n\n};\n\n" : losing);
+    QCOMPARE(run.contents(),
+             isDone ? "zelmora: \n{\n    bin: \n    {\n        path = \"/x\";\n    };\n\n};\n\n" : losing);
     QCOMPARE(fileContents(run.path("a.conf~")), isDone ? losing : QByteArray());
 }
 
@@ -172,7 +170,7 @@ void TestConfigTerminal::doesNotAsk()
     run.setContents(losing);
     AtATerminal forced(run, {"--file", run.file(), "--force", "unset", "zelmora.bin.path"});
     QCOMPARE(forced.status(), 0);
-    QVERIFY(!forced.shows("(y/N)"));
+    QVERIFY(!forced.shows("(y/N)", 100));
     QVERIFY(forced.shown.contains("more words"));
 
     AtATerminal lossless(run, {"--file", run.path("b.conf"), "set", "zelmora.bin.path", "/x"});
@@ -250,7 +248,8 @@ void TestConfigTerminal::manyAtOnce()
 {
     ConfigRun run;
     std::vector<std::unique_ptr<Child>> children;
-    const QStringList groups {"doc", "prefiscaldoc", "fiscaldoc", "receiptdoc", "invoicedoc", "deliverydoc", "reportdoc"};
+    const QStringList groups {"doc",        "prefiscaldoc", "fiscaldoc", "receiptdoc",
+                              "invoicedoc", "deliverydoc",  "reportdoc"};
     for (const QString& group : groups) {
         children.push_back(std::make_unique<Child>(run));
         children.back()->setArguments({"--file", run.file(), "set", "zelmora." + group + ".paperWidth", "40"});

@@ -55,10 +55,12 @@ private slots:
 
 namespace {
 
-const QByteArray braces = "zelmora: \n{\n    top = \"1\";\n    bin: \n    {\n        path = \"/bin\";\n    };\n\n    doc: \n    {\n"
-                          "        style = \"a\";\n        odd = \"b\";\n    };\n\n};\n\n";
-const QByteArray xml = "\n<zelmora\n    top = \"1\">\n\n    <bin\n        path = \"/bin\">\n    </bin>\n\n    <doc\n        "
-                       "style = \"a\"\n        odd = \"b\">\n    </doc>\n</zelmora>\n";
+const QByteArray braces =
+    "zelmora: \n{\n    top = \"1\";\n    bin: \n    {\n        path = \"/bin\";\n    };\n\n    doc: \n    {\n"
+    "        style = \"a\";\n        odd = \"b\";\n    };\n\n};\n\n";
+const QByteArray xml =
+    "\n<zelmora\n    top = \"1\">\n\n    <bin\n        path = \"/bin\">\n    </bin>\n\n    <doc\n        "
+    "style = \"a\"\n        odd = \"b\">\n    </doc>\n</zelmora>\n";
 
 } // namespace
 
@@ -71,7 +73,8 @@ void TestConfigWriting::setMakesTheFile_data()
     QTest::newRow("the user's own") << "" << inBraces;
     QTest::newRow("another one") << "a.conf" << inBraces;
     QTest::newRow("in folders that are not there") << "one/two/a.conf" << inBraces;
-    QTest::newRow("XML") << "a.xml" << QByteArray("\n<zelmora>\n\n    <bin\n        path = \"/opt\">\n    </bin>\n</zelmora>\n");
+    QTest::newRow("XML") << "a.xml"
+                         << QByteArray("\n<zelmora>\n\n    <bin\n        path = \"/opt\">\n    </bin>\n</zelmora>\n");
 }
 
 void TestConfigWriting::setMakesTheFile()
@@ -97,9 +100,10 @@ void TestConfigWriting::setChangesNothingElse_data()
     QTest::addColumn<QString>("key");
     QTest::addColumn<QByteArray>("after");
 
-    QTest::newRow("a value in the brace form") << "a.conf" << braces << "zelmora.bin.path"
-                                               << QByteArray(braces).replace("/bin", "/x y/è");
-    QTest::newRow("a value in XML") << "a.xml" << xml << "zelmora.bin.path" << QByteArray(xml).replace("\"/bin\"", "\"/x y/è\"");
+    QTest::newRow("a value in the brace form")
+        << "a.conf" << braces << "zelmora.bin.path" << QByteArray(braces).replace("/bin", "/x y/è");
+    QTest::newRow("a value in XML") << "a.xml" << xml << "zelmora.bin.path"
+                                    << QByteArray(xml).replace("\"/bin\"", "\"/x y/è\"");
     QTest::newRow("a new setting") << "a.conf" << braces << "zelmora.language.basedir"
                                    << QByteArray(braces).replace("};\n\n};\n\n",
                                                                  "};\n\n    language: \n    {\n        basedir = "
@@ -332,7 +336,8 @@ void TestConfigWriting::unsets()
     QCOMPARE(run.contents(), QByteArray(braces).replace("        odd = \"b\";\n", ""));
     QCOMPARE(permissionsOf(run.file()), mode_t(0644));
     QCOMPARE(run.statusOf({"unset", "zelmora.bin.path"}), 0);
-    QCOMPARE(run.contents(), QByteArray("zelmora: \n{\n    top = \"1\";\n    doc: \n    {\n        style = \"a\";\n    };\n\n};\n\n"));
+    QCOMPARE(run.contents(),
+             QByteArray("zelmora: \n{\n    top = \"1\";\n    doc: \n    {\n        style = \"a\";\n    };\n\n};\n\n"));
     QCOMPARE(filesIn(run.path(".")), (QStringList {"a.conf", "home"}));
 }
 
@@ -470,6 +475,8 @@ void TestConfigWriting::newFileIsComplete()
     QCOMPARE(contents.count(" = \""), settings);
     QCOMPARE(run.ownStatusOf({"--file", file, "get", "zelmora.receiptdoc.paperWidth"}), 0);
     QCOMPARE(run.standardOutput, QByteArray("32\n"));
+    QCOMPARE(run.ownStatusOf({"--file", file, "check", "--strict"}), 0);
+    QCOMPARE(run.standardOutput, QByteArray()); // not even a note
 }
 
 void TestConfigWriting::newFileIsTheUsersAlone()
@@ -535,11 +542,16 @@ void TestConfigWriting::convertsThereAndBack_data()
 
     const QByteArray odd = "zelmora: \n{\n    a = \" it's > 1 = 2: {}\nè \";\n};\n\n";
     const QByteArray oddXml = "\n<zelmora\n    a = \" it's > 1 = 2: {}\nè \">\n</zelmora>\n";
-    QTest::newRow("from braces to XML") << "a.conf" << "b.xml" << braces << xml;
-    QTest::newRow("from XML to braces") << "a.xml" << "b.conf" << xml << braces;
-    QTest::newRow("by the end of the name alone") << "a" << "b.XML" << braces << xml;
-    QTest::newRow("signs that both can hold") << "a.conf" << "b.xml" << odd << oddXml;
-    QTest::newRow("an empty file") << "a.conf" << "b.xml" << QByteArray() << QByteArray();
+    QTest::newRow("from braces to XML") << "a.conf"
+                                        << "b.xml" << braces << xml;
+    QTest::newRow("from XML to braces") << "a.xml"
+                                        << "b.conf" << xml << braces;
+    QTest::newRow("by the end of the name alone") << "a"
+                                                  << "b.XML" << braces << xml;
+    QTest::newRow("signs that both can hold") << "a.conf"
+                                              << "b.xml" << odd << oddXml;
+    QTest::newRow("an empty file") << "a.conf"
+                                   << "b.xml" << QByteArray() << QByteArray();
 }
 
 void TestConfigWriting::convertsThereAndBack()
@@ -579,7 +591,8 @@ void TestConfigWriting::convertRefuses_data()
         QTest::newRow(name) << from << to << QByteArray(contents) << QByteArray(message);
     };
 
-    row("a semicolon in a value", "a.xml", "b.conf", "<zelmora><bin path='a;b'/></zelmora>", "zelmora.bin.path = a;b\n");
+    row("a semicolon in a value", "a.xml", "b.conf", "<zelmora><bin path='a;b'/></zelmora>",
+        "zelmora.bin.path = a;b\n");
     row("a quotation mark in a value", "a.xml", "b.conf", "<zelmora a='x\"y'/>", "zelmora.a = x\"y\n");
     row("a secret with a semicolon", "a.xml", "b.conf", "<zelmora><db password='a;b'/></zelmora>",
         "zelmora.db.password = ***\n");
@@ -588,13 +601,15 @@ void TestConfigWriting::convertRefuses_data()
     row("an ampersand in a value", "a.conf", "b.xml", "zelmora: { a = x&y; b = 1; };", "zelmora.a = x&y\n");
     row("a name that is none in XML", "a.conf", "b.xml", "zelmora: { 1st: { a = 1; }; };", "1st\n");
     row("a setting outside every group", "a.conf", "b.xml", "a = 1; zelmora: { b = 1; };", "  a = 1\n");
-    row("a second group at top level", "a.conf", "b.xml", "zelmora: { b = 1; };\nother: { c = 1; };", "line 2: other\n");
+    row("a second group at top level", "a.conf", "b.xml", "zelmora: { b = 1; };\nother: { c = 1; };",
+        "line 2: other\n");
     row("a remark in XML", "a.xml", "b.conf", "<zelmora a='1'>\n<!-- mine --></zelmora>", "line 2: mine\n");
     row("the earlier value of a repeated setting", "a.conf", "b.xml", "zelmora: { b = 1; b = 2; };",
         "line 1: zelmora.b = 1\n");
     row("XML that is hidden by its beginning", "a.xml", "b.conf", "<?xml version='1.0'?><zelmora a='1'/>",
         "Nothing may stand before the first group of an XML file");
-    row("a text that is no settings file", "a.conf", "b.xml", "Dear guest: {we = you;}", "does not look like the settings");
+    row("a text that is no settings file", "a.conf", "b.xml", "Dear guest: {we = you;}",
+        "does not look like the settings");
 }
 
 void TestConfigWriting::convertRefuses()
@@ -626,10 +641,14 @@ void TestConfigWriting::convertCannotRead_data()
     QTest::addColumn<QString>("from");
     QTest::addColumn<QString>("to");
 
-    QTest::newRow("a file that is missing") << "missing.conf" << "b.xml";
-    QTest::newRow("XML that breaks off") << "broken.xml" << "b.conf";
-    QTest::newRow("a folder") << "home" << "b.xml";
-    QTest::newRow("into a folder that is missing") << "a.conf" << "missing/b.xml";
+    QTest::newRow("a file that is missing") << "missing.conf"
+                                            << "b.xml";
+    QTest::newRow("XML that breaks off") << "broken.xml"
+                                         << "b.conf";
+    QTest::newRow("a folder") << "home"
+                              << "b.xml";
+    QTest::newRow("into a folder that is missing") << "a.conf"
+                                                   << "missing/b.xml";
 }
 
 void TestConfigWriting::convertCannotRead()
