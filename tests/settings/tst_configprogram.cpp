@@ -1,6 +1,7 @@
 #include "settings/configrun.h"
 
 #include "support/ordinaryuser.h"
+#include "support/toolkitlibraries.h"
 #include "vocabulary/settings.h"
 
 #include <QJsonArray>
@@ -13,6 +14,7 @@ class TestConfigProgram : public QObject {
     Q_OBJECT
 
 private slots:
+    void loadsNoMoreThanItNeeds();
     void wrongCall_data();
     void wrongCall();
     void help_data();
@@ -62,6 +64,11 @@ QJsonArray arrayIn(const QByteArray& json)
 }
 
 } // namespace
+
+void TestConfigProgram::loadsNoMoreThanItNeeds()
+{
+    QCOMPARE(toolkitLibraries(ZELMORA_CONFIG_PROGRAM), QStringList({"libQt5Core", "libQt5Xml"}));
+}
 
 void TestConfigProgram::wrongCall_data()
 {
