@@ -13,9 +13,14 @@ QString pathOf(const Call& call)
     return call.file.isEmpty() ? ZMConfiguration::path() : toolkit::filePath(call.file);
 }
 
+void say(const QString& text)
+{
+    std::fprintf(stderr, "%s\n", toolkit::localeText(text).constData());
+}
+
 Status complain(Status status, const QString& reason)
 {
-    std::fprintf(stderr, "%s\n", toolkit::localeText(reason).constData());
+    say(reason);
     return status;
 }
 

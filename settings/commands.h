@@ -23,7 +23,9 @@ Status convertFile(const Call& call);
 /// The path of the settings file that @p call is about.
 QString pathOf(const Call& call);
 
-/// Writes @p reason in a line to standard error, and gives @p status back.
+/// Writes @p text and a line end to standard error.
+void say(const QString& text);
+/// The same with a reason, and gives @p status back.
 Status complain(Status status, const QString& reason);
 
 } // namespace settings

@@ -98,12 +98,12 @@ bool mayDrop(const QStringList& losses, const Call& call)
 {
     if (losses.isEmpty())
         return true;
-    complain(Refused, QObject::tr("Saving will drop from the file:") + "\n  "_L1 + losses.join("\n  "_L1));
+    say(QObject::tr("Saving will drop from the file:") + "\n  "_L1 + losses.join("\n  "_L1));
     if (call.isForced)
         return true;
     if (canAsk())
         return confirmed(QObject::tr("Save all the same?"));
-    complain(Refused, QObject::tr("Nothing was changed. With --force that is dropped."));
+    say(QObject::tr("Nothing was changed. With --force that is dropped."));
     return false;
 }
 
