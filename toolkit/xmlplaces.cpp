@@ -1,5 +1,7 @@
 #include "toolkit/xmlplaces.h"
 
+#include <algorithm>
+
 namespace toolkit {
 
 namespace {
@@ -13,12 +15,14 @@ bool isBlank(QChar character)
 
 TextPlace XmlPlaces::attribute(int index)
 {
+    catchUp();
     findAttributes();
     return attributePlaces.value(index, markup());
 }
 
 int XmlPlaces::attributesBegun()
 {
+    catchUp();
     findAttributes();
     return attributePlaces.size();
 }
@@ -62,21 +66,74 @@ void XmlPlaces::findAttribute(QChar character)
     }
 }
 
-void XmlPlaces::pass(QChar character)
+void XmlPlaces::beginChunk(const QString& text)
 {
-    const QLatin1Char begin('<');
-    const QLatin1Char end('>');
-    if (isEnding) {
-        isEnding = character != end;
-    } else if (isInsideMarkup() || character == begin) {
-        if (markupText.isEmpty())
-            markupPlace = here;
-        markupText += character;
-    } else if (!textBegan && !isBlank(character)) {
+    pass(chunk.size());
+    chunk = text;
+    passed = 0;
+    got = -1; // the toolkit's source asks itself once more where a chunk begins
+}
+
+void XmlPlaces::catchUp()
+{
+    pass(std::min(got - 1, chunk.size()));
+}
+
+/// Looks at the characters up to number @p end of the chunk.
+void XmlPlaces::pass(int end)
+{
+    while (passed < end) {
+        const int begin = passed;
+        if (isEnding) {
+            const int sign = chunk.indexOf(QLatin1Char('>'), begin);
+            isEnding = sign < 0 || sign >= end;
+            passed = isEnding ? end : sign + 1;
+        } else if (!markupText.isEmpty()) {
+            passed = end; // it is markup until it is delivered
+            markupText += QStringView(chunk).mid(begin, end - begin);
+        } else {
+            passed = passText(end);
+        }
+        for (int i = begin; i < passed; ++i)
+            here = after(here, chunk.at(i));
+    }
+}
+
+/// The same, up to the first character of a markup, or to the first of a text: its place is that of the next character
+/// then.
+int XmlPlaces::passText(int end)
+{
+    int next = passed;
+    while (next < end && (textBegan || isBlank(chunk.at(next))) && chunk.at(next) != QLatin1Char('<'))
+        ++next;
+    if (next > passed || next == end)
+        return next;
+    if (chunk.at(next) == QLatin1Char('<')) {
+        markupPlace = here;
+        markupText += chunk.at(next);
+    } else {
         textBegan = true;
         textPlace = here;
     }
-    here = after(here, character);
+    return next + 1;
+}
+
+bool XmlPlaces::isInsideMarkup()
+{
+    catchUp();
+    return !markupText.isEmpty();
+}
+
+TextPlace XmlPlaces::text()
+{
+    catchUp();
+    return textPlace;
+}
+
+TextPlace XmlPlaces::reached()
+{
+    catchUp();
+    return here;
 }
 
 void XmlPlaces::markupIsDelivered()
@@ -84,10 +141,16 @@ void XmlPlaces::markupIsDelivered()
     // Tags are delivered as soon as their end is seen, the rest when it has been passed.
     if (isInsideMarkup())
         isEnding = !markupText.endsWith(QLatin1Char('>'));
-    markupText.clear();
+    markupText.truncate(0); // which keeps its room
     attributePlaces.clear();
     searched = 0;
     tagPart = TagPart::ElementName;
+    textBegan = false;
+}
+
+void XmlPlaces::textIsDelivered()
+{
+    catchUp();
     textBegan = false;
 }
 

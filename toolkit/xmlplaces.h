@@ -14,30 +14,39 @@ class XmlPlaces {
 public:
     /// The "<" of the element, comment or instruction that is being delivered.
     /// Of what an entity brought, the reference to it.
-    TextPlace markup() const { return isInsideMarkup() ? markupPlace : textPlace; }
+    TextPlace markup() { return isInsideMarkup() ? markupPlace : textPlace; }
     /// The first letter of the name of attribute number @p index, from 0, of the element whose start is being
     /// delivered, counted as they stand in the file.
     TextPlace attribute(int index);
     /// The first character, white space apart, of the text that is being delivered.
-    TextPlace text() const { return textPlace; }
+    TextPlace text();
     /// Whether the reader is between a "<" and what ends it: a reference that is delivered then stands in an attribute.
-    bool isInsideMarkup() const { return !markupText.isEmpty(); }
+    bool isInsideMarkup();
     /// The character that the reader looks at; after an error, the one that it stumbled over.
-    TextPlace reached() const { return here; }
+    TextPlace reached();
     /// The attributes that have begun between that "<" and where the reader is: what it is inside of is the last one.
     int attributesBegun();
 
-    // For the reader.
+    // For the reader, which looks one character ahead: the one that it got last is not passed yet.
 
-    void pass(QChar character); ///< the reader has gone past @p character
+    void beginChunk(const QString& text); ///< the input goes on with @p text; all before it is passed
+    void advance() { ++got; } ///< the reader has got one character more, or was told that there is none
     void markupIsDelivered(); ///< what comes next begins anew
-    void textIsDelivered() { textBegan = false; }
+    void textIsDelivered();
 
 private:
     enum class TagPart { ElementName, Gap, AttributeName, Value };
 
+    void catchUp();
+    void pass(int end);
+    int passText(int end);
     void findAttributes();
     void findAttribute(QChar character);
+
+    // Characters are looked at when somebody asks: many at a time, since there are more of them than events.
+    QString chunk;
+    int got = 0; ///< characters of it that the reader has
+    int passed = 0; ///< those that were looked at
 
     TextPlace here; ///< of the next character
     TextPlace markupPlace;

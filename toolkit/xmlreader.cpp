@@ -9,8 +9,6 @@
 #include <QXmlInputSource>
 #include <QXmlSimpleReader>
 
-#include <utility>
-
 namespace toolkit {
 
 namespace {
@@ -203,7 +201,7 @@ private:
     int references = 0;
 };
 
-/// Says what the reader goes past. It looks one character ahead: the one that it got last is not passed yet.
+/// Says what the reader goes past.
 class PlacedSource : public BoundedSource {
 public:
     PlacedSource(QIODevice& device, ParseState& state, XmlPlaces& places)
@@ -214,23 +212,19 @@ public:
 
     QChar next() override
     {
-        const bool isNested = std::exchange(isInside, true); // the toolkit's calls this one where a chunk begins
         const QChar character = BoundedSource::next();
-        if (isNested)
-            return character;
-        isInside = false;
-        if (isCharacter(ahead))
-            places.pass(ahead);
-        ahead = character;
+        places.advance();
         return character;
     }
 
-private:
-    static bool isCharacter(QChar character) { return character != EndOfData && character != EndOfDocument; }
+    void fetchData() override
+    {
+        BoundedSource::fetchData();
+        places.beginChunk(data());
+    }
 
+private:
     XmlPlaces& places;
-    QChar ahead = EndOfDocument;
-    bool isInside = false;
 };
 
 } // namespace
