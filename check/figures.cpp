@@ -63,7 +63,8 @@ bool isNumber(Kind kind, const QString& text)
 
 std::optional<toolkit::Decimal> figure(Kind kind, const QString& text)
 {
-    if (!isNumber(kind, text))
+    const bool isPlain = kind == Kind::Amount || kind == Kind::Quantity; // which reading judges by itself
+    if (!isPlain && !isNumber(kind, text))
         return std::nullopt;
     return toolkit::Decimal::fromText(kind == Kind::Rate ? withoutPercentSign(text) : text);
 }

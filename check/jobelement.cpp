@@ -80,6 +80,17 @@ bool JobElement::isRepeated(int index) const
     return std::binary_search(repeated.begin(), repeated.end(), index);
 }
 
+const vocabulary::Attribute* JobElement::entryOf(QLatin1String attribute) const
+{
+    if (!entry)
+        return nullptr;
+    const auto& known = entry->attributes;
+    const auto found = std::find_if(known.begin(), known.end(), [&](const vocabulary::Attribute& candidate) {
+        return candidate.name == attribute;
+    });
+    return found == known.end() ? nullptr : found;
+}
+
 const vocabulary::Attribute* JobElement::entryOf(int index) const
 {
     if (!entry)
@@ -111,8 +122,7 @@ bool JobElement::isHiddenDish() const
 
 bool JobElement::isDiscount() const
 {
-    const vocabulary::Attribute* const price =
-        entry ? vocabulary::findAttribute(*entry, QStringLiteral("price")) : nullptr;
+    const vocabulary::Attribute* const price = entryOf("price"_L1);
     return price && price->kind == vocabulary::AttributeKind::FiscalPrice
         && toolkit::toNumber(value("price"_L1).replace(QLatin1Char(','), QLatin1Char('.'))) < 0.0;
 }

@@ -43,6 +43,8 @@ public:
     const vocabulary::Element* entry = nullptr;
     const PrintFlags* flags = nullptr; ///< of that method's document; not owned
 
+    /// As what an attribute of that name is read; null where its element's method does not read it.
+    const vocabulary::Attribute* entryOf(QLatin1String attribute) const;
     /// As what attribute number @p index is read; null where it is not.
     const vocabulary::Attribute* entryOf(int index) const;
     /// Whether the element's print flag, or that of one of its attributes, keeps it off the paper.

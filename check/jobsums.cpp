@@ -15,16 +15,11 @@ namespace {
 /// The figure of the attribute @p name; nothing where it is missing or none.
 std::optional<Decimal> figureOf(const JobElement& element, QLatin1String name)
 {
-    const vocabulary::Attribute* const entry = vocabulary::findAttribute(*element.entry, name);
+    const vocabulary::Attribute* const entry = element.entryOf(name);
     const int index = element.attributes().index(name);
     if (!entry || index < 0)
         return std::nullopt;
     return figure(entry->kind, element.attributes().value(index));
-}
-
-bool reads(const JobElement& element, QLatin1String name)
-{
-    return vocabulary::findAttribute(*element.entry, name) != nullptr;
 }
 
 /// A product may be rounded to cents, up or down.
@@ -62,11 +57,12 @@ void JobSums::add(const JobElement& element)
     if (element.isHiddenDish() || isFiscal(*element.method))
         return;
     const QString& name = element.name();
-    if (reads(element, "totalPrice"_L1)) {
-        judgeProduct(element);
-        addRow(element, "totalPrice"_L1);
+    if (element.entryOf("totalPrice"_L1)) {
+        const Figure amount = figureOf(element, "totalPrice"_L1);
+        judgeProduct(element, amount);
+        addRow(amount);
     } else if (name == "receipe_type"_L1) {
-        addRow(element, "price"_L1);
+        addRow(figureOf(element, "price"_L1));
     } else if (name == "total"_L1) {
         totals += Pending {figureOf(element, "price"_L1), element.placeOf("price"_L1)};
     } else if (name == "notPaid"_L1) {
@@ -85,21 +81,22 @@ void JobSums::add(const JobElement& element)
     }
 }
 
-void JobSums::addRow(const JobElement& element, QLatin1String amount)
+void JobSums::addRow(const Figure& amount)
 {
-    rows.add(figureOf(element, amount));
+    rows.add(amount);
     ++rowCount;
 }
 
-void JobSums::judgeProduct(const JobElement& element)
+void JobSums::judgeProduct(const JobElement& element, const Figure& stated)
 {
     const Figure number = figureOf(element, "number"_L1);
     const Figure price = figureOf(element, "price"_L1);
-    const Figure stated = figureOf(element, "totalPrice"_L1);
-    if (!number || !price || !stated || isProduct(*number * *price, *stated))
+    if (!number || !price || !stated)
         return;
-    compare(*number * *price, stated, element.placeOf("totalPrice"_L1),
-            QT_TRANSLATE_NOOP("QObject", "Number times price makes %1, and the row says %2."));
+    const Decimal product = *number * *price;
+    if (!isProduct(product, *stated))
+        compare(product, stated, element.placeOf("totalPrice"_L1),
+                QT_TRANSLATE_NOOP("QObject", "Number times price makes %1, and the row says %2."));
 }
 
 void JobSums::judgeTax(const JobElement& element, QLatin1String total)

@@ -36,8 +36,8 @@ private:
         void add(const Figure& figure);
     };
 
-    void addRow(const JobElement& element, QLatin1String amount);
-    void judgeProduct(const JobElement& element);
+    void addRow(const Figure& amount);
+    void judgeProduct(const JobElement& element, const Figure& stated);
     /// Two attributes add up to a third, @p total.
     void judgeTax(const JobElement& element, QLatin1String total);
     void judgeRate(const JobElement& element);

@@ -143,6 +143,8 @@ bool JobTexts::hasTrouble(const QString& text, bool isLine) const
     const int end = text.size() - (isLine ? 0 : registercommands::lineSuffix.size());
     int quotes = isLine ? 0 : -1; // a sale has one of its own
     for (int i = 0; i < end; ++i) {
+        if (TroubleFinder::isHarmless(text.at(i)))
+            continue;
         const Trouble trouble = finder.at(text, i);
         if (trouble == Trouble::Quote && quotes++ < 0)
             continue;

@@ -110,7 +110,7 @@ void Values::judgeNamed(const Attribute& attribute)
 
 void Values::judgeMissing(const Attribute& attribute, int index)
 {
-    const bool isDropped = element.isDiscount() && attribute.kind != Kind::FiscalPrice;
+    const bool isDropped = attribute.kind != Kind::FiscalPrice && element.isDiscount();
     if (attribute.presence == vocabulary::Presence::Optional || isDropped)
         return;
     const QString text = index < 0 ? QObject::tr("\"%1\" has no \"%2\": its place on the paper stays empty.")
@@ -170,9 +170,9 @@ QString consequence(Kind kind)
 
 void Values::judgeNumber(const Attribute& attribute, int index)
 {
-    const bool isDropped = element.isDiscount() && attribute.kind != Kind::FiscalPrice;
     const QString value = valueOf(index);
-    if (isDropped || isNumber(attribute.kind, value))
+    const bool isDropped = attribute.kind != Kind::FiscalPrice && element.isDiscount();
+    if (isNumber(attribute.kind, value) || isDropped)
         return;
     if (attribute.kind == Kind::FiscalPrice && value.startsWith(QLatin1Char('-')))
         add(findings, Code::NotANumber, element.placeOf(index),

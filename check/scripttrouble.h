@@ -25,6 +25,12 @@ class TroubleFinder {
 public:
     TroubleFinder();
 
+    /// Whether @p unit makes no trouble wherever it stands; nearly all do not.
+    static bool isHarmless(QChar unit)
+    {
+        const ushort code = unit.unicode();
+        return code >= 0x20 && code < 0x7F && code != u'\'' && code != u'T';
+    }
     /// That of the character at @p index of @p text; None for the second half of one.
     Trouble at(QStringView text, int index) const;
     /// Whether the script's encoding has the character.

@@ -65,8 +65,8 @@ std::optional<Decimal> Decimal::fromText(const QString& text)
         return std::nullopt;
     Decimal number;
     for (const QStringView& part : {parts->whole, parts->fraction}) {
-        for (const QChar digit : part)
-            number.appendDigit(digit.unicode() - u'0');
+        for (int i = 0; i < part.size(); i += limbDigits)
+            number.append(part.mid(i, limbDigits));
     }
     number.shiftDown(static_cast<int>(parts->fraction.size()));
     number.negative = parts->isNegative;
@@ -74,12 +74,17 @@ std::optional<Decimal> Decimal::fromText(const QString& text)
     return number;
 }
 
-/// Ten times the number and @p digit, of a whole number.
-void Decimal::appendDigit(int digit)
+/// The number followed by @p digits, at most nine of them; of a whole number.
+void Decimal::append(QStringView digits)
 {
-    quint64 carry = static_cast<quint64>(digit);
+    quint64 factor = 1;
+    quint64 carry = 0;
+    for (const QChar digit : digits) {
+        factor *= 10;
+        carry = carry * 10 + (digit.unicode() - u'0');
+    }
     for (std::size_t i = fractionLimbs; i < limbs.size(); ++i) {
-        carry += quint64(limbs[i]) * 10;
+        carry += limbs[i] * factor;
         limbs[i] = static_cast<quint32>(carry % limbBase);
         carry /= limbBase;
     }
@@ -88,6 +93,8 @@ void Decimal::appendDigit(int digit)
 /// Moves the point so many @p digits to the left.
 void Decimal::shiftDown(int digits)
 {
+    if (digits == 0)
+        return;
     const int whole = digits / limbDigits;
     std::rotate(limbs.begin(), limbs.begin() + whole, limbs.end()); // those that leave below are zeros
     quint32 divisor = 1;
