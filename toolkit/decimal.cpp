@@ -43,6 +43,15 @@ std::optional<Parts> partsOf(const QString& text)
     return Parts {isNegative, whole, fraction};
 }
 
+/// At most nine @p digits, filled up with zeros behind them to @p size.
+quint32 limbOf(QStringView digits, int size)
+{
+    quint32 limb = 0;
+    for (int i = 0; i < std::max(size, static_cast<int>(digits.size())); ++i)
+        limb = limb * 10 + (i < digits.size() ? digits.at(i).unicode() - u'0' : 0);
+    return limb;
+}
+
 } // namespace
 
 bool isDecimal(const QString& text)
@@ -64,48 +73,15 @@ std::optional<Decimal> Decimal::fromText(const QString& text)
     if (!parts || parts->whole.size() + parts->fraction.size() > greatestDigits)
         return std::nullopt;
     Decimal number;
-    for (const QStringView& part : {parts->whole, parts->fraction}) {
-        for (int i = 0; i < part.size(); i += limbDigits)
-            number.append(part.mid(i, limbDigits));
-    }
-    number.shiftDown(static_cast<int>(parts->fraction.size()));
+    std::size_t limb = fractionLimbs;
+    for (int end = static_cast<int>(parts->whole.size()); end > 0; end -= limbDigits)
+        number.limbs[limb++] = limbOf(parts->whole.left(end).right(limbDigits), 0);
+    limb = fractionLimbs;
+    for (int begin = 0; begin < parts->fraction.size(); begin += limbDigits)
+        number.limbs[--limb] = limbOf(parts->fraction.mid(begin, limbDigits), limbDigits);
     number.negative = parts->isNegative;
     number.settleSign();
     return number;
-}
-
-/// The number followed by @p digits, at most nine of them; of a whole number.
-void Decimal::append(QStringView digits)
-{
-    quint64 factor = 1;
-    quint64 carry = 0;
-    for (const QChar digit : digits) {
-        factor *= 10;
-        carry = carry * 10 + (digit.unicode() - u'0');
-    }
-    for (std::size_t i = fractionLimbs; i < limbs.size(); ++i) {
-        carry += limbs[i] * factor;
-        limbs[i] = static_cast<quint32>(carry % limbBase);
-        carry /= limbBase;
-    }
-}
-
-/// Moves the point so many @p digits to the left.
-void Decimal::shiftDown(int digits)
-{
-    if (digits == 0)
-        return;
-    const int whole = digits / limbDigits;
-    std::rotate(limbs.begin(), limbs.begin() + whole, limbs.end()); // those that leave below are zeros
-    quint32 divisor = 1;
-    for (int i = digits % limbDigits; i > 0; --i)
-        divisor *= 10;
-    quint64 remainder = 0;
-    for (auto limb = limbs.rbegin(); limb != limbs.rend(); ++limb) {
-        remainder = remainder * limbBase + *limb;
-        *limb = static_cast<quint32>(remainder / divisor);
-        remainder %= divisor;
-    }
 }
 
 void Decimal::settleSign()
@@ -123,7 +99,12 @@ bool Decimal::isInHundredths() const
 Decimal Decimal::hundredth() const
 {
     Decimal result = *this;
-    result.shiftDown(2);
+    quint64 remainder = 0;
+    for (auto limb = result.limbs.rbegin(); limb != result.limbs.rend(); ++limb) {
+        remainder = remainder * limbBase + *limb;
+        *limb = static_cast<quint32>(remainder / 100);
+        remainder %= 100;
+    }
     return result;
 }
 
@@ -173,10 +154,10 @@ Decimal& Decimal::operator+=(const Decimal& other)
     Limbs result {};
     qint64 carry = 0;
     for (std::size_t i = 0; i < limbs.size(); ++i) {
-        carry += qint64(greater[i]) + (isSum ? qint64(smaller[i]) : -qint64(smaller[i]));
-        const qint64 digit = carry < 0 ? carry + limbBase : carry % limbBase;
+        qint64 digit = qint64(greater[i]) + (isSum ? qint64(smaller[i]) : -qint64(smaller[i])) + carry;
+        carry = digit < 0 ? -1 : digit >= limbBase ? 1 : 0;
+        digit -= carry * limbBase;
         result[i] = static_cast<quint32>(digit);
-        carry = (carry - digit) / limbBase;
     }
     limbs = result;
     negative = otherIsGreater ? other.negative : negative;
@@ -187,16 +168,19 @@ Decimal& Decimal::operator+=(const Decimal& other)
 Decimal Decimal::operator*(const Decimal& other) const
 {
     std::array<quint64, 2 * std::tuple_size<Limbs>::value> product {};
+    std::size_t used = limbs.size(); // of the other's limbs
+    while (used > 0 && other.limbs[used - 1] == 0)
+        --used;
     for (std::size_t i = 0; i < limbs.size(); ++i) {
         if (limbs[i] == 0)
             continue;
         quint64 carry = 0;
-        for (std::size_t k = 0; k < limbs.size(); ++k) {
+        for (std::size_t k = 0; k < used; ++k) {
             carry += product[i + k] + quint64(limbs[i]) * other.limbs[k];
             product[i + k] = carry % limbBase;
             carry /= limbBase;
         }
-        product[i + limbs.size()] += carry;
+        product[i + used] = carry;
     }
     Decimal result;
     for (std::size_t i = 0; i < limbs.size(); ++i)

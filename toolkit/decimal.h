@@ -48,8 +48,6 @@ private:
     using Limbs = std::array<quint32, 16>; // nine decimal digits each, the least significant first
 
     static bool isLess(const Limbs& left, const Limbs& right);
-    void append(QStringView digits);
-    void shiftDown(int digits);
     void settleSign();
 
     Limbs limbs {};

@@ -20,15 +20,6 @@ int continuingBytes(const char* byte)
 
 } // namespace
 
-TextPlace after(TextPlace place, QChar character)
-{
-    if (character == QLatin1Char('\n'))
-        return {place.line + 1, 1};
-    if (!character.isLowSurrogate() && character != QChar::ByteOrderMark)
-        ++place.column;
-    return place;
-}
-
 TextPlace after(TextPlace place, const QString& text)
 {
     for (const QChar character : text)

@@ -24,7 +24,16 @@ inline bool operator<(TextPlace left, TextPlace right)
 }
 
 /// The place behind @p character, which stands at @p place: a UTF-16 unit of a text, as the class below counts.
-TextPlace after(TextPlace place, QChar character);
+inline TextPlace after(TextPlace place, QChar character)
+{
+    const ushort unit = character.unicode();
+    const bool isPlain = unit >= 0x20 && unit < 0x80; // as nearly all are
+    if (isPlain || (unit != u'\n' && !character.isLowSurrogate() && character != QChar::ByteOrderMark))
+        ++place.column;
+    else if (unit == u'\n')
+        place = {place.line + 1, 1};
+    return place;
+}
 /// The place behind @p text.
 TextPlace after(TextPlace place, const QString& text);
 
