@@ -2,17 +2,27 @@
 
 #include <QtTest>
 
-/// What the print program loads at run time. Each further library of the toolkit would be felt at every receipt.
+/// What programs load at run time. Each further library of the toolkit would be felt at every receipt, and is missing
+/// on a till without a screen.
 class TestDependencies : public QObject {
     Q_OBJECT
 
 private slots:
-    void printProgram();
+    void coreAndXmlAlone_data();
+    void coreAndXmlAlone();
 };
 
-void TestDependencies::printProgram()
+void TestDependencies::coreAndXmlAlone_data()
 {
-    QCOMPARE(toolkitLibraries(ZELMORA_PRINT_PROGRAM), QStringList({"libQt5Core", "libQt5Xml"}));
+    QTest::addColumn<QString>("program");
+    QTest::newRow("the print program") << ZELMORA_PRINT_PROGRAM;
+    QTest::newRow("the check of jobs") << ZELMORA_CHECK_PROGRAM;
+}
+
+void TestDependencies::coreAndXmlAlone()
+{
+    QFETCH(QString, program);
+    QCOMPARE(toolkitLibraries(program), QStringList({"libQt5Core", "libQt5Xml"}));
 }
 
 QTEST_GUILESS_MAIN(TestDependencies)

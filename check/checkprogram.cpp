@@ -1,0 +1,245 @@
+#include "check/checkprogram.h"
+
+#include "check/codelist.h"
+#include "check/commandline.h"
+#include "check/jobcheck.h"
+#include "check/placedsettings.h"
+#include "check/schema.h"
+#include "check/tracewriter.h"
+#include "config/settingsscan.h"
+#include "config/translation.h"
+#include "config/zmconfiguration.h"
+#include "toolkit/console.h"
+#include "toolkit/filenames.h"
+#include "toolkit/literals.h"
+#include "toolkit/localecodec.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QTranslator>
+
+#include <algorithm>
+#include <cstdio>
+#include <unistd.h>
+
+using toolkit::operator""_L1;
+
+namespace check {
+
+namespace {
+
+enum ExitStatus { Done = 0, ErrorFound = 1, NotDone = 2 };
+
+/// Says on standard error why something is not done.
+ExitStatus refuse(const QString& reason)
+{
+    std::fputs(toolkit::localeText(reason + u'\n').constData(), stderr);
+    return NotDone;
+}
+
+ExitStatus refuseCall(const QString& reason)
+{
+    const QString program = QCoreApplication::arguments().value(0);
+    return refuse(QStringLiteral("%1\nTry '%2 --help' for more information.").arg(reason, program));
+}
+
+ExitStatus refuseOutput()
+{
+    return refuse(QObject::tr("Standard output cannot be written."));
+}
+
+ExitStatus showText(const QByteArray& text)
+{
+    toolkit::write(text);
+    return toolkit::finishWriting() ? Done : refuseOutput();
+}
+
+QString pathOf(const QString& name)
+{
+    return toolkit::filePath(QFile::encodeName(name));
+}
+
+ExitStatus refuseFile(const QString& path, const QString& reason)
+{
+    return refuse(QObject::tr("The file %1 cannot be read: %2").arg(path, reason));
+}
+
+Findings unreadable(const QString& reason)
+{
+    return {{Code::Unreadable, Severity::Error, {}, QObject::tr("The file cannot be read: %1").arg(reason)}};
+}
+
+// --- Settings --------------------------------------------------------------------------------------------------
+
+struct SettingsBytes {
+    bool isThere = false;
+    QByteArray bytes;
+    QString reason; ///< why they cannot be read; empty when they can, or when there are none
+};
+
+/// The user's own need not be there.
+SettingsBytes readSettings(const Call& call)
+{
+    QFile file(pathOf(call.settings));
+    if (call.ownSettings && !file.exists())
+        return {};
+    SettingsBytes read;
+    read.isThere = file.open(QIODevice::ReadOnly);
+    read.bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        read.reason = file.errorString();
+    return read;
+}
+
+/// The settings in use; their catalogue translates from now on.
+class SettingsInUse {
+public:
+    SettingsInUse(const QString& path, const SettingsBytes& read);
+
+    JobSettings forJobs() { return {store, isThere ? &places : nullptr, path}; }
+
+private:
+    const QString path;
+    const bool isThere;
+    const PlacedSettings places;
+    ZMConfiguration store;
+    QTranslator translator;
+};
+
+SettingsInUse::SettingsInUse(const QString& path, const SettingsBytes& read)
+    : path(path)
+    , isThere(read.isThere)
+    , places(PlacedSettings::of(read.bytes, libconfig::settingsFormat(path)))
+    , store(read.bytes, path, libconfig::settingsFormat(path))
+{
+    loadTranslation(translator, store);
+    QCoreApplication::installTranslator(&translator);
+}
+
+// --- Jobs ------------------------------------------------------------------------------------------------------
+
+bool openJob(QFile& file, const QString& path)
+{
+    if (path == "-"_L1)
+        return file.open(STDIN_FILENO, QIODevice::ReadOnly);
+    file.setFileName(pathOf(path));
+    return file.open(QIODevice::ReadOnly);
+}
+
+struct CheckedJob {
+    Findings findings;
+    QString reason; ///< why it cannot be read, or not to its end; empty when it can
+};
+
+CheckedJob checkFile(const QString& path, const JobSettings& settings, JobTrace* trace = nullptr)
+{
+    CheckedJob checked;
+    QFile file;
+    if (openJob(file, path))
+        checked.findings = checkJob(file, settings, trace);
+    if (file.error() != QFileDevice::NoError)
+        checked.reason = file.errorString();
+    return checked;
+}
+
+ExitStatus statusOf(bool allRead, bool anyErrors)
+{
+    if (!allRead)
+        return NotDone;
+    return anyErrors ? ErrorFound : Done;
+}
+
+ExitStatus reportJobs(const Call& call, const JobSettings& settings)
+{
+    Report report(call.report);
+    bool allRead = true;
+    for (const QString& path : call.jobs) {
+        const CheckedJob checked = checkFile(path, settings);
+        const bool wasRead = checked.reason.isEmpty();
+        report.add(path, wasRead ? checked.findings : unreadable(checked.reason));
+        allRead = allRead && wasRead;
+    }
+    return report.finish() ? statusOf(allRead, report.hasErrors()) : refuseOutput();
+}
+
+ExitStatus traceJobs(const Call& call, const JobSettings& settings)
+{
+    TraceWriter trace(call.report.format);
+    bool allRead = true;
+    bool anyErrors = false;
+    for (const QString& path : call.jobs) {
+        trace.setFile(path);
+        const CheckedJob checked = checkFile(path, settings, &trace);
+        if (!checked.reason.isEmpty())
+            refuseFile(path, checked.reason);
+        allRead = allRead && checked.reason.isEmpty();
+        anyErrors = anyErrors
+            || std::any_of(checked.findings.begin(), checked.findings.end(),
+                           [&](const Finding& finding) { return countsAsError(finding, call.report); });
+    }
+    return trace.finish() ? statusOf(allRead, anyErrors) : refuseOutput();
+}
+
+// --- Calls -----------------------------------------------------------------------------------------------------
+
+ExitStatus reportSettings(const Call& call, const QString& reason)
+{
+    if (call.task != Call::Task::Check)
+        return refuseFile(call.settings, reason);
+    Report report(call.report);
+    report.add(call.settings, unreadable(reason));
+    report.finish();
+    return NotDone;
+}
+
+/// What depends on the settings.
+ExitStatus doWithSettings(const Call& call)
+{
+    const SettingsBytes read = readSettings(call);
+    if (!read.reason.isEmpty())
+        return reportSettings(call, read.reason);
+    SettingsInUse settings(call.settings, read);
+    if (call.task == Call::Task::Codes)
+        return showText(toolkit::localeText(codeList()));
+    const JobSettings forJobs = settings.forJobs();
+    return call.task == Call::Task::Trace ? traceJobs(call, forJobs) : reportJobs(call, forJobs);
+}
+
+ExitStatus perform(const Call& call)
+{
+    switch (call.task) {
+    case Call::Task::Help:
+        return showText(toolkit::localeText(helpText()));
+    case Call::Task::Version:
+        return showText("zelmora-check " ZELMORA_VERSION "\n");
+    case Call::Task::Schema:
+        return showText(jobSchema());
+    case Call::Task::Codes:
+    case Call::Task::Check:
+    case Call::Task::Trace:
+        break;
+    }
+    return doWithSettings(call);
+}
+
+} // namespace
+
+int runCheckProgram(int argc, char** argv)
+{
+    // The toolkit sees the program's name alone: no argument of ours is ever an option of its own.
+    int applicationArguments = 1;
+    QCoreApplication application(applicationArguments, argv);
+    QByteArrayList names {qgetenv("HOME")};
+    for (int i = 1; i < argc; ++i)
+        names += argv[i];
+    toolkit::setFileNameEncoding(names);
+
+    QStringList arguments = QCoreApplication::arguments();
+    for (int i = 1; i < argc; ++i)
+        arguments += QFile::decodeName(argv[i]);
+    Call call;
+    const QString wrong = readCall(arguments, call);
+    return wrong.isEmpty() ? perform(call) : refuseCall(wrong);
+}
+
+} // namespace check
