@@ -3,8 +3,8 @@
 # To build: compiler, build tools, the toolkit, the translation compiler.
 BUILD_PACKAGES=(g++ cmake ninja-build qtbase5-dev qttools5-dev-tools)
 # To test as well: the definitions of the 8-bit locale that the tests build for themselves; a PostgreSQL server, its tools
-# and the toolkit's driver for it.
-TEST_PACKAGES=("${BUILD_PACKAGES[@]}" locales postgresql postgresql-client libqt5sql5-psql)
+# and the toolkit's driver for it; xmllint, which tells what the schema of jobs accepts.
+TEST_PACKAGES=("${BUILD_PACKAGES[@]}" locales postgresql postgresql-client libqt5sql5-psql libxml2-utils)
 # To measure as well: what the print program is measured against, and time(1) for the memory.
 BENCH_PACKAGES=("${BUILD_PACKAGES[@]}" xsltproc python3 time)
 # To fuzz: the compiler that has libFuzzer, its sanitizers, and what finds names and lines for their reports.

@@ -18,6 +18,7 @@ private slots:
 
     void noPathOfTheBuildShows();
     void printProgramAndCatalogue();
+    void checkProgramAndSchema();
     void settingsEditor();
 
     void search_data();
@@ -155,6 +156,15 @@ void TestInstalledTree::printProgramAndCatalogue()
     const QByteArray found = difference(block(fileContents(docs + "/../README.md"), "text"),
                                         fileContents(run.path("script.txt")).replace("\r\n", "\n"));
     QVERIFY2(found.isEmpty(), found.constData());
+}
+
+void TestInstalledTree::checkProgramAndSchema()
+{
+    ProgramRun run(workbench->installed("bin/zelmora-check"));
+    run.start({"--schema"});
+    QCOMPARE(run.exitStatus, 0);
+    QVERIFY(run.standardOutput.contains("<xs:schema "));
+    QCOMPARE(fileContents(workbench->installed("share/zelmora/printjob.xsd")), run.standardOutput);
 }
 
 // It says so when there is no file, and stays open.
