@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """Measures the print program against its contestants: measure.py --build folder --work folder
 
-The build folder holds the programs, the work folder the jobs receipt-<rows>.xml. The contestants of a row run
-in turn, round by round and in another order in each, so that whatever else the machine does meets them all
-alike. Times are wall times of the whole process. A ratio is the median of the rounds' ratios: a machine that
-changes its speed between rounds does not disturb it. The exit status is 1 when a target is missed.
+The build folder holds the programs, the work folder the jobs receipt-<rows>.xml and fitting-<rows>.xml. The
+contestants of a row run in turn, round by round and in another order in each, so that whatever else the machine does
+meets them all alike. Times are wall times of the whole process. A ratio is the median of the rounds' ratios: a machine
+that changes its speed between rounds does not disturb it. The exit status is 1 when a target is missed.
 """
 
 import argparse
@@ -20,6 +20,9 @@ from pathlib import Path
 BENCH = Path(__file__).resolve().parent
 MEGABYTE = 1_000_000
 
+# Standard output is nowhere: the check's findings, and nothing of the others.
+SILENT = [(os.POSIX_SPAWN_OPEN, 1, os.devnull, os.O_WRONLY, 0)]
+
 SMALL, LARGE = 20, 100_000
 FEW, MANY = 1_000, 1_000_000
 SMALL_ROUNDS, LARGE_ROUNDS, MEMORY_ROUNDS = 400, 31, 3
@@ -34,7 +37,7 @@ class Contestant:
     def run(self):
         """The time from the start of the process to its end, in nanoseconds."""
         start = time.perf_counter_ns()
-        process = os.posix_spawn(self.command[0], self.command, os.environ)
+        process = os.posix_spawn(self.command[0], self.command, os.environ, file_actions=SILENT)
         _, status = os.waitpid(process, 0)
         duration = time.perf_counter_ns() - start
         if status != 0:
@@ -60,6 +63,7 @@ def contestants(build, job, scripts):
     """The programs that print the job into the folder for scripts, and those that do less than that."""
     return {
         "program": Contestant("zelmora-print", build / "app/zelmora-print", job, scripts / "program.txt"),
+        "check": Contestant("zelmora-check", build / "check/zelmora-check", job),
         "app": Contestant("empty application", build / "bench/bench-emptyapp"),
         "handler": Contestant("reader, empty handler", build / "bench/bench-emptyhandler", job),
         "xsltproc": Contestant(
@@ -71,6 +75,11 @@ def contestants(build, job, scripts):
 
 def job_file(work, rows):
     return work / f"receipt-{rows}.xml"
+
+
+def fitting_job_file(work, rows):
+    """Of which the check has nothing to say row by row: its findings would be what grows."""
+    return work / f"fitting-{rows}.xml"
 
 
 def progress(text):
@@ -98,12 +107,12 @@ def measure_times(build, work):
     with tempfile.TemporaryDirectory(dir=memory if os.access(memory, os.W_OK) else work) as scripts:
         progress(f"Measuring one receipt of {SMALL} rows, {SMALL_ROUNDS} rounds ...")
         small = contestants(build, job_file(work, SMALL), Path(scripts))
-        small = {name: small[name] for name in ("program", "app", "xsltproc", "python3")}
+        small = {name: small[name] for name in ("program", "check", "app", "xsltproc", "python3")}
         race(small.values(), SMALL_ROUNDS)
 
         progress(f"Measuring a job of {LARGE:,} rows, {LARGE_ROUNDS} rounds ...")
         large = contestants(build, job_file(work, LARGE), Path(scripts))
-        large = {name: large[name] for name in ("program", "handler", "xsltproc")}
+        large = {name: large[name] for name in ("program", "check", "handler", "xsltproc")}
         race(large.values(), LARGE_ROUNDS)
     return small, large
 
@@ -117,20 +126,35 @@ def peak_memory(contestant, work):
     report = work / "peak-memory.txt"
     peaks = []
     for _ in range(MEMORY_ROUNDS):
-        subprocess.run(["/usr/bin/time", "-f", "%M", "-o", report, *contestant.command], check=True)
+        command = ["/usr/bin/time", "-f", "%M", "-o", report, *contestant.command]
+        subprocess.run(command, check=True, stdout=subprocess.DEVNULL)
         peaks.append(1024 * int(report.read_text()))
     return max(peaks)
 
 
+class Memory:
+    """The peaks of a program with few and with many rows, and of an empty application."""
+
+    def __init__(self, name, build, work, job):
+        def peak(contestant, rows):
+            return peak_memory(contestants(build, job(work, rows), work)[contestant], work)
+
+        self.few, self.many = peak(name, FEW), peak(name, MANY)
+        self.idle = peak("app", FEW)
+        if self.few < self.idle:
+            sys.exit(f"{name} shows less memory than an empty program: this figure cannot be its own.")
+
+    @property
+    def growth(self):
+        return self.many - self.few
+
+    def __str__(self):
+        return f"{megabytes(self.many)}, {megabytes(self.growth)} more"
+
+
 def measure_memory(build, work):
-    """The peaks of the empty application and of the print program with few and with many rows."""
     progress(f"Measuring the peak memory for {FEW:,} and {MANY:,} rows ...")
-    idle = peak_memory(contestants(build, job_file(work, FEW), work)["app"], work)
-    few = peak_memory(contestants(build, job_file(work, FEW), work)["program"], work)
-    many = peak_memory(contestants(build, job_file(work, MANY), work)["program"], work)
-    if few < idle:
-        sys.exit("The print program shows less memory than an empty one: this figure cannot be its own.")
-    return idle, few, many
+    return Memory("program", build, work, job_file), Memory("check", build, work, fitting_job_file)
 
 
 class Targets:
@@ -152,7 +176,7 @@ class Targets:
         self.add(what, target, against, f"{ratio:.3f} times faster", ratio >= limit)
 
 
-def compare(small, large, few, many):
+def compare(small, large, printing, checking):
     targets = Targets()
     targets.at_most(
         1.35,
@@ -183,8 +207,24 @@ def compare(small, large, few, many):
         f"peak memory, job of {MANY:,} rows",
         f"at most 16 MB, and at most 1 MB more than for {FEW:,} rows",
         "",
-        f"{megabytes(many)}, {megabytes(many - few)} more",
-        many <= 16 * MEGABYTE and many - few <= MEGABYTE,
+        str(printing),
+        printing.many <= 16 * MEGABYTE and printing.growth <= MEGABYTE,
+    )
+    targets.at_most(
+        1.5,
+        f"the check of the receipt of {SMALL} rows, whole process",
+        "`zelmora-print` on the same job",
+        small["check"].times(small["program"]),
+    )
+    targets.at_most(
+        2, f"the check of the job of {LARGE:,} rows", "the same", large["check"].times(large["program"])
+    )
+    targets.add(
+        f"peak memory of the check, job of {MANY:,} rows without findings in them",
+        f"at most 1 MB more than for {FEW:,} rows",
+        "",
+        str(checking),
+        checking.growth <= MEGABYTE,
     )
     return targets
 
@@ -207,13 +247,13 @@ def main():
     build, work = arguments.build.resolve(), arguments.work.resolve()
 
     small, large = measure_times(build, work)
-    idle, few, many = measure_memory(build, work)
+    printing, checking = measure_memory(build, work)
 
-    targets = compare(small, large, few, many)
+    targets = compare(small, large, printing, checking)
     print_table(("what", "must reach", "against", "measured", "reached"), targets.rows)
     print(
         f"Medians of {SMALL_ROUNDS} rounds for the receipt and of {LARGE_ROUNDS} for the large job; of the"
-        f" memory the greatest of {MEMORY_ROUNDS} runs (an empty application: {megabytes(idle)}; 1 MB is a"
+        f" memory the greatest of {MEMORY_ROUNDS} runs (an empty application: {megabytes(printing.idle)}; 1 MB is a"
         " million bytes). The machine's noise is the interquartile range in percent of the median:\n"
     )
     print_table(
