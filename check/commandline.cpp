@@ -16,6 +16,7 @@ const QString settingsOption = QStringLiteral("settings");
 
 struct TaskOption {
     Call::Task task;
+    QLatin1String letter; ///< of its short form; empty where it has none
     QLatin1String name;
     QLatin1String description;
 };
@@ -23,13 +24,19 @@ struct TaskOption {
 // clang-format off
 /// Of several the first one is done.
 constexpr TaskOption taskOptions[] = {
-    {Call::Task::Help, "help"_L1, "Show this text."_L1},
-    {Call::Task::Version, "version"_L1, "Show the version."_L1},
-    {Call::Task::Codes, "codes"_L1, "List the codes of all findings, of settings too, each with its severity and a sentence."_L1},
-    {Call::Task::Schema, "schema"_L1, "Show the XML schema of jobs, for editors."_L1},
-    {Call::Task::Trace, "trace"_L1, "Show what each line of the script comes from, in place of the findings."_L1},
+    {Call::Task::Help, "h"_L1, "help"_L1, "Show this text."_L1},
+    {Call::Task::Version, "v"_L1, "version"_L1, "Show the version."_L1},
+    {Call::Task::Codes, {}, "codes"_L1, "List the codes of all findings, of settings too, each with its severity and a sentence."_L1},
+    {Call::Task::Schema, {}, "schema"_L1, "Show the XML schema of jobs, for editors."_L1},
+    {Call::Task::Trace, {}, "trace"_L1, "Show what each line of the script comes from, in place of the findings."_L1},
 };
 // clang-format on
+
+QStringList namesOf(const TaskOption& option)
+{
+    const QStringList name(option.name);
+    return option.letter.isEmpty() ? name : QStringList(option.letter) + name;
+}
 
 void describe(QCommandLineParser& parser)
 {
@@ -43,7 +50,7 @@ void describe(QCommandLineParser& parser)
          QStringLiteral("file")});
     addReportOptions(parser);
     for (const TaskOption& option : taskOptions)
-        parser.addOption({QString(option.name), QString(option.description)});
+        parser.addOption({namesOf(option), QString(option.description)});
     parser.addPositionalArgument(QStringLiteral("job.xml"), QStringLiteral("The jobs; \"-\" is standard input."),
                                  QStringLiteral("job.xml..."));
 }

@@ -83,14 +83,16 @@ void TestCheckProgram::help()
     QCOMPARE(run.exitStatus, 0);
     QVERIFY(text.startsWith("Usage: " ZELMORA_CHECK_PROGRAM " [options] job.xml...\n"));
     for (const QByteArray option : {"--settings", "--format", "--strict", "--quiet", "--exclude", "--trace", "--codes",
-                                    "--schema", "--help", "--version"})
+                                    "--schema", "-h, --help", "-v, --version"})
         QVERIFY2(text.contains("\n  " + option + ' '), option.constData());
+    QCOMPARE(run.output({"-h"}), text);
 }
 
 void TestCheckProgram::version()
 {
     CheckRun run;
     QCOMPARE(run.output({"--version"}), QByteArray("zelmora-check 1.0\n"));
+    QCOMPARE(run.output({"-v"}), QByteArray("zelmora-check 1.0\n"));
     QCOMPARE(run.exitStatus, 0);
 }
 
