@@ -1812,5 +1812,9 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
         <source>The value of %1 cannot be kept in XML: it may hold no &quot;&lt;&quot;, no &quot;&amp;&quot;, no quotation mark and no character that Western European languages lack.</source>
         <translation>Il valore di %1 non può stare in un file XML: non può contenere &quot;&lt;&quot;, &quot;&amp;&quot;, virgolette né caratteri estranei alle lingue dell&apos;Europa occidentale.</translation>
     </message>
+    <message>
+        <source>nothing: %1</source>
+        <translation>nulla: %1</translation>
+    </message>
 </context>
 </TS>
