@@ -152,6 +152,8 @@ void TestJobScript::texts_data()
     row("an apostrophe behind it", receipt(dish("TOTALE l'a")),
         {"2:21 note changed-text", "2:21 warning quote-in-text"});
     row("the register's word in two", receipt(dish("12345678TOTALE")), {"2:21 note cut-text"});
+    row("the same behind an apostrophe", receipt(dish("l'12345TOTALE")),
+        {"2:21 note cut-text", "2:21 warning quote-in-text"});
     row("in other letter case", receipt(dish("A Totale")), {});
     row("in a line of the company", receipt("<company a='TOTALE' b='x TOTALE'/>"),
         {"2:10 note changed-text", "2:21 note changed-text"});
@@ -223,6 +225,8 @@ void TestJobScript::widths_data()
     with("the printer's name", "", receipt("<printers name='" + x32 + "x'/><headers a='x'/>"),
          {"2:11 warning too-wide"});
     with("a line with a label", "", receipt("<orderinfo table='" + x32 + "'/>"), {"2:12 warning too-wide"});
+    with("of two attributes with which a line may end, the longer one", "printTime = true;",
+         receipt("<orderinfo time='" + x32 + "' table='x'/>"), {"2:12 warning too-wide"});
     with("a field of an address", "", receipt("<customer name='a' billingaddress='x, " + x32 + "'/>"),
          {"2:20 warning too-wide"});
     with("the document's number", "", receipt("<receipt serialnumber='" + x32 + "'/>"), {"2:10 warning too-wide"});
