@@ -241,8 +241,8 @@ void JobTexts::report(Trouble trouble, uint codePoint, const QString& command, t
     case Trouble::Unprintable: {
         const auto canPrint = [this](uint other) { return finder.canPrint(other) && other <= 0xFF; };
         const QString spelling = toolkit::plainSpelling(codePoint, canPrint);
-        const QString text =
-            QObject::tr("The script cannot hold the %1: \"?\" prints in its place.").arg(toolkit::nameOf(codePoint));
+        const QString text = QObject::tr("The script cannot hold \"%1\", %2: \"?\" prints in its place.")
+                                 .arg(QString::fromUcs4(&codePoint, 1), toolkit::nameOf(codePoint));
         add(findings, Code::UnprintableCharacter, place,
             spelling.isEmpty() ? text : text + QLatin1Char(' ') + QObject::tr("\"%1\" would print.").arg(spelling),
             spelling);

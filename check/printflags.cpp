@@ -47,7 +47,8 @@ QString PrintFlags::whyOff(QLatin1String flag) const
     const std::optional<PlacedSetting> setting = settings.places ? settings.places->find(key) : std::nullopt;
     if (!setting)
         return QObject::tr("%1 is not set to true").arg(key);
-    return QObject::tr("%1 is \"%2\" in %3:%4").arg(key, setting->value, settings.file).arg(setting->place.line);
+    return QObject::tr("%1 is \"%2\" in %3:%4")
+        .arg(key, setting->value, settings.file, QString::number(setting->place.line));
 }
 
 } // namespace check

@@ -403,6 +403,9 @@ void TestJobCheck::texts_data()
     QTest::newRow("the setting's line")
         << QByteArray("printDate = True;") << receipt("<orderinfo date='x'/>")
         << "\"date\" does not print: zelmora.receiptdoc.printDate is \"True\" in till.conf:5.";
+    QTest::newRow("a value that looks like a place for another text")
+        << QByteArray("printDate = %4;") << receipt("<orderinfo date='x'/>")
+        << "\"date\" does not print: zelmora.receiptdoc.printDate is \"%4\" in till.conf:5.";
     QTest::newRow("that it is not set") << QByteArray() << receipt("<orderinfo date='x'/>")
                                         << "\"date\" does not print: zelmora.receiptdoc.printDate is not set to true.";
     QTest::newRow("a long name is not repeated whole")

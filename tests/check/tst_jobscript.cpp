@@ -281,7 +281,7 @@ void TestJobScript::whatAPersonReads_data()
                                      << "In a line there must be no tab (U+0009): it breaks the command.";
     QTest::newRow("a spelling that would print")
         << movement("\xE2\x82\xAC")
-        << "The script cannot hold the euro sign (U+20AC): \"?\" prints in its place. \"EUR\" would print.";
+        << "The script cannot hold \"€\", euro sign (U+20AC): \"?\" prints in its place. \"EUR\" would print.";
 }
 
 void TestJobScript::whatAPersonReads()
