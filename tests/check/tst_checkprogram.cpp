@@ -35,6 +35,7 @@ private slots:
     void argumentIsNeverAToolkitOption();
     void standardOutputCannotBeWritten();
     void closedStandardStreams();
+    void outOfMemory();
     void traceIsTheScript_data();
     void traceIsTheScript();
     void traceOfOneJob();
@@ -423,6 +424,22 @@ void TestCheckProgram::closedStandardStreams()
     run.startShell(R"("$program" - <&-)"); // nothing is an empty job, which breaks off
     QCOMPARE(places(run.standardOutput), QStringList("-:1:1: error: [not-well-formed]"));
     QCOMPARE(run.exitStatus, 1);
+}
+
+void TestCheckProgram::outOfMemory()
+{
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    QSKIP("The sanitizers need more memory than the limit.");
+#endif
+    CheckRun run;
+    run.setSettings(widths);
+    const QByteArray tooMuch = "<receipt serialnumber='" + QByteArray(60000000, 'y') + "'/>";
+    run.writeFile("job.xml", QByteArray(smallJob).replace("</job>", tooMuch + "</job>"));
+    run.startShell(R"(ulimit -v 200000; "$program" job.xml)");
+
+    QVERIFY(run.ended);
+    QCOMPARE(run.exitStatus, 2);
+    QCOMPARE(run.standardError, QByteArray("There is not enough memory to check this.\n"));
 }
 
 void TestCheckProgram::traceIsTheScript_data()
