@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Writes a receipt job with a given number of rows: makejob.py [--fitting] rows job.xml
 
-With --fitting all names are as wide as their column at most: a job of which a check has nothing to say row by row.
+With --fitting no name is wider than its column or has an apostrophe: of such rows a check has nothing to say.
 
 The same number of rows always gives the same bytes. Rows are written as they are made, so that a million of
 them need no memory.
@@ -61,9 +61,13 @@ def amount(cents):
     return f"{cents // 100},{cents % 100:02}"
 
 
-def write_job(job, rows, width=None):
+def fitting(name):
+    return name.replace("'", " ")[:COLUMN]
+
+
+def write_job(job, rows, dishes):
     """The lengths of the lists have no common divisor: all pairs come up before the first comes again."""
-    dishes = cycle([(quoteattr(name[:width]), amount(price), price) for name, price in DISHES])
+    dishes = cycle([(quoteattr(name), amount(price), price) for name, price in dishes])
     total = 0
     job.write(HEADER)
     for (name, price, cents), quantity in islice(zip(dishes, cycle(QUANTITIES)), rows):
@@ -79,12 +83,13 @@ def write_job(job, rows, width=None):
 
 def main():
     parser = argparse.ArgumentParser()
-    parser.add_argument("--fitting", action="store_const", const=COLUMN)
+    parser.add_argument("--fitting", action="store_true")
     parser.add_argument("rows", type=int)
     parser.add_argument("job")
     arguments = parser.parse_args()
+    dishes = [(fitting(name), price) for name, price in DISHES] if arguments.fitting else DISHES
     with open(arguments.job, "w", encoding="utf-8", newline="\n") as job:
-        write_job(job, arguments.rows, arguments.fitting)
+        write_job(job, arguments.rows, dishes)
 
 
 if __name__ == "__main__":
