@@ -12,9 +12,9 @@ namespace {
 
 bool endsLine(QChar character)
 {
-    const QChar::Category category = character.category();
-    return category == QChar::Other_Control || category == QChar::Separator_Line
-        || category == QChar::Separator_Paragraph;
+    const ushort unit = character.unicode();
+    return unit < 0x20 || (unit >= 0x7F && unit < 0xA0) || unit == QChar::LineSeparator
+        || unit == QChar::ParagraphSeparator;
 }
 
 } // namespace

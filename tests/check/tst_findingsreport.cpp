@@ -87,8 +87,8 @@ void TestFindingsReport::lines_data()
     row("what stands for something in a text stays", "%1%2", {{Code::NoMethod, Severity::Error, {}, "%1 %s \\n"}},
         "%1%2:1:1: error: %1 %s \\n [no-method]\n");
     row("line breaks and other control characters", "job.xml",
-        {{Code::NoMethod, Severity::Error, {}, "a\r\nb\tc\x1b[1m\u0085d\u2028e\u2029f" + QString(QChar(0)) + "g"}},
-        "job.xml:1:1: error: a  b c [1m d e f g [no-method]\n");
+        {{Code::NoMethod, Severity::Error, {}, "a\r\nb\tc\x1b[1m\u0085d\u2028e\u2029f" + QString(QChar(0)) + "g\x7fh"}},
+        "job.xml:1:1: error: a  b c [1m d e f g h [no-method]\n");
     row("a line break in the file's name", "a\nb.xml", {noMethod}, "a b.xml:1:1: error: no method [no-method]\n");
     row("accents and the euro sign in the locale's encoding", "caffè.xml",
         {{Code::NoMethod, Severity::Error, {}, "è €, 漢"}}, "caff\xe8.xml:1:1: error: \xe8 \xa4, ? [no-method]\n");
