@@ -1625,8 +1625,8 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
         <translation>In una riga questo carattere non deve esserci (%1): spezza il comando.</translation>
     </message>
     <message>
-        <source>The script cannot hold the %1: &quot;?&quot; prints in its place.</source>
-        <translation>I comandi del registratore non possono contenere questo carattere (%1): al suo posto viene stampato &quot;?&quot;.</translation>
+        <source>The script cannot hold &quot;%1&quot;, %2: &quot;?&quot; prints in its place.</source>
+        <translation>I comandi del registratore non possono contenere &quot;%1&quot;, %2: al suo posto viene stampato &quot;?&quot;.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; would print.</source>
