@@ -37,7 +37,7 @@ QString unknownCode(const QString& name)
 {
     const QString meant = toolkit::nearest(name, codeNames());
     if (meant.isEmpty())
-        return QStringLiteral("\"%1\" is no code of a finding: --codes lists them.").arg(name);
+        return QStringLiteral("\"%1\" is no code of a finding: \"zelmora-check --codes\" lists them.").arg(name);
     return QStringLiteral("\"%1\" is no code of a finding. Is \"%2\" meant?").arg(name, meant);
 }
 

@@ -251,7 +251,8 @@ void TestFindingsReport::wrongArguments_data()
     row("a format in capitals", {"--format", "JSON"}, "\"JSON\" is no format: take \"gcc\" or \"json\".");
     row("a code that is near one", {"--exclude", "cut-text,cut-texts"},
         "\"cut-texts\" is no code of a finding. Is \"cut-text\" meant?");
-    row("a code that is near none", {"--exclude", "colour"}, "\"colour\" is no code of a finding: --codes lists them.");
+    row("a code that is near none", {"--exclude", "colour"},
+        "\"colour\" is no code of a finding: \"zelmora-check --codes\" lists them.");
 }
 
 void TestFindingsReport::wrongArguments()
