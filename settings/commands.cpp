@@ -2,15 +2,42 @@
 
 #include "config/zmconfiguration.h"
 #include "toolkit/filenames.h"
+#include "toolkit/literals.h"
 #include "toolkit/localecodec.h"
+#include "toolkit/nearest.h"
+#include "vocabulary/settings.h"
+
+#include <QObject>
 
 #include <cstdio>
+
+using toolkit::operator""_L1;
 
 namespace settings {
 
 QString pathOf(const Call& call)
 {
     return call.file.isEmpty() ? ZMConfiguration::path() : toolkit::filePath(call.file);
+}
+
+QStringList readKeys()
+{
+    QStringList keys;
+    for (const vocabulary::SettingGroup& group : vocabulary::settingGroups()) {
+        for (const vocabulary::Setting& setting : group.settings) {
+            if (vocabulary::isRead(group, setting))
+                keys += "zelmora."_L1 + group.name + QLatin1Char('.') + setting.key;
+        }
+    }
+    return keys;
+}
+
+QString notSet(const QString& key)
+{
+    const QString text = QObject::tr("%1 is not set.").arg(key);
+    const QStringList keys = readKeys();
+    const QString meant = keys.contains(key) ? QString() : toolkit::nearest(key, keys);
+    return meant.isEmpty() ? text : text + QLatin1Char(' ') + QObject::tr("Is \"%1\" meant?").arg(meant);
 }
 
 void say(const QString& text)

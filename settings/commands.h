@@ -3,6 +3,8 @@
 
 #include "settings/commandline.h"
 
+#include <QStringList>
+
 /// What `zelmora-config` does. Answers go to standard output; what is refused, and why, to standard error.
 namespace settings {
 
@@ -22,6 +24,11 @@ Status convertFile(const Call& call);
 
 /// The path of the settings file that @p call is about.
 QString pathOf(const Call& call);
+
+/// The keys that some program reads.
+QStringList readKeys();
+/// That @p key is not set; of one that no program reads, with the nearest one.
+QString notSet(const QString& key);
 
 /// Writes @p text and a line end to standard error.
 void say(const QString& text);

@@ -138,7 +138,7 @@ Status getValue(const Call& call)
         return complain(Failed, reason);
     const QString value = file.value(call.text(0));
     if (value.isEmpty())
-        return complain(Refused, QObject::tr("%1 is not set.").arg(call.text(0)));
+        return complain(Refused, notSet(call.text(0)));
     toolkit::write(toolkit::localeText(value) + '\n');
     return Done;
 }

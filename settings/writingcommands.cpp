@@ -27,19 +27,6 @@ namespace settings {
 
 namespace {
 
-/// The keys that some program reads.
-QStringList readKeys()
-{
-    QStringList keys;
-    for (const SettingGroup& group : vocabulary::settingGroups()) {
-        for (const Setting& setting : group.settings) {
-            if (vocabulary::isRead(group, setting))
-                keys += "zelmora."_L1 + group.name + QLatin1Char('.') + setting.key;
-        }
-    }
-    return keys;
-}
-
 /// Null when no program reads that key.
 const Setting* settingOf(const QString& key)
 {
@@ -167,7 +154,7 @@ Status setValue(const Call& call)
 Status unsetValue(const Call& call)
 {
     const QString path = pathOf(call);
-    const QString absent = QObject::tr("%1 is not set.").arg(call.text(0));
+    const QString absent = notSet(call.text(0));
     if (SettingsFile::isMissing(path)) // without a folder there is nothing to lock
         return call.file.isEmpty()
             ? complain(Refused, absent)

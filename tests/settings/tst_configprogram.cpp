@@ -25,6 +25,7 @@ private slots:
 
     void gets_data();
     void gets();
+    void namesTheKeyThatIsNear();
     void lists_data();
     void lists();
     void listsAllThatIsRead();
@@ -214,6 +215,19 @@ void TestConfigProgram::gets()
     QCOMPARE(run.statusOf({"get", key}), output.isEmpty() ? 1 : 0);
     QCOMPARE(run.standardOutput, output);
     QCOMPARE(run.standardError, output.isEmpty() ? key.toUtf8() + " is not set.\n" : QByteArray());
+}
+
+void TestConfigProgram::namesTheKeyThatIsNear()
+{
+    ConfigRun run;
+    run.setContents("zelmora: { receiptdoc: { paperWidth = 40; }; };");
+    QCOMPARE(run.statusOf({"get", "zelmora.receiptdoc.papperWidth"}), 1);
+    const QByteArray near = "zelmora.receiptdoc.papperWidth is not set. Is \"zelmora.receiptdoc.paperWidth\" meant?\n";
+    QCOMPARE(run.standardError, near);
+    QCOMPARE(run.statusOf({"unset", "zelmora.receiptdoc.papperWidth"}), 1);
+    QCOMPARE(run.standardError, near);
+    QCOMPARE(run.statusOf({"get", "zelmora.doc.printTime"}), 1); // which is near printDate, and read
+    QCOMPARE(run.standardError, QByteArray("zelmora.doc.printTime is not set.\n"));
 }
 
 void TestConfigProgram::lists_data()
