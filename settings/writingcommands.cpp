@@ -62,7 +62,7 @@ QString unkeepable(const QString& path, const QString& key, const QString& value
 {
     if (SettingsFile::canHold(path, key, value))
         return QString();
-    if (!SettingsFile::canHold(path, key, QString()))
+    if (!SettingsFile::canHold(path, key, QStringLiteral("1"))) // an empty value would be found where nothing is
         return QObject::tr("%1 cannot be kept in the file: no program would find a setting of that name.").arg(key);
     if (libconfig::settingsFormat(path) == "xml"_L1)
         return QObject::tr(

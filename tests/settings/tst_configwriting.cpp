@@ -238,6 +238,9 @@ void TestConfigWriting::setRefusesEvenForced_data()
     row("an ampersand in XML", "a.xml", xml, "zelmora.db.password", "a&b", value);
     row("an ampersand of a reference in XML", "a.xml", xml, "zelmora.db.password", "a&amp;b", value);
     row("a blank in a name of XML", "a.xml", xml, "zelmora.a b", "1", "zelmora.a b cannot be kept");
+    row("a sign of the format in the name of a group", "a.conf", braces, "zelmora.a}.x", "1",
+        "zelmora.a}.x cannot be kept");
+    row("a blank at the end of a group's name", "a.conf", braces, "zelmora.a .x", "1", "zelmora.a .x cannot be kept");
     row("a sign of the format in a name", "a.conf", braces, "zelmora.a=b", "1", "zelmora.a=b cannot be kept");
     row("a name beyond Western European ones", "a.conf", braces, "zelmora.€", "1", "cannot be kept");
     row("a key without a group", "a.conf", braces, "zelmora", "1", "zelmora cannot be kept");
