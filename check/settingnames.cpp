@@ -66,10 +66,14 @@ public:
 
     void checkTopLevel(const PlacedGroup& top)
     {
-        for (const ScannedSetting& setting : top.settings)
-            findings += finding(Code::OutsideGroup, setting.place,
-                                QObject::tr("The setting \"%1\" stands outside every group, where it is never found.")
-                                    .arg(excerpt(setting.name)));
+        for (const ScannedSetting& setting : top.settings) {
+            if (const std::optional<Remark> remark = remarkIn(setting))
+                findings += remarkFound(*remark, setting.place);
+            else
+                add(Code::OutsideGroup, setting.place,
+                    QObject::tr("The setting \"%1\" stands outside every group, where it is never found."),
+                    setting.name);
+        }
         for (const PlacedGroup& group : top.groups) {
             if (&group == first && group.name != suite)
                 checkWrongTopGroup(group);

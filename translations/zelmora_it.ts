@@ -1392,12 +1392,16 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
         <translation>&quot;%1&quot; vale false: %2 è &quot;true&quot; o &quot;false&quot;, scritto proprio così.</translation>
     </message>
     <message>
+        <source>%1 is out of range, and is taken all the same: %2 is %3.</source>
+        <translation>%1 è fuori dai limiti e vale lo stesso: %2 è %3.</translation>
+    </message>
+    <message>
         <source>%1 is out of range, and is taken as %2: %3 is %4.</source>
         <translation>%1 è fuori dai limiti e vale %2: %3 è %4.</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no whole number, and counts as 0: write digits alone.</source>
-        <translation>&quot;%1&quot; non è un numero intero e vale 0: scrivere solo cifre.</translation>
+        <source>&quot;%1&quot; is no whole number, and counts as %2: write digits alone.</source>
+        <translation>&quot;%1&quot; non è un numero intero e vale %2: scrivere solo cifre.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; counts as absent (%2): %3 is %4.</source>

@@ -167,6 +167,10 @@ void TestSettingsCheck::names_data()
         "zelmora: { doc: { style = a; }; };\nother: { papper = 1; a = 2; a = 3; };", {"2:1 second-top-group"});
     row("the suite's group twice", "zelmora: { doc: { style = a; }; };\nzelmora: { doc: { style = a; }; };",
         {"2:1 second-top-group"});
+    row("a remark with an equals sign before the suite's group", "# till = 2;\nzelmora: { doc: { style = a; }; };",
+        {"1:1 remark"});
+    row("words before a key outside every group", "old paperWidth = 40; zelmora: { doc: { style = a; }; };",
+        {"1:1 remark"});
     row("a setting outside every group", "\n paperWidth = 40; zelmora: { doc: { style = a; }; };",
         {"2:2 outside-group"});
 
@@ -262,7 +266,11 @@ void TestSettingsCheck::values_data()
     row("a flag of a document without that part", document("reportdoc", "printCustomer = true;"), {"3:1 no-effect"});
     row("a key that nobody reads in this document", document("receiptdoc", "descriptionWidth = 20;"),
         {"3:1 no-effect"});
-    row("the same in which its value is not judged", document("receiptdoc", "descriptionWidth = wide;"), {});
+    row("the same whose value, which nobody reads, is not judged", document("receiptdoc", "descriptionWidth = wide;"),
+        {"3:1 no-effect"});
+    row("the same whose value is beyond 32 bits", document("fiscaldoc", "topMargin = 99999999999;"), {"3:1 no-effect"});
+    row("a number that is none, and would have no effect", document("fiscaldoc", "paperWidth = wide;"),
+        {"3:1 not-a-number"});
     row("copies of the list of dishes sold", document("solddoc", "copyNumber = 2;"), {"3:1 no-effect"});
     row("copies of another document", document("receiptdoc", "copyNumber = 2;"), {});
     row("settings without effect that say what absence means",
@@ -424,6 +432,8 @@ void TestSettingsCheck::texts_data()
          "There are no comments: the text becomes part of the name, and \"paperWidth\" is not found. Remove it.");
     says("the key that a remark with an equals sign hides", receipt("# paper = 40 mm\nprintDate = true;"),
          "There are no comments: the text becomes part of the name, and \"printDate\" is not found. Remove it.");
+    says("the suite's group, which a remark with an equals sign hides", "# till = 2\nzelmora: {\n};",
+         "There are no comments: the text becomes part of the name, and \"zelmora\" is not found. Remove it.");
     says("the group that a remark with a colon hides", "zelmora: {\n# till: 2\nreceiptdoc: { style = a; }; };",
          "There are no comments: the text becomes part of the name, and \"receiptdoc\" is not found. Remove it.");
     says("the setting that a value swallows", receipt("style = a\nprintDate = true;"),
@@ -444,6 +454,14 @@ void TestSettingsCheck::texts_data()
          "99999 is out of range, and is taken as 10000: topMargin is a whole number from 0 to 10000.");
     says("what a number beyond 32 bits becomes", receipt("topMargin = 99999999999;"),
          "99999999999 is out of range, and is taken as 0: topMargin is a whole number from 0 to 10000.");
+    says("what a width beyond 32 bits becomes", receipt("paperWidth = 99999999999;"),
+         "99999999999 is out of range, and is taken as 32: paperWidth is a whole number from 0 to 10000.");
+    says("what a number below its range becomes", receipt("topMargin = -3;"),
+         "-3 is out of range, and is taken all the same: topMargin is a whole number from 0 to 10000.");
+    says("what a number that is none becomes", receipt("topMargin = 3 lines;"),
+         "\"3 lines\" is no whole number, and counts as 0: write digits alone.");
+    says("what a paper's width that is none becomes", receipt("paperWidth = 40 mm;"),
+         "\"40 mm\" is no whole number, and counts as 32: write digits alone.");
     says("what a log without a type does", "zelmora: { logger: { type = APEND; }; };",
          "\"APEND\" counts as absent (nothing is logged): type is one of APPEND, OVERWRITE.");
     says("the sum of the columns",
