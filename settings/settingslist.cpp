@@ -6,7 +6,6 @@
 #include "toolkit/literals.h"
 #include "toolkit/localecodec.h"
 #include "toolkit/numbertext.h"
-#include "vocabulary/documentgroups.h"
 
 #include <QFile>
 #include <QJsonObject>
@@ -43,12 +42,21 @@ QString numberTaken(const Setting& setting, const QString& written)
     return number == 0 ? QString(setting.absent) : QString::number(number);
 }
 
-/// What the print program takes for a document's setting.
+/// What the print program takes for a setting.
 QString valueTaken(const Setting& setting, const QString& written)
 {
-    if (setting.kind == SettingKind::Number)
+    switch (setting.kind) {
+    case SettingKind::Number:
         return numberTaken(setting, written);
-    return written == "true"_L1 ? written : QStringLiteral("false");
+    case SettingKind::Flag:
+        return written == "true"_L1 ? written : QStringLiteral("false");
+    case SettingKind::Word:
+    case SettingKind::Path:
+    case SettingKind::Text:
+    case SettingKind::Secret:
+        break;
+    }
+    return written;
 }
 
 QString shownValue(const ListedSetting& listed, const QString& value, const ListForm& form)
@@ -124,15 +132,16 @@ SettingsList settingsOf(const SettingGroup& group, const check::PlacedSettings& 
 
 SettingsList settingsFor(const vocabulary::Method& method, const check::PlacedSettings& file)
 {
-    const SettingGroup& group = *vocabulary::findGroup(documentgroups::ofType(method.documentType));
     SettingsList list;
-    for (const Setting& setting : group.settings) {
-        if (!vocabulary::methodsAffected(group, setting).contains(&method))
-            continue;
-        ListedSetting found = listed(group, setting, file);
-        if (!found.isAbsent())
-            found.value = valueTaken(setting, found.written);
-        list += found;
+    for (const SettingGroup& group : vocabulary::settingGroups()) {
+        for (const Setting& setting : group.settings) {
+            if (!vocabulary::methodsAffected(group, setting).contains(&method))
+                continue;
+            ListedSetting found = listed(group, setting, file);
+            if (!found.isAbsent())
+                found.value = valueTaken(setting, found.written);
+            list += found;
+        }
     }
     return list;
 }

@@ -45,8 +45,8 @@ constexpr QLatin1String levels[] = {"DEBUG"_L1, "INFO"_L1, "WARNING"_L1, "ERROR"
 constexpr QLatin1String types[] = {"APPEND"_L1, "OVERWRITE"_L1};
 
 constexpr Setting language[] = {
-    {"basedir"_L1, Kind::Path, {}, QT_TRANSLATE_NOOP("QObject", "the labels are English"), QT_TRANSLATE_NOOP("QObject", "The folder of the translation, with a slash at its end unless file is \"/\".")},
-    {"file"_L1, Kind::Text, {}, QT_TRANSLATE_NOOP("QObject", "the labels are English"), QT_TRANSLATE_NOOP("QObject", "The name of the translation, or \"/\" for that of the user's language.")},
+    {"basedir"_L1, Kind::Path, {}, QT_TRANSLATE_NOOP("QObject", "the labels are English"), QT_TRANSLATE_NOOP("QObject", "The folder of the translation, with a slash at its end unless file is \"/\"."), 0, 0, {}, withSections},
+    {"file"_L1, Kind::Text, {}, QT_TRANSLATE_NOOP("QObject", "the labels are English"), QT_TRANSLATE_NOOP("QObject", "The name of the translation, or \"/\" for that of the user's language."), 0, 0, {}, withSections},
 };
 
 constexpr Setting logger[] = {
@@ -197,9 +197,10 @@ QVector<const Method*> methodsOf(const SettingGroup& group)
 QVector<const Method*> methodsAffected(const SettingGroup& group, const Setting& setting)
 {
     QVector<const Method*> found;
-    for (const Method* const method : methodsOf(group)) {
-        if (actsIn(setting, *method))
-            found += method;
+    for (const Method& method : methods()) {
+        const bool takesGroup = !group.isDocument || group.name == documentgroups::ofType(method.documentType);
+        if (takesGroup && actsIn(setting, method))
+            found += &method;
     }
     return found;
 }

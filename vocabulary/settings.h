@@ -33,7 +33,7 @@ struct Setting {
     int greatest = 0;
     Table<QLatin1String> words = {}; ///< what a word may be
     unsigned int actsIn =
-        0; ///< of a document's setting: bit number n is set when the script of methods()[n] depends on it
+        0; ///< of a document's and the language's: bit number n is set when the script of methods()[n] depends on it
     enum class ReadIn { EveryDocument, DocumentsItActsIn, AllButSold } readIn = ReadIn::EveryDocument;
 };
 
@@ -55,7 +55,7 @@ const Setting* findSetting(const SettingGroup& group, const QString& key);
 bool isRead(const SettingGroup& group, const Setting& setting);
 /// The methods printed with a document's settings.
 QVector<const Method*> methodsOf(const SettingGroup& group);
-/// Of these those whose scripts depend on the setting.
+/// The methods whose scripts depend on the setting in that group.
 QVector<const Method*> methodsAffected(const SettingGroup& group, const Setting& setting);
 /// Whether it has an effect anywhere: in some document's script, or in another program.
 bool actsSomewhere(const Setting& setting);

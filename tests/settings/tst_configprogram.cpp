@@ -392,6 +392,7 @@ void TestConfigProgram::effectiveSettingsOfAMethod_data()
     QTest::addColumn<QString>("method");
     QTest::addColumn<QByteArray>("keys"); // as docs/settings-file.md has them
 
+    const QByteArray labels = "basedir file "; // of the language
     const QByteArray sections = "paperWidth printGeometry printHeader printCompany ";
     const QByteArray customer = "printDeliveryAddress printBillingAddress printTelephone ";
     const QByteArray order = "printDate printTime printTable ";
@@ -399,14 +400,15 @@ void TestConfigProgram::effectiveSettingsOfAMethod_data()
     const QByteArray rest = "printCredit printWaiter printNote topMargin";
     const QByteArray columns = "quantityFieldWidth priceFieldWidth totalPriceFieldWidth ";
     QTest::newRow("an order") << "printPartialOrder"
-                              << "quantityFieldWidth " + sections + customer + order + customerToo + rest;
-    QTest::newRow("a receipt") << "printFullOrderReceipt" << columns + sections + customer + order + customerToo + rest;
+                              << labels + "quantityFieldWidth " + sections + customer + order + customerToo + rest;
+    QTest::newRow("a receipt") << "printFullOrderReceipt"
+                               << labels + columns + sections + customer + order + customerToo + rest;
     QTest::newRow("a summary receipt, which has no customer")
-        << "printAbstractOrderReceipt" << columns + sections + order + rest;
-    QTest::newRow("a statement of account") << "printStatementOfAccount"
-                                            << "priceFieldWidth " + sections + order + rest;
-    QTest::newRow("a report") << "printReport" << sections + order + rest;
-    QTest::newRow("a fiscal receipt") << "printFullOrderFiscal" << QByteArray("descriptionWidth");
+        << "printAbstractOrderReceipt" << labels + columns + sections + order + rest;
+    QTest::newRow("a statement of account")
+        << "printStatementOfAccount" << labels + "priceFieldWidth " + sections + order + rest;
+    QTest::newRow("a report") << "printReport" << labels + sections + order + rest;
+    QTest::newRow("a fiscal receipt, which has no labels") << "printFullOrderFiscal" << QByteArray("descriptionWidth");
 }
 
 void TestConfigProgram::effectiveSettingsOfAMethod()
@@ -424,7 +426,7 @@ void TestConfigProgram::effectiveSettingsOfAMethod()
 void TestConfigProgram::effectiveAsJson()
 {
     ConfigRun run;
-    run.setContents("zelmora: { solddoc: { printDate = True; printTime = true; }; };");
+    run.setContents("zelmora: { solddoc: { printDate = True; printTime = true; }; language: { file = it; }; };");
     QCOMPARE(run.statusOf({"effective", "printSold", "--format", "json"}), 0);
     QHash<QString, QJsonObject> objects;
     for (const QJsonValue& value : arrayIn(run.standardOutput))
@@ -432,6 +434,8 @@ void TestConfigProgram::effectiveAsJson()
     QCOMPARE(objects.value("zelmora.solddoc.printDate").value("value"), QJsonValue("false"));
     QCOMPARE(objects.value("zelmora.solddoc.printTime").value("value"), QJsonValue("true"));
     QCOMPARE(objects.value("zelmora.solddoc.printTime").value("line"), QJsonValue(1));
+    QCOMPARE(objects.value("zelmora.language.file").value("value"), QJsonValue("it"));
+    QCOMPARE(objects.value("zelmora.language.basedir").value("default"), QJsonValue());
     QCOMPARE(objects.value("zelmora.solddoc.printTable").value("value"), QJsonValue());
     QCOMPARE(objects.value("zelmora.solddoc.printTable").value("default"), QJsonValue("false"));
     QCOMPARE(run.statusOf({"effective", "printAbstractOrder", "--format", "json"}), 0);

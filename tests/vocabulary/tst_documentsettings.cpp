@@ -223,9 +223,10 @@ void TestDocumentSettings::theLanguageActsInEveryMethodThatPrintsLabels()
     SampleRun run;
     const SampleJob job = sampleJob();
     const QByteArray english = run.script(printed, job);
-    const bool printsLabels = vocabulary::findElement(printed, "orderinfo");
     const QByteArray italian = run.scriptWithFile(printed, job, language(catalogue.path(), catalogue.fileName()));
-    QCOMPARE(italian != english, printsLabels);
+    const SettingGroup& languages = *vocabulary::findGroup("language");
+    for (const Setting& setting : languages.settings)
+        QCOMPARE(italian != english, vocabulary::methodsAffected(languages, setting).contains(&printed));
     QCOMPARE(run.scriptWithFile(printed, job, language(catalogue.path(), "none.qm")), english);
     QCOMPARE(run.scriptWithFile(printed, job, language("/nowhere", catalogue.fileName())), english);
 }

@@ -247,7 +247,9 @@ void TestProgramSettings::whereSettingsAct()
     QCOMPARE(affected("reportdoc", "priceFieldWidth"), QStringList {"printStatementOfAccount"});
     QCOMPARE(affected("fiscaldoc", "descriptionWidth"), QStringList {"printFullOrderFiscal"});
     QCOMPARE(affected("doc", "descriptionWidth"), QStringList());
-    QCOMPARE(affected("language", "file"), QStringList());
+    QCOMPARE(affected("logger", "level"), QStringList());
+    QVERIFY(affected("language", "file").contains("printReport"));
+    QVERIFY(!affected("language", "file").contains("printFullOrderFiscal"));
 
     QVERIFY(vocabulary::actsSomewhere(setting("doc", "topMargin")));
     QVERIFY(vocabulary::actsSomewhere(setting("doc", "copyNumber"))); // in other programs

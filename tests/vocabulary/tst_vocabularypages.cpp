@@ -117,7 +117,7 @@ QStringList groupsWhereItActs(const Setting& setting)
 {
     QStringList groups;
     for (const SettingGroup& group : vocabulary::settingGroups()) {
-        if (!vocabulary::methodsAffected(group, setting).isEmpty())
+        if (group.isDocument && !vocabulary::methodsAffected(group, setting).isEmpty())
             groups += group.name;
     }
     return groups;
