@@ -117,7 +117,8 @@ private:
         levels.last().holdsSetting |= level.holdsSetting;
         const bool isLeftOut = levels.size() == 1 && level.isInTree && !isWritten();
         if (isLeftOut || (!level.holdsSetting && !level.name.isEmpty()))
-            drop(level.name.isEmpty() ? QStringLiteral(":") : level.name, level.place);
+            drop(level.name.isEmpty() ? QStringLiteral(":") : level.name, level.place,
+                 level.holdsSetting ? QString() : level.key);
     }
 
     /// Of the top-level groups the first that holds something is written, and it alone.
@@ -129,7 +130,10 @@ private:
 
     bool isWritten() const { return written != 0 && written == review.topLevelGroups.size(); }
 
-    void drop(const QString& text, TextPlace place) { review.dropped += FileRemark {text, place}; }
+    void drop(const QString& text, TextPlace place, const QString& emptyGroup = {})
+    {
+        review.dropped += FileRemark {text, place, emptyGroup};
+    }
 
     FileReview review;
     QVector<Level> levels; ///< the top level, and the groups that are open

@@ -17,6 +17,7 @@ struct FileRemark {
     /// stands in the file.
     QString text;
     toolkit::TextPlace place; ///< of the name or the text
+    QString emptyGroup; ///< of a group that holds nothing: what the keys in it would begin with
 };
 
 /// A settings file looked through from its first byte to its last, for those who save it. What is wrong with it is for

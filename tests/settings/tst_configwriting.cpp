@@ -31,6 +31,7 @@ private slots:
 
     void whatWouldBeLostIsNotLost_data();
     void whatWouldBeLostIsNotLost();
+    void anEmptyGroupThatIsFilledIsNotLost();
     void whatIsLostIsKeptBeside();
     void nothingIsLostThatCannotBeKept();
     void secretsAreNotShown_data();
@@ -404,6 +405,24 @@ void TestConfigWriting::whatWouldBeLostIsNotLost()
     QCOMPARE(fileContents(path + '~'), contents);
     QCOMPARE(run.ownStatusOf({"--file", file, "get", "zelmora.bin.path"}), 0);
     QCOMPARE(run.standardOutput, QByteArray("/x\n"));
+}
+
+// Another one is, though it holds as little.
+void TestConfigWriting::anEmptyGroupThatIsFilledIsNotLost()
+{
+    ConfigRun run;
+    run.setContents("zelmora: { receiptdoc: { }; };");
+    QCOMPARE(run.statusOf({"set", "zelmora.receiptdoc.paperWidth", "40"}), 0);
+    QCOMPARE(run.standardError, QByteArray());
+    QCOMPARE(run.contents(),
+             QByteArray("zelmora: \n{\n    receiptdoc: \n    {\n        paperWidth = \"40\";\n    };\n\n};\n\n"));
+    QCOMPARE(filesIn(run.path(".")), (QStringList {"a.conf", "home"}));
+
+    run.setContents("zelmora: { receiptdoc: { }; receipt: { }; };");
+    QCOMPARE(run.statusOf({"set", "zelmora.receiptdoc.paperWidth", "40"}), 1);
+    QCOMPARE(run.standardError,
+             QByteArray("Saving will drop from the file:\n  line 1: receipt\n"
+                        "Nothing was changed. With --force that is dropped.\n"));
 }
 
 void TestConfigWriting::whatIsLostIsKeptBeside()
