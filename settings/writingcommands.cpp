@@ -99,7 +99,7 @@ Status finish(FileChange& change, const Call& call)
 {
     const QString broken = change.tryWriting();
     if (!broken.isEmpty())
-        return complain(Refused, broken);
+        return complain(change.trial().reason.isEmpty() ? Refused : Failed, broken);
     if (!mayDrop(change.losses(), call))
         return Refused;
     const QString reason = change.save();
