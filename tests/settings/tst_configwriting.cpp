@@ -34,6 +34,7 @@ private slots:
     void anEmptyGroupThatIsFilledIsNotLost();
     void whatIsLostIsKeptBeside();
     void nothingIsLostThatCannotBeKept();
+    void settingsTooLargeToWrite();
     void secretsAreNotShown_data();
     void secretsAreNotShown();
 
@@ -446,6 +447,19 @@ void TestConfigWriting::nothingIsLostThatCannotBeKept()
     QCOMPARE(run.statusOf({"set", "--force", "zelmora.bin.path", "/x"}), 2);
     QVERIFY2(run.standardError.contains("cannot be kept"), run.standardError.constData());
     QCOMPARE(run.contents(), braces + "words");
+}
+
+// Each line of the inner groups begins with 4,000 blanks.
+void TestConfigWriting::settingsTooLargeToWrite()
+{
+    ConfigRun run;
+    const QByteArray settings = QByteArray("zelmora:{").repeated(998) + QByteArray("g:{a=;};").repeated(140000)
+        + QByteArray("};").repeated(998);
+    run.setContents(settings);
+    QCOMPARE(run.statusOf({"set", "--force", "zelmora.x", "1"}), 2);
+    QVERIFY2(run.standardError.endsWith("cannot be written: the settings are larger than 2 GiB\n"),
+             run.standardError.constData());
+    QVERIFY(run.contents() == settings);
 }
 
 void TestConfigWriting::secretsAreNotShown_data()
