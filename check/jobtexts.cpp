@@ -322,7 +322,7 @@ toolkit::TextPlace JobTexts::placeOfLine(const QString& text)
         return printerName.ends(text) ? printerName.place() : element->place();
     gather();
     const PrintedText* longest = nullptr;
-    for (const PrintedText& printed : qAsConst(texts)) {
+    for (PrintedText& printed : texts) {
         if (printed.ends(text) && (!longest || longest->size() < printed.size()))
             longest = &printed;
     }

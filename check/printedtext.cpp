@@ -34,12 +34,10 @@ bool PrintedText::holds(uint codePoint) const
                                                 : source.contains(QChar(codePoint));
 }
 
-bool PrintedText::ends(const QString& text) const
+bool PrintedText::ends(const QString& text)
 {
-    if (isAddress) {
-        const QString line = text.trimmed();
-        return !line.isEmpty() && printed.contains(line);
-    }
+    if (isAddress)
+        return hasLine(QStringView(text).trimmed());
     return !printed.isEmpty() && text.endsWith(printed);
 }
 
@@ -51,16 +49,28 @@ Trouble PrintedText::troubleAt(const TroubleFinder& finder, int index) const
     return finder.at(printed, index);
 }
 
-/// What of it is printed next, and whole: a line of an address, which has no white space around it, or all.
-PrintedText::Piece PrintedText::next() const
+bool PrintedText::hasLine(QStringView line)
+{
+    if (lines.isEmpty()) {
+        Piece piece {0, 0, 0};
+        while (piece.following < printed.size()) {
+            piece = pieceFrom(piece.following);
+            lines.insert(QStringView(printed).mid(piece.begin, piece.end - piece.begin));
+        }
+    }
+    return !line.isEmpty() && lines.contains(line);
+}
+
+/// What of it is printed whole from there on: a line of an address, which has no white space around it, or all.
+PrintedText::Piece PrintedText::pieceFrom(int from) const
 {
     if (!isAddress)
-        return {begin, printed.size(), printed.size()};
-    const int comma = printed.indexOf(QLatin1Char(','), begin);
+        return {from, printed.size(), printed.size()};
+    const int comma = printed.indexOf(QLatin1Char(','), from);
     const int end = comma < 0 ? printed.size() : comma;
-    if (end == begin)
-        return {begin, begin, printed.size()}; // an empty field ends it
-    const QStringView line = QStringView(printed).mid(begin, end - begin).trimmed();
+    if (end == from)
+        return {from, from, printed.size()}; // an empty field ends it
+    const QStringView line = QStringView(printed).mid(from, end - from).trimmed();
     const int first = static_cast<int>(line.data() - printed.constData());
     return {first, first + static_cast<int>(line.size()), end + 1};
 }

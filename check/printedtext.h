@@ -6,6 +6,7 @@
 
 #include <QSet>
 #include <QString>
+#include <QStringView>
 
 #include <functional>
 
@@ -30,7 +31,7 @@ public:
     /// Whether the job's text has the character, or the half of one.
     bool holds(uint codePoint) const;
     /// Whether the line @p text ends with it; of an address, whether it is one of its lines.
-    bool ends(const QString& text) const;
+    bool ends(const QString& text);
     /// Whether there is trouble in it, for the script that @p finder knows, that was not met yet.
     bool hasTrouble(const TroubleFinder& finder);
     /// Reports the trouble in the part of it that @p text holds: of each kind the first, each unprintable character
@@ -45,7 +46,9 @@ private:
     };
 
     Trouble troubleAt(const TroubleFinder& finder, int index) const;
-    Piece next() const;
+    Piece pieceFrom(int from) const;
+    Piece next() const { return pieceFrom(begin); }
+    bool hasLine(QStringView line);
     int positionIn(const QString& text, const Piece& piece, const TroubleFinder& finder) const;
     void reportOnce(Trouble kind, uint codePoint, int position, const Report& report);
 
@@ -54,6 +57,7 @@ private:
     toolkit::TextPlace itsPlace;
     bool isAddress = false;
     bool isEightBit = false;
+    QSet<QStringView> lines; ///< of an address, once they are asked for: there may be as many as in the script
     int begin = 0; ///< of what was not met yet
     int trouble = -1; ///< the first from there on, once it was looked for
     QSet<int> reported;

@@ -34,6 +34,15 @@ QByteArray manyAttributes(const QByteArray& element, int count, const QByteArray
     return tag + "/>";
 }
 
+/// Of an address: each of them is another.
+QByteArray wideLines(int count)
+{
+    QByteArray lines;
+    for (int i = 0; i < count; ++i)
+        lines += QByteArray::number(i).rightJustified(33, '0') + ',';
+    return lines;
+}
+
 } // namespace
 
 void TestHostileJobs::job_data()
@@ -58,6 +67,8 @@ void TestHostileJobs::job_data()
     row("an address of 1,000,000 lines",
         receipt("<customer name='a' billingaddress=\"" + QByteArray("'a,").repeated(1000000) + "\"/>"), 1,
         "2:20 warning quote-in-text");
+    row("an address of 100,000 lines that are too wide",
+        receipt("<customer name='a' billingaddress='" + wideLines(100000) + "'/>"), 1, "2:20 warning too-wide");
     row("100,000 attributes that nobody reads", receipt(manyAttributes("total", 100000, "1", false)), 100001,
         "2:1088887 warning unknown-attribute");
     row("100,000 of one name", receipt(manyAttributes("total", 100000, "1", true)), 100001,
