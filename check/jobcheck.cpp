@@ -100,14 +100,14 @@ bool JobCheck::startElement(const QString&, const QString&, const QString& name,
     }
     if (!isRoot)
         judgeNames(element, findings);
-    if (isMethod)
-        return startMethod(element);
-    if (!method)
-        early += EarlyElement {name, element.place(), !isRoot && isKnownElement(name)};
     if (element.entry)
         judgeElement(element);
     entities.clear();
     knownEntities.clear();
+    if (isMethod)
+        return startMethod(element);
+    if (!method)
+        early += EarlyElement {name, element.place(), !isRoot && isKnownElement(name)};
     print(element);
     return true;
 }

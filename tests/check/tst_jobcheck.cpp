@@ -220,6 +220,8 @@ void TestJobCheck::values_data()
         {"2:10 warning missing-attribute", "2:10 warning unknown-entity", "2:10 warning unknown-entity"});
     row("one where it does not print", receipt("&a;<printers port='&a;' name='&b;'/><nonsense b='&a;'/>"),
         {"2:25 warning unknown-entity", "2:37 warning unknown-element"});
+    row("one in the method is none of the next element's",
+        "<job><method name='printFullOrderReceipt&a;'/>\n<receipt serialnumber='7'/></job>", {});
     row("entities that XML declares", receipt("<receipt serialnumber='&amp;&lt;&#65;'/>"), {});
     row("what an entity brings stands at its reference",
         "<!DOCTYPE job [<!ENTITY e '<totl/>'>]><job>" + receiptMethod + "\n &e;</job>",
