@@ -7,7 +7,10 @@ namespace check {
 QString shown(const QString& text)
 {
     const int greatest = 80; // a job may hold megabytes, which nobody reads and each finding would keep
-    return text.size() <= greatest ? text : text.left(greatest) + QStringLiteral("...");
+    if (text.size() <= greatest)
+        return text;
+    const int end = text.at(greatest - 1).isHighSurrogate() ? greatest - 1 : greatest; // no half of a character
+    return text.left(end) + QStringLiteral("...");
 }
 
 QString namesOf(const QVector<const vocabulary::Method*>& methods)

@@ -248,7 +248,7 @@ bool JobCheck::fatalError(const QXmlParseException& error)
     isBroken = true;
     const QString printed = commands == 0
         ? QObject::tr("Nothing is printed.")
-        : QObject::tr("Printed until here: %1 lines of the script; the document is not closed.").arg(commands);
+        : QObject::tr("Lines of the script until here: %1; the document is not closed.").arg(commands);
     add(findings, Code::NotWellFormed, places.reached(), xmlCause(error.message()) + QLatin1Char(' ') + printed);
     return false;
 }

@@ -236,7 +236,8 @@ void JobTexts::report(Trouble trouble, uint codePoint, const QString& command, t
         break;
     case Trouble::Control:
         add(findings, Code::ControlCharacter, place,
-            QObject::tr("In a line there must be no %1: it breaks the command.").arg(toolkit::nameOf(codePoint)));
+            QObject::tr("The text has a %1, which breaks the command: write a blank in its place.")
+                .arg(toolkit::nameOf(codePoint)));
         break;
     case Trouble::Unprintable: {
         const auto canPrint = [this](uint other) { return finder.canPrint(other) && other <= 0xFF; };
@@ -264,9 +265,12 @@ void JobTexts::judgeCut(const QString& text, int kept)
     if (description == attributes.end())
         return;
     const toolkit::TextPlace place = element->placeOf(description->name);
-    const QString rest = text.left(kept);
+    QString rest = text.left(kept);
+    const bool isHalved = kept > 0 && text.at(kept - 1).isHighSurrogate(); // half a character is none
+    if (isHalved)
+        rest[kept - 1] = QLatin1Char('?');
     add(findings, Code::CutText, place, QObject::tr("\"%1\" is cut to \"%2\".").arg(shown(text), shown(rest)));
-    if (!rest.isEmpty() && rest.back().isHighSurrogate()) // half a character is none
+    if (isHalved)
         report(Trouble::Unprintable, codePointAt(text, kept - 1), QString(), place);
 }
 

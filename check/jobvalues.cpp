@@ -35,6 +35,7 @@ private:
     void judgeMissing(const Attribute& attribute, int index);
     void judgeInOrder();
     void judgeKind(const Attribute& attribute, int index);
+    void judgePrice(int index, const QString& price);
     void judgeNumber(const Attribute& attribute, int index);
     void judgeAddress(int index);
     bool hasContent() const;
@@ -159,13 +160,27 @@ QString consequence(Kind kind)
         return QObject::tr("\"%1\" is no number with a point: the variant prints with a wrong sign or with the text.");
     case Kind::FiscalQuantity:
         return QObject::tr("\"%1\" is no number with a point: the register may take it for another field.");
-    case Kind::FiscalPrice:
-        return QObject::tr("\"%1\" is no price: the register gets it as it is and may refuse the sale.");
     case Kind::BareRate:
         return QObject::tr("\"%1\" is no number: it prints as it is, with \"%\" behind it.");
     default:
         return QObject::tr("\"%1\" is no number: it prints as it is.");
     }
+}
+
+/// What the engine reads of a price decides whether it is a discount; the register gets no more than that then.
+void Values::judgePrice(int index, const QString& price)
+{
+    const bool isMeantAsDiscount = price.startsWith(QLatin1Char('-'));
+    QString text = QObject::tr("\"%1\" is no price: the register gets it as it is and may refuse the sale.");
+    if (element.isDiscount())
+        text = QObject::tr("\"%1\" is no price, and the discount may be another than is meant.");
+    else if (isMeantAsDiscount)
+        text = QObject::tr("\"%1\" is no price: the discount becomes a sale.");
+    text = text.arg(shown(price)) + QLatin1Char(' ') + QObject::tr("Write a sign, digits and one comma or point.");
+    if (isMeantAsDiscount)
+        add(findings, Code::NotANumber, element.placeOf(index), text);
+    else
+        addLesser(findings, Code::NotANumber, element.placeOf(index), text);
 }
 
 void Values::judgeNumber(const Attribute& attribute, int index)
@@ -174,10 +189,8 @@ void Values::judgeNumber(const Attribute& attribute, int index)
     const bool isDropped = attribute.kind != Kind::FiscalPrice && element.isDiscount();
     if (isNumber(attribute.kind, value) || isDropped)
         return;
-    if (attribute.kind == Kind::FiscalPrice && value.startsWith(QLatin1Char('-')))
-        add(findings, Code::NotANumber, element.placeOf(index),
-            QObject::tr("\"%1\" is no price: the discount becomes a sale. Write a sign, digits and one comma or point.")
-                .arg(shown(value)));
+    if (attribute.kind == Kind::FiscalPrice)
+        judgePrice(index, value);
     else
         addLesser(findings, Code::NotANumber, element.placeOf(index), consequence(attribute.kind).arg(shown(value)));
 }

@@ -16,10 +16,13 @@ struct Cause {
     const char* words; ///< to be translated
 };
 
-const char declaration[] = QT_TRANSLATE_NOOP(
-    "QObject", "The XML declaration is not as it must be, such as <?xml version=\"1.0\" encoding=\"UTF-8\"?>.");
+const char declaration[] = QT_TRANSLATE_NOOP("QObject",
+                                             "The XML declaration must be the first thing in the file and look like "
+                                             "<?xml version=\"1.0\" encoding=\"UTF-8\"?>.");
 const char typeDeclaration[] = QT_TRANSLATE_NOOP("QObject", "The document type declaration is not as it must be.");
-const char reference[] = QT_TRANSLATE_NOOP("QObject", "The reference that begins with \"&\" is not as it must be.");
+const char reference[] = QT_TRANSLATE_NOOP("QObject",
+                                           "The reference that begins with \"&\" is not as it must be. An \"&\" by "
+                                           "itself is written &amp; with the semicolon.");
 
 // clang-format off
 constexpr Cause causes[] = {

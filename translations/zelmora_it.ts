@@ -1557,8 +1557,8 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
         <translation>Non viene stampato nulla.</translation>
     </message>
     <message>
-        <source>Printed until here: %1 lines of the script; the document is not closed.</source>
-        <translation>Stampate fin qui %1 righe di comandi; il documento non viene chiuso.</translation>
+        <source>Lines of the script until here: %1; the document is not closed.</source>
+        <translation>Righe di comandi fin qui: %1; il documento non viene chiuso.</translation>
     </message>
     <message>
         <source>No print method reads an element &quot;%1&quot;: it does not print.</source>
@@ -1625,8 +1625,8 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
         <translation>L&apos;apostrofo chiude in anticipo il testo per il registratore, e il comando diventa: %1</translation>
     </message>
     <message>
-        <source>In a line there must be no %1: it breaks the command.</source>
-        <translation>In una riga questo carattere non deve esserci (%1): spezza il comando.</translation>
+        <source>The text has a %1, which breaks the command: write a blank in its place.</source>
+        <translation>Nel testo c&apos;è un carattere che spezza il comando (%1): scrivere uno spazio al suo posto.</translation>
     </message>
     <message>
         <source>The script cannot hold &quot;%1&quot;, %2: &quot;?&quot; prints in its place.</source>
@@ -1701,8 +1701,16 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
         <translation>&quot;%1&quot; non è un numero: viene stampato così com&apos;è.</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no price: the discount becomes a sale. Write a sign, digits and one comma or point.</source>
-        <translation>&quot;%1&quot; non è un prezzo: lo sconto diventa una vendita. Scrivere un segno, cifre e una sola virgola o un solo punto.</translation>
+        <source>&quot;%1&quot; is no price: the discount becomes a sale.</source>
+        <translation>&quot;%1&quot; non è un prezzo: lo sconto diventa una vendita.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no price, and the discount may be another than is meant.</source>
+        <translation>&quot;%1&quot; non è un prezzo, e lo sconto può essere diverso da quello voluto.</translation>
+    </message>
+    <message>
+        <source>Write a sign, digits and one comma or point.</source>
+        <translation>Scrivere un segno, cifre e una sola virgola o un solo punto.</translation>
     </message>
     <message>
         <source>The address ends with its first empty field: &quot;%1&quot; does not print.</source>
@@ -1749,16 +1757,16 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
         <translation>%1 è &quot;%2&quot; in %3:%4</translation>
     </message>
     <message>
-        <source>The XML declaration is not as it must be, such as &lt;?xml version=&quot;1.0&quot; encoding=&quot;UTF-8&quot;?&gt;.</source>
-        <translation>La dichiarazione XML non è corretta. Una giusta è &lt;?xml version=&quot;1.0&quot; encoding=&quot;UTF-8&quot;?&gt;.</translation>
+        <source>The XML declaration must be the first thing in the file and look like &lt;?xml version=&quot;1.0&quot; encoding=&quot;UTF-8&quot;?&gt;.</source>
+        <translation>La dichiarazione XML deve essere la prima cosa nel file e avere la forma &lt;?xml version=&quot;1.0&quot; encoding=&quot;UTF-8&quot;?&gt;.</translation>
     </message>
     <message>
         <source>The document type declaration is not as it must be.</source>
         <translation>La dichiarazione del tipo di documento non è corretta.</translation>
     </message>
     <message>
-        <source>The reference that begins with &quot;&amp;&quot; is not as it must be.</source>
-        <translation>Il riferimento che comincia con &quot;&amp;&quot; non è corretto.</translation>
+        <source>The reference that begins with &quot;&amp;&quot; is not as it must be. An &quot;&amp;&quot; by itself is written &amp;amp; with the semicolon.</source>
+        <translation>Il riferimento che comincia con &quot;&amp;&quot; non è corretto. Una &quot;&amp;&quot; da sola si scrive &amp;amp; con il punto e virgola.</translation>
     </message>
     <message>
         <source>The file ends in the middle: something is still open.</source>

@@ -395,7 +395,7 @@ void TestJobCheck::texts_data()
         << QByteArray() << receipt("<total price='1'/><a b=1/>")
         << "The character must not stand here. Values stand in quotes; inside them \"<\" is written &lt;, a quote "
            "&quot; "
-           "or &apos;. Printed until here: 3 lines of the script; the document is not closed.";
+           "or &apos;. Lines of the script until here: 3; the document is not closed.";
     QTest::newRow("that nothing was") << QByteArray() << QByteArray("<job")
                                       << "The file ends in the middle: something is still open. Nothing is printed.";
     QTest::newRow("which methods read an element")
@@ -410,6 +410,25 @@ void TestJobCheck::texts_data()
         << "\"date\" does not print: zelmora.receiptdoc.printDate is \"%4\" in till.conf:5.";
     QTest::newRow("that it is not set") << QByteArray() << receipt("<orderinfo date='x'/>")
                                         << "\"date\" does not print: zelmora.receiptdoc.printDate is not set to true.";
+    const auto price = [](const QByteArray& text) {
+        return jobOf("printFullOrderFiscal", "<receipe department='1' number='1' name='a' price='" + text + "'/>");
+    };
+    QTest::newRow("a discount that becomes a sale")
+        << QByteArray() << price("-1,00 EUR")
+        << "\"-1,00 EUR\" is no price: the discount becomes a sale. Write a sign, digits and one comma or point.";
+    QTest::newRow("a discount that stays one, as the engine reads it")
+        << QByteArray() << price("-1e2")
+        << "\"-1e2\" is no price, and the discount may be another than is meant. Write a sign, digits and one comma or "
+           "point.";
+    QTest::newRow("a sale that the register may refuse")
+        << QByteArray() << price("1e2")
+        << "\"1e2\" is no price: the register gets it as it is and may refuse the sale. Write a sign, digits and one "
+           "comma or point.";
+    QTest::newRow("a long value is not repeated up to the half of a character")
+        << QByteArray()
+        << jobOf("printSold",
+                 "<receipe quantity='" + QByteArray(79, 'x') + "\xF0\x9F\x8D\x95' description='a' amount='1'/>")
+        << "\"" + QString(79, 'x') + "...\" is no number: it prints as it is.";
     QTest::newRow("a long name is not repeated whole")
         << QByteArray() << receipt('<' + QByteArray(100000, 'x') + "/>")
         << "No print method reads an element \"" + QString(80, 'x') + "...\": it does not print.";

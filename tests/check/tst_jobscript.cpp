@@ -18,6 +18,7 @@ private slots:
     void widths();
     void whatAPersonReads_data();
     void whatAPersonReads();
+    void cutWithinACharacter();
     void labelsOfATranslation();
     void examples_data();
     void examples();
@@ -277,8 +278,8 @@ void TestJobScript::whatAPersonReads_data()
            "REP=1,QTY=1,PREZZO=1,DES='L'acqua'";
     QTest::newRow("what a description is cut to")
         << receipt(dish("Spaghetti alla carbonara")) << "\"Spaghetti alla carbonara\" is cut to \"Spaghetti al\".";
-    QTest::newRow("which character") << receipt(dish("a\tb"))
-                                     << "In a line there must be no tab (U+0009): it breaks the command.";
+    QTest::newRow("which character") << receipt(
+        dish("a\tb")) << "The text has a tab (U+0009), which breaks the command: write a blank in its place.";
     QTest::newRow("a spelling that would print")
         << movement("\xE2\x82\xAC")
         << "The script cannot hold \"€\", euro sign (U+20AC): \"?\" prints in its place. \"EUR\" would print.";
@@ -291,6 +292,14 @@ void TestJobScript::whatAPersonReads()
     const check::Findings findings = findingsOf(job, settingsWith(allFlags));
     QCOMPARE(findings.size(), 1);
     QCOMPARE(findings.first().text, text);
+}
+
+// What is left of the character prints as "?", and no half of one is handed on.
+void TestJobScript::cutWithinACharacter()
+{
+    const check::Findings findings = findingsOf(receipt(dish("12345678901\xF0\x9F\x8D\x95")), settingsWith(allFlags));
+    QCOMPARE(findings.size(), 2);
+    QCOMPARE(findings.first().text, QString::fromUtf8("\"12345678901\xF0\x9F\x8D\x95\" is cut to \"12345678901?\"."));
 }
 
 // They are not the job's: what makes trouble in them stands at the element, and the register's word is its own affair.
