@@ -11,6 +11,12 @@ namespace check {
 
 namespace {
 
+const QStringList& allElements()
+{
+    static const QStringList names = vocabulary::elementNames();
+    return names;
+}
+
 /// What the element's own method reads comes first: of two names that are equally near it is the likelier one.
 QString nearestElement(const JobElement& element)
 {
@@ -19,7 +25,7 @@ QString nearestElement(const JobElement& element)
         for (const vocabulary::Element* const candidate : vocabulary::elementsOf(*element.method))
             names += candidate->name;
     }
-    return toolkit::nearest(element.name(), names + vocabulary::elementNames());
+    return toolkit::nearest(element.name(), names + allElements());
 }
 
 QString nearestAttribute(const JobElement& element, const QString& name)
@@ -87,8 +93,7 @@ void judgeUnread(const JobElement& element, int index, Findings& findings)
 
 bool isKnownElement(const QString& name)
 {
-    static const QStringList names = vocabulary::elementNames();
-    return names.contains(name);
+    return allElements().contains(name);
 }
 
 void judgeNames(const JobElement& element, Findings& findings)
