@@ -172,6 +172,9 @@ bool JobCheck::startMethod(JobElement& element)
     const vocabulary::Method* const selected = vocabulary::findMethod(element.value("name"_L1));
     if (!selected) {
         judgeUnknownMethod(element, findings);
+        if (trace)
+            trace->nothingWritten({element.place(), element.name(), QString()},
+                                  QObject::tr("there is no print method of its name"));
         isStopped = true;
         return false;
     }
@@ -186,19 +189,21 @@ void JobCheck::judgeDocument(const JobElement& element, bool isFirst)
 {
     if (!isFirst)
         add(findings, Code::SecondMethod, element.place(),
-            QObject::tr("A second \"method\": the document is opened twice and closed once."));
+            QObject::tr("A second \"method\": the document is opened twice and closed once. Make a job of each."));
     if (isFirst && !settings.places)
         add(findings, Code::SettingsMissing, element.place(),
-            QObject::tr("There is no settings file %1: the job is checked as it prints without one.")
+            QObject::tr("There is no settings file %1: the job is checked as it prints without one. \"zelmora-config "
+                        "new\" makes one.")
                 .arg(settings.file));
     if (isSummaryOrder(*method))
         add(findings, Code::PrintsNothing, element.place(),
             QObject::tr("%1 prints nothing, whatever the job says.").arg(method->name));
     else if (!isFiscal(*method) && driver.paperWidth > driver.getPaperWidth())
-        addLesser(findings, Code::TooWide, element.place(),
-                  QObject::tr("The settings give the paper %1 characters, and the register has %2.")
-                      .arg(driver.paperWidth)
-                      .arg(driver.getPaperWidth()));
+        addLesser(
+            findings, Code::TooWide, element.place(),
+            QObject::tr("paperWidth is %1, and the register has %2 characters in a line: longer lines may not fit.")
+                .arg(driver.paperWidth)
+                .arg(driver.getPaperWidth()));
 }
 
 bool JobCheck::endElement(const QString&, const QString&, const QString&)
@@ -246,10 +251,12 @@ bool JobCheck::fatalError(const QXmlParseException& error)
     if (isStopped)
         return false;
     isBroken = true;
+    const bool isBehindRoot = depth == 0 && !root.name.isEmpty();
+    const QString cause = isBehindRoot ? xmlCauseBehindRoot(error.message()) : xmlCause(error.message());
     const QString printed = commands == 0
         ? QObject::tr("Nothing is printed.")
         : QObject::tr("Lines of the script until here: %1; the document is not closed.").arg(commands);
-    add(findings, Code::NotWellFormed, places.reached(), xmlCause(error.message()) + QLatin1Char(' ') + printed);
+    add(findings, Code::NotWellFormed, places.reached(), cause + QLatin1Char(' ') + printed);
     return false;
 }
 

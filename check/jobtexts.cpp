@@ -231,7 +231,7 @@ void JobTexts::report(Trouble trouble, uint codePoint, const QString& command, t
         break;
     case Trouble::Quote:
         add(findings, Code::QuoteInText, place,
-            QObject::tr("The apostrophe ends the register's text early, and the command becomes: %1")
+            QObject::tr("The apostrophe ends the register's text early: write ` in its place. The command becomes: %1")
                 .arg(shown(command)));
         break;
     case Trouble::Control:

@@ -65,4 +65,11 @@ QString xmlCause(const QString& message)
     return QObject::tr("The XML is not as it must be (%1).").arg(message);
 }
 
+QString xmlCauseBehindRoot(const QString& message)
+{
+    if (message == "unexpected character"_L1)
+        return QObject::tr("The job has ended with its outermost element: nothing may stand behind it.");
+    return xmlCause(message);
+}
+
 } // namespace check

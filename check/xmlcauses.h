@@ -7,6 +7,8 @@ namespace check {
 
 /// What the XML reader's @p message means in plain words, translated: a sentence for somebody who writes jobs.
 QString xmlCause(const QString& message);
+/// The same where the root element has ended.
+QString xmlCauseBehindRoot(const QString& message);
 
 } // namespace check
 

@@ -1529,24 +1529,32 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
         <translation>&quot;%1&quot; precede &quot;method&quot;: non viene stampato.</translation>
     </message>
     <message>
-        <source>A second &quot;method&quot;: the document is opened twice and closed once.</source>
-        <translation>Un secondo &quot;method&quot;: il documento viene aperto due volte e chiuso una.</translation>
+        <source>A second &quot;method&quot;: the document is opened twice and closed once. Make a job of each.</source>
+        <translation>Un secondo &quot;method&quot;: il documento viene aperto due volte e chiuso una. Fare un lavoro per ciascuno.</translation>
     </message>
     <message>
-        <source>There is no settings file %1: the job is checked as it prints without one.</source>
-        <translation>Il file di impostazioni %1 non c&apos;è: il lavoro viene controllato così come viene stampato senza.</translation>
+        <source>There is no settings file %1: the job is checked as it prints without one. &quot;zelmora-config new&quot; makes one.</source>
+        <translation>Il file di impostazioni %1 non c&apos;è: il lavoro viene controllato così come viene stampato senza. &quot;zelmora-config new&quot; ne crea uno.</translation>
     </message>
     <message>
         <source>%1 prints nothing, whatever the job says.</source>
         <translation>%1 non stampa nulla, qualunque cosa dica il lavoro di stampa.</translation>
     </message>
     <message>
-        <source>The settings give the paper %1 characters, and the register has %2.</source>
-        <translation>Le impostazioni danno alla carta %1 caratteri, e il registratore ne ha %2.</translation>
+        <source>paperWidth is %1, and the register has %2 characters in a line: longer lines may not fit.</source>
+        <translation>paperWidth è %1, e il registratore ha %2 caratteri per riga: righe più lunghe possono non starci.</translation>
     </message>
     <message>
         <source>it stands around &quot;method&quot;</source>
         <translation>racchiude &quot;method&quot;</translation>
+    </message>
+    <message>
+        <source>there is no print method of its name</source>
+        <translation>nessun metodo di stampa ha questo nome</translation>
+    </message>
+    <message>
+        <source>The job has ended with its outermost element: nothing may stand behind it.</source>
+        <translation>Il lavoro è finito con il suo elemento più esterno: dopo non può esserci nulla.</translation>
     </message>
     <message>
         <source>it stands before &quot;method&quot;</source>
@@ -1621,8 +1629,8 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
         <translation>Risulta non pagato %1, e il totale è solo %2.</translation>
     </message>
     <message>
-        <source>The apostrophe ends the register&apos;s text early, and the command becomes: %1</source>
-        <translation>L&apos;apostrofo chiude in anticipo il testo per il registratore, e il comando diventa: %1</translation>
+        <source>The apostrophe ends the register&apos;s text early: write ` in its place. The command becomes: %1</source>
+        <translation>L&apos;apostrofo chiude in anticipo il testo per il registratore: scrivere ` al suo posto. Il comando diventa: %1</translation>
     </message>
     <message>
         <source>The text has a %1, which breaks the command: write a blank in its place.</source>

@@ -396,6 +396,11 @@ void TestJobCheck::texts_data()
         << "The character must not stand here. Values stand in quotes; inside them \"<\" is written &lt;, a quote "
            "&quot; "
            "or &apos;. Lines of the script until here: 3; the document is not closed.";
+    for (const QByteArray more : {"<total price='1'/>", "total"})
+        QTest::addRow("what stands behind the job: %s", more.constData())
+            << QByteArray() << receipt("") + more
+            << "The job has ended with its outermost element: nothing may stand behind it. Lines of the script until "
+               "here: 1; the document is not closed.";
     QTest::newRow("that nothing was") << QByteArray() << QByteArray("<job")
                                       << "The file ends in the middle: something is still open. Nothing is printed.";
     QTest::newRow("which methods read an element")

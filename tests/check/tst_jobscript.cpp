@@ -25,6 +25,7 @@ private slots:
     void trace();
     void traceOfSilence_data();
     void traceOfSilence();
+    void traceOfAMethodThatIsNone();
 };
 
 namespace {
@@ -274,7 +275,7 @@ void TestJobScript::whatAPersonReads_data()
 
     QTest::newRow("the command that comes of an apostrophe")
         << jobOf("printAbstractOrderFiscal", "<receipe_type department='1' price='1' name=\"L'acqua\"/>")
-        << "The apostrophe ends the register's text early, and the command becomes: VEND "
+        << "The apostrophe ends the register's text early: write ` in its place. The command becomes: VEND "
            "REP=1,QTY=1,PREZZO=1,DES='L'acqua'";
     QTest::newRow("what a description is cut to")
         << receipt(dish("Spaghetti alla carbonara")) << "\"Spaghetti alla carbonara\" is cut to \"Spaghetti al\".";
@@ -375,6 +376,13 @@ void TestJobScript::traceOfSilence()
     QCOMPARE(notes.lines.at(0), QString("1:6 total  nothing: it stands before \"method\""));
     QCOMPARE(notes.lines.at(1), QString("1:14 x  nothing: no print method reads it"));
     QVERIFY2(notes.lines.filter("nothing: ").at(2).endsWith("nothing: " + reason), qPrintable(notes.lines.join('\n')));
+}
+
+void TestJobScript::traceOfAMethodThatIsNone()
+{
+    Notes notes;
+    findingsOf("<job><method name='nonsense'/></job>", settingsWith(""), &notes);
+    QCOMPARE(notes.lines, QStringList("1:6 method  nothing: there is no print method of its name"));
 }
 
 QTEST_GUILESS_MAIN(TestJobScript)
