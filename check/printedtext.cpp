@@ -16,6 +16,7 @@ PrintedText::PrintedText(const vocabulary::Attribute& attribute, const QString& 
     , printed(value)
     , itsPlace(place)
     , isAddress(attribute.kind == Kind::Address)
+    , isCut(attribute.kind == Kind::Description || attribute.kind == Kind::MovementType)
 {
     if (attribute.kind == Kind::FiscalPrice) {
         printed.replace(QLatin1Char(','), QLatin1Char('.'));
@@ -89,14 +90,18 @@ bool PrintedText::hasTrouble(const TroubleFinder& finder)
     return trouble >= 0;
 }
 
-/// Where @p text holds @p piece, at least up to its first trouble; -1 where it does not.
+/// Where @p text holds @p piece, of a description at least up to its first trouble; -1 where it does not.
 int PrintedText::positionIn(const QString& text, const Piece& piece, const TroubleFinder& finder) const
 {
     const QStringView whole = QStringView(printed).mid(piece.begin, piece.end - piece.begin);
-    if (isAddress)
-        return text.endsWith(whole) ? text.size() - static_cast<int>(whole.size()) : -1;
+    if (isAddress && QStringView(text).trimmed() != whole)
+        return -1;
+    if (text.endsWith(whole))
+        return text.size() - static_cast<int>(whole.size());
     const int needed = trouble + sizeOf(troubleAt(finder, trouble), printed, trouble);
-    return static_cast<int>(QStringView(text).indexOf(whole.left(needed)));
+    const int position = static_cast<int>(QStringView(text).indexOf(whole.left(needed)));
+    const bool isHeld = position >= 0 && (isCut || QStringView(text).mid(position).startsWith(whole));
+    return isHeld ? position : -1;
 }
 
 bool PrintedText::follow(const QString& text, const TroubleFinder& finder, const Report& report)

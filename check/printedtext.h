@@ -56,6 +56,7 @@ private:
     QString printed; ///< character by character what becomes of it
     toolkit::TextPlace itsPlace;
     bool isAddress = false;
+    bool isCut = false; ///< to its column, where it is wider
     bool isEightBit = false;
     QSet<QStringView> lines; ///< of an address, once they are asked for: there may be as many as in the script
     int begin = 0; ///< of what was not met yet

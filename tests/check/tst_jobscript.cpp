@@ -18,6 +18,8 @@ private slots:
     void widths();
     void whatAPersonReads_data();
     void whatAPersonReads();
+    void attributesThatBeginAlike();
+    void commandOfAnAddress();
     void cutWithinACharacter();
     void labelsOfATranslation();
     void examples_data();
@@ -293,6 +295,25 @@ void TestJobScript::whatAPersonReads()
     const check::Findings findings = findingsOf(job, settingsWith(allFlags));
     QCOMPARE(findings.size(), 1);
     QCOMPARE(findings.first().text, text);
+}
+
+void TestJobScript::attributesThatBeginAlike()
+{
+    const check::Findings findings = findingsOf(receipt("<orderinfo waiter=\"L'acqua\" note=\"L'olio TOTALE\"/>"),
+                                                settingsWith("printWaiter = true; printNote = true;"));
+    QCOMPARE(inShort(findings),
+             (QStringList {"2:12 warning quote-in-text", "2:29 warning quote-in-text", "2:29 note changed-text"}));
+    QVERIFY2(findings.at(1).text.endsWith("nofis riga=' Note: L'olio SOMMA'"), qPrintable(findings.at(1).text));
+}
+
+// Another line may end with the same words.
+void TestJobScript::commandOfAnAddress()
+{
+    const check::Findings findings =
+        findingsOf(receipt("<customer name=\"Rossi, L'Aquila\" billingaddress=\"Via Roma,L'Aquila\"/>"),
+                   settingsWith("printCustomer = true; printBillingAddress = true;"));
+    QCOMPARE(findings.size(), 2);
+    QVERIFY2(findings.last().text.endsWith("nofis riga=' L'Aquila'"), qPrintable(findings.last().text));
 }
 
 // What is left of the character prints as "?", and no half of one is handed on.
