@@ -98,10 +98,13 @@ int PrintedText::positionIn(const QString& text, const Piece& piece, const Troub
         return -1;
     if (text.endsWith(whole))
         return text.size() - static_cast<int>(whole.size());
-    const int needed = trouble + sizeOf(troubleAt(finder, trouble), printed, trouble);
-    const int position = static_cast<int>(QStringView(text).indexOf(whole.left(needed)));
-    const bool isHeld = position >= 0 && (isCut || QStringView(text).mid(position).startsWith(whole));
-    return isHeld ? position : -1;
+    const QStringView line(text);
+    if (isCut) {
+        const int needed = trouble + sizeOf(troubleAt(finder, trouble), printed, trouble);
+        return static_cast<int>(line.indexOf(whole.left(needed)));
+    }
+    const int longest = 1000; // of a column; what is longer is looked for at the end alone, which takes no search
+    return whole.size() > longest ? -1 : static_cast<int>(line.indexOf(whole));
 }
 
 bool PrintedText::follow(const QString& text, const TroubleFinder& finder, const Report& report)

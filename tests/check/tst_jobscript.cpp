@@ -19,6 +19,7 @@ private slots:
     void whatAPersonReads_data();
     void whatAPersonReads();
     void attributesThatBeginAlike();
+    void columnsThatBeginAlike();
     void commandOfAnAddress();
     void cutWithinACharacter();
     void labelsOfATranslation();
@@ -304,6 +305,15 @@ void TestJobScript::attributesThatBeginAlike()
     QCOMPARE(inShort(findings),
              (QStringList {"2:12 warning quote-in-text", "2:29 warning quote-in-text", "2:29 note changed-text"}));
     QVERIFY2(findings.at(1).text.endsWith("nofis riga=' Note: L'olio SOMMA'"), qPrintable(findings.at(1).text));
+}
+
+void TestJobScript::columnsThatBeginAlike()
+{
+    const QStringList row = inShort(
+        findingsOf(jobOf("printReport", "<taxrate_item taxrate=\"2'\" taxable=\"2'1\" tax=\"2'3\" amount=\"2'2\"/>"),
+                   settingsWith("")));
+    const QString quote = "warning quote-in-text";
+    QCOMPARE(row.filter(quote), (QStringList {"2:15 " + quote, "2:28 " + quote, "2:42 " + quote, "2:52 " + quote}));
 }
 
 // Another line may end with the same words.
