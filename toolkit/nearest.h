@@ -13,7 +13,8 @@ namespace toolkit {
 bool isSlip(const QString& name, const QString& meant);
 
 /// Which of @p names was probably meant by @p name: the one that differs in upper and lower case alone; else the first
-/// of those of which it is the smallest slip, as long as some of its characters are right. Empty when none is near.
+/// of those of which it is the smallest slip, as long as that is half of its characters at most. Empty when none is
+/// near.
 QString nearest(const QString& name, const QStringList& names);
 
 } // namespace toolkit

@@ -45,6 +45,8 @@ void TestNearest::nearest_data()
     row("the first of two as near, the other way round", "totals", {"totalsx", "total"}, "totalsx");
     row("no letter of a name of two is right", "ab", names, "");
     row("one letter of a name of two is right", "ax", names, "tax");
+    row("two slips in a name of three", "foo", {"logo"}, "");
+    row("two slips in a name of four", "nmae", {"name"}, "name");
     row("a name of one letter", "x", names, "");
     row("an accent is another letter", "pric\u00E8", names, "price");
     row("a character of two units is one slip", "price\U0001F355\U0001F355", names, "price");
