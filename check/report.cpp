@@ -28,12 +28,22 @@ QJsonObject asObject(const QString& file, const Finding& finding)
     return object;
 }
 
-void writeLine(const QString& file, const Finding& finding)
+/// Findings may be many: what is plain ASCII goes past the codec. @p file is as the system knows it.
+void writeLine(const QByteArray& file, const Finding& finding)
 {
-    const QString place = QStringLiteral(":%1:%2: ").arg(finding.place.line).arg(finding.place.column);
-    const QString text = toolkit::inOneLine(finding.text) + " ["_L1 + entry(finding.code).name + "]\n"_L1;
-    toolkit::write(QFile::encodeName(toolkit::inOneLine(file))
-                   + toolkit::localeText(place + word(finding.severity) + ": "_L1 + text));
+    QByteArray line = file;
+    line += ':';
+    line += QByteArray::number(finding.place.line);
+    line += ':';
+    line += QByteArray::number(finding.place.column);
+    line += ": ";
+    line += word(finding.severity).data();
+    line += ": ";
+    line += toolkit::localeText(toolkit::inOneLine(finding.text));
+    line += " [";
+    line += entry(finding.code).name.data();
+    line += "]\n";
+    toolkit::write(line);
 }
 
 } // namespace
@@ -57,6 +67,7 @@ Report::Report(const ReportOptions& options)
 
 void Report::add(const QString& file, const Findings& findings)
 {
+    const QByteArray encodedFile = QFile::encodeName(toolkit::inOneLine(file));
     for (const Finding& finding : findings) {
         anyErrors = anyErrors || countsAsError(finding, options);
         if (!isShown(finding, options))
@@ -64,7 +75,7 @@ void Report::add(const QString& file, const Findings& findings)
         if (options.format == Format::Json)
             objects.add(asObject(file, finding));
         else
-            writeLine(file, finding);
+            writeLine(encodedFile, finding);
     }
 }
 
