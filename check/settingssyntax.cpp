@@ -79,6 +79,13 @@ bool holdsRemark(const QString& name)
     return name.contains(mark) || isKnownName(words.match(name.right(longestExcerpt)).captured(1));
 }
 
+/// Whether @p name begins as a group does, but for the ":".
+bool lacksColon(const QString& name)
+{
+    static const QRegularExpression group(QStringLiteral("\\A[\\w-]+\\s*\\{"));
+    return group.match(name.left(longestExcerpt)).hasMatch();
+}
+
 /// The word that @p text ends with.
 QString lastWord(const QString& text)
 {
@@ -237,7 +244,8 @@ std::optional<Remark> remarkIn(const ScannedSetting& setting)
     if (!holdsRemark(setting.name))
         return std::nullopt;
     const std::optional<Overrun> overrun = overrunOf(setting);
-    return Remark {overrun && !overrun->name.isEmpty() ? overrun->name : lastWord(setting.name)};
+    return Remark {overrun && !overrun->name.isEmpty() ? overrun->name : lastWord(setting.name),
+                   lacksColon(setting.name)};
 }
 
 std::optional<Remark> remarkIn(const PlacedGroup& group)
@@ -246,18 +254,20 @@ std::optional<Remark> remarkIn(const PlacedGroup& group)
         return std::nullopt;
     static const QRegularExpression nextName(QStringLiteral("([\\w-]+)\\s*:\\z"));
     const QString next = nextName.match(group.skipped.right(longestExcerpt)).captured(1);
-    return Remark {next.isEmpty() ? lastWord(group.name) : next};
+    return Remark {next.isEmpty() ? lastWord(group.name) : next, lacksColon(group.name)};
 }
 
 Finding remarkFound(const Remark& remark, TextPlace place)
 {
-    return finding(
-        Code::Remark, place,
-        remark.hidden.isEmpty()
-            ? QObject::tr("There are no comments: the text is taken for a name. Remove it.")
-            : QObject::tr("There are no comments: the text becomes part of the name, and \"%1\" is not found. "
-                          "Remove it.")
-                  .arg(excerpt(remark.hidden)));
+    if (remark.hidden.isEmpty())
+        return finding(Code::Remark, place,
+                       QObject::tr("There are no comments: the text is taken for a name. Remove it."));
+    const QString text = remark.isGroup
+        ? QObject::tr("A \":\" is missing before the \"{\": no group begins here, and \"%1\" is not found. Write it "
+                      "between the group's name and the \"{\".")
+        : QObject::tr("There are no comments: the text becomes part of the name, and \"%1\" is not found. "
+                      "Remove it.");
+    return finding(Code::Remark, place, text.arg(excerpt(remark.hidden)));
 }
 
 bool runsOn(const ScannedSetting& setting)

@@ -22,6 +22,7 @@ QString excerpt(const QString& text);
 /// A name that holds a remark, which the format does not have.
 struct Remark {
     QString hidden; ///< the name that nobody finds because of it; empty where there is none
+    bool isGroup = false; ///< it is a group's name and "{", and the ":" between them is missing
 };
 
 /// Nothing where the name of the setting holds none: a name of another spelling is none.

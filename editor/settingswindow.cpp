@@ -3,6 +3,7 @@
 #include "editor/message.h"
 #include "editor/placement.h"
 #include "editor/valuedelegate.h"
+#include "settings/shownloss.h"
 #include "toolkit/literals.h"
 
 #include <QCloseEvent>
@@ -18,7 +19,6 @@
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 
-using settings::FileRemark;
 using settings::SettingsFile;
 using toolkit::operator""_L1;
 
@@ -59,20 +59,6 @@ QString bulletList(const QStringList& texts, int mostLines = linesToGlanceAt, in
     if (texts.size() > mostLines)
         list += "\n"_L1 + QObject::tr("and %1 more").arg(texts.size() - mostLines);
     return list;
-}
-
-/// Each with its line, or lines, in the file.
-QStringList withLines(const QVector<FileRemark>& remarks)
-{
-    QStringList texts;
-    for (const FileRemark& remark : remarks) {
-        const int first = remark.place.line;
-        const int last = first + remark.text.count(QLatin1Char('\n'));
-        texts += last == first
-            ? QObject::tr("line %1: %2").arg(QString::number(first), remark.text)
-            : QObject::tr("lines %1 to %2: %3").arg(QString::number(first), QString::number(last), remark.text);
-    }
-    return texts;
 }
 
 } // namespace
@@ -339,7 +325,7 @@ bool SettingsWindow::saveTo(const QString& path)
 QStringList SettingsWindow::lossesOf(const QString& path, const SettingsFile::Trial& trial) const
 {
     const bool isSameFile = path == file.path();
-    const QStringList dropped = withLines(file.review().dropped);
+    const QStringList dropped = settings::shownLosses(file);
     QStringList questions;
     if (file.review().isHiddenByItsBeginning && isSameFile)
         questions += QObject::tr("Nothing of the file %1 could be read. Saving empties it.").arg(path)

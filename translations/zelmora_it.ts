@@ -1352,6 +1352,10 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
         <translation>Qui manca un punto e virgola: il valore continua oltre &quot;%1&quot;, che non viene trovato.</translation>
     </message>
     <message>
+        <source>A &quot;:&quot; is missing before the &quot;{&quot;: no group begins here, and &quot;%1&quot; is not found. Write it between the group&apos;s name and the &quot;{&quot;.</source>
+        <translation>Manca &quot;:&quot; prima di &quot;{&quot;: qui non comincia alcun gruppo e &quot;%1&quot; non viene trovato. Va scritto fra il nome del gruppo e &quot;{&quot;.</translation>
+    </message>
+    <message>
         <source>There are no comments: the text is taken for a name. Remove it.</source>
         <translation>I commenti non esistono: il testo viene preso per un nome. Va tolto.</translation>
     </message>

@@ -1,6 +1,7 @@
 #include "check/settingscheck.h"
 
 #include "support/files.h"
+#include "support/processortime.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -430,6 +431,9 @@ void TestSettingsCheck::texts_data()
          "No program reads a setting \"papperWidth\" here. Is \"paperWidth\" meant?");
     says("the key that a remark hides", receipt("# of the till\npaperWidth = 30;"),
          "There are no comments: the text becomes part of the name, and \"paperWidth\" is not found. Remove it.");
+    says("a group whose colon is missing", "zelmora: { db { dbname = x; }; };",
+         "A \":\" is missing before the \"{\": no group begins here, and \"dbname\" is not found. Write it between the "
+         "group's name and the \"{\".");
     says("the key that a remark with an equals sign hides", receipt("# paper = 40 mm\nprintDate = true;"),
          "There are no comments: the text becomes part of the name, and \"printDate\" is not found. Remove it.");
     says("the suite's group, which a remark with an equals sign hides", "# till = 2\nzelmora: {\n};",
@@ -545,13 +549,12 @@ void TestSettingsCheck::hostileFiles()
 {
     QFETCH(QByteArray, bytes);
     const int lines = bytes.count('\n') + 1;
-    QElapsedTimer timer;
-    timer.start();
+    const ProcessorTime time;
     for (const Finding& finding : checkSettings(bytes, "cfg", QString())) {
         QVERIFY(finding.place.line >= 1 && finding.place.line <= lines);
         QVERIFY(finding.text.size() < 1000);
     }
-    QVERIFY2(timer.elapsed() < 20000, "time grows with the size"); // measured: a second at most
+    QVERIFY2(time.milliseconds() < 30000, "time grows with the size's square"); // measured: 4 s at most
 }
 
 // The last test: it counts on those before it.
