@@ -62,10 +62,10 @@ class Contestant:
 def contestants(build, job, scripts):
     """The programs that print the job into the folder for scripts, and those that do less than that."""
     return {
-        "program": Contestant("zelmora-print", build / "app/zelmora-print", job, scripts / "program.txt"),
-        "check": Contestant("zelmora-check", build / "check/zelmora-check", job),
-        "app": Contestant("empty application", build / "bench/bench-emptyapp"),
-        "handler": Contestant("reader, empty handler", build / "bench/bench-emptyhandler", job),
+        "program": Contestant("zelmora-print", build / "bin/zelmora-print", job, scripts / "program.txt"),
+        "check": Contestant("zelmora-check", build / "bin/zelmora-check", job),
+        "app": Contestant("empty application", build / "bin/bench-emptyapp"),
+        "handler": Contestant("reader, empty handler", build / "bin/bench-emptyhandler", job),
         "xsltproc": Contestant(
             "xsltproc", "/usr/bin/xsltproc", "-o", scripts / "xsltproc.txt", BENCH / "receipt.xsl", job
         ),

@@ -28,10 +28,11 @@ function(zelmora_library name)
 endfunction()
 
 # zelmora_program(<name> SOURCES <file>... LINKS <target>...): the program <name>, which finds the build's version in
-# ZELMORA_VERSION.
+# ZELMORA_VERSION. The programs lie side by side, as they do when they are installed: one looks for another there.
 function(zelmora_program name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
     add_executable(${name} ${arg_SOURCES})
     target_link_libraries(${name} PRIVATE ${arg_LINKS})
     target_compile_definitions(${name} PRIVATE ${ZELMORA_DEFINITIONS} ZELMORA_VERSION="${PROJECT_VERSION}")
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 endfunction()

@@ -1,0 +1,37 @@
+#ifndef ZELMORA_PAPER_PAINTING_PAINTING_H
+#define ZELMORA_PAPER_PAINTING_PAINTING_H
+
+#include <QByteArray>
+#include <QSize>
+#include <QString>
+
+class QPagedPaintDevice;
+class QPainter;
+
+/// Drawings of a sheet with the toolkit's painter. They need a QGuiApplication, which may be one without a display
+/// ("offscreen"), and a font of fixed width.
+namespace paper {
+
+struct Sheet;
+
+/// The size of the drawing in units: pixels at scale 1.
+QSize drawingSize(const Sheet& sheet);
+
+/// Paints the whole sheet with its upper left corner at the origin, a unit for a unit of the painter.
+void paint(QPainter& painter, const Sheet& sheet);
+
+const int greatestImageSide = 30000; ///< pixels
+
+/// A PNG. @p scale: pixels a unit, 1 to 8. Null, and a reason, when a side of it would be longer than
+/// greatestImageSide.
+QByteArray pngDrawing(const Sheet& sheet, int scale, QString& reason);
+
+/// Paints the sheet on pages, broken between rows.
+void paintPages(QPagedPaintDevice& device, const Sheet& sheet);
+
+/// A PDF of as many pages as it takes.
+QByteArray pdfDrawing(const Sheet& sheet);
+
+} // namespace paper
+
+#endif
