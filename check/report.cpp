@@ -28,8 +28,10 @@ QJsonObject asObject(const QString& file, const Finding& finding)
     return object;
 }
 
-/// Findings may be many: what is plain ASCII goes past the codec. @p file is as the system knows it.
-void writeLine(const QByteArray& file, const Finding& finding)
+} // namespace
+
+// Findings may be many: what is plain ASCII goes past the codec.
+QByteArray gccLine(const QByteArray& file, const Finding& finding)
 {
     QByteArray line = file;
     line += ':';
@@ -43,10 +45,8 @@ void writeLine(const QByteArray& file, const Finding& finding)
     line += " [";
     line += entry(finding.code).name.data();
     line += "]\n";
-    toolkit::write(line);
+    return line;
 }
-
-} // namespace
 
 bool isShown(const Finding& finding, const ReportOptions& options)
 {
@@ -75,7 +75,7 @@ void Report::add(const QString& file, const Findings& findings)
         if (options.format == Format::Json)
             objects.add(asObject(file, finding));
         else
-            writeLine(encodedFile, finding);
+            toolkit::write(gccLine(encodedFile, finding));
     }
 }
 

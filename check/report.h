@@ -23,13 +23,16 @@ bool isShown(const Finding& finding, const ReportOptions& options);
 /// Whether the finding makes the exit status that of an error; only one that is shown does.
 bool countsAsError(const Finding& finding, const ReportOptions& options);
 
+/// The finding in the form Gcc, with its line end: in the locale's encoding, @p file as the system knows it. A line break
+/// or another control character inside a finding becomes a blank.
+QByteArray gccLine(const QByteArray& file, const Finding& finding);
+
 /// Writes findings to standard output, file by file, in the form that was asked for.
 class Report {
 public:
     explicit Report(const ReportOptions& options);
 
-    /// Writes what was found in @p file, in the order given. As gcc writes it: in the locale's encoding, the file's
-    /// name as the system knows it; a line break or another control character inside a finding becomes a blank.
+    /// Writes what was found in @p file, in the order given.
     void add(const QString& file, const Findings& findings);
 
     /// Writes what closes the report; to be called once, at the end. False when something could not be written.

@@ -1,0 +1,193 @@
+// Papers beside each other: of two scripts, or of a job with two settings.
+
+#include "preview/allcores.h"
+#include "preview/commandline.h"
+#include "preview/filesbelow.h"
+#include "preview/jobprinter.h"
+#include "preview/output.h"
+#include "preview/papersource.h"
+#include "preview/settingsbytes.h"
+#include "preview/scriptpair.h"
+#include "preview/tasks.h"
+#include "toolkit/literals.h"
+
+#include <QFileInfo>
+#include <QObject>
+#include <QSet>
+
+#include <algorithm>
+#include <vector>
+
+using toolkit::operator""_L1;
+
+namespace preview {
+
+namespace {
+
+/// A pair of scripts, and what became of it.
+struct Outcome {
+    Difference difference;
+    QString failure; ///< why there is none, in a translated sentence; empty when there is
+};
+
+using Outcomes = std::vector<Outcome>;
+
+Outcomes outcomesOf(int count, const std::function<Outcome(int)>& outcome)
+{
+    Outcomes outcomes(static_cast<std::size_t>(count));
+    onAllCores(count, [&](int number) { outcomes[static_cast<std::size_t>(number)] = outcome(number); });
+    return outcomes;
+}
+
+ExitStatus refuseFailures(const Outcomes& outcomes)
+{
+    ExitStatus status = Done;
+    for (const Outcome& outcome : outcomes) {
+        if (!outcome.failure.isEmpty())
+            status = refuse(outcome.failure);
+    }
+    return status;
+}
+
+QString summary(const Outcomes& outcomes, const QString& sentences)
+{
+    const auto differing = std::count_if(outcomes.begin(), outcomes.end(), [](const Outcome& outcome) {
+        return !outcome.difference.bands.isEmpty();
+    });
+    const auto withoutTrace = std::count_if(outcomes.begin(), outcomes.end(), [](const Outcome& outcome) {
+        return outcome.difference.isWithoutTrace;
+    });
+    return sentences.arg(outcomes.size()).arg(differing).arg(withoutTrace);
+}
+
+/// Draws what differs, and sums up. Where nothing does, there is nothing to draw: a file stays as it is.
+ExitStatus show(const Outcomes& outcomes, const QString& sentences, const Call& call)
+{
+    if (const ExitStatus status = refuseFailures(outcomes))
+        return status;
+    paper::Sheet sheet;
+    for (const Outcome& outcome : outcomes)
+        sheet.bands += outcome.difference.bands;
+    const ExitStatus status = sheet.bands.isEmpty() ? Done : std::max(Remarkable, put(sheet, call));
+    return std::max(status, say(summary(outcomes, sentences)));
+}
+
+// --- Scripts ---------------------------------------------------------------------------------------------------
+
+struct Names {
+    QString left; ///< empty where there is none
+    QString right;
+};
+
+bool isFolder(const QString& name)
+{
+    return QFileInfo(name).isDir();
+}
+
+QVector<Names> namesIn(const QString& left, const QString& right)
+{
+    const QStringList leftFiles = filesBelow(left);
+    const QStringList rightFiles = filesBelow(right);
+    QStringList all = leftFiles + rightFiles;
+    all.sort();
+    all.removeDuplicates();
+    const QSet<QString> onLeft(leftFiles.begin(), leftFiles.end());
+    const QSet<QString> onRight(rightFiles.begin(), rightFiles.end());
+    QVector<Names> names;
+    for (const QString& file : all)
+        names += Names {onLeft.contains(file) ? left + QLatin1Char('/') + file : QString(),
+                        onRight.contains(file) ? right + QLatin1Char('/') + file : QString()};
+    return names;
+}
+
+/// @p failure: why the file is none.
+Side sideOf(const QString& name, QString& failure)
+{
+    if (name.isEmpty())
+        return {};
+    const Source source = readSource(name);
+    if (!source.failure.isEmpty())
+        failure = source.failure;
+    else if (paper::isJob(source.bytes))
+        failure = QStringLiteral("%1 is a job: --compare takes scripts, --rehearse jobs.").arg(name);
+    return {name, true, source.bytes};
+}
+
+Outcome compared(const Names& names, QTextCodec* encoding)
+{
+    Outcome outcome;
+    const Side left = sideOf(names.left, outcome.failure);
+    const Side right = sideOf(names.right, outcome.failure);
+    if (outcome.failure.isEmpty())
+        outcome.difference = differenceOf(left, right, encoding);
+    return outcome;
+}
+
+// --- Jobs ------------------------------------------------------------------------------------------------------
+
+/// One of the two settings.
+struct Trial {
+    JobPrinter& printer;
+    QString settings; ///< what they are called in titles
+};
+
+Side printed(const QByteArray& job, const QString& name, const Trial& trial, QString& failure)
+{
+    const PrintedJob done = trial.printer.print(job);
+    if (!done.failure.isEmpty())
+        failure = name + ": "_L1 + done.failure;
+    return {name + ", "_L1 + trial.settings, true, done.script};
+}
+
+Outcome rehearsed(const QString& name, const Trial& today, const Trial& tomorrow)
+{
+    const Source job = readSource(name);
+    Outcome outcome;
+    outcome.failure = job.failure;
+    if (outcome.failure.isEmpty() && !paper::isJob(job.bytes))
+        outcome.failure = QStringLiteral("%1 is no job: --rehearse takes jobs, --compare scripts.").arg(name);
+    if (!outcome.failure.isEmpty())
+        return outcome;
+    const Side left = printed(job.bytes, name, today, outcome.failure);
+    const Side right = printed(job.bytes, name, tomorrow, outcome.failure);
+    if (outcome.failure.isEmpty())
+        outcome.difference = differenceOf(left, right, nullptr);
+    return outcome;
+}
+
+} // namespace
+
+ExitStatus compare(const Call& call, const SettingsBytes&)
+{
+    const QString& left = call.files.first();
+    const QString& right = call.files.last();
+    if (isFolder(left) != isFolder(right))
+        return refuse(QStringLiteral("The option --compare takes two scripts or two folders, not one of each."));
+    const QVector<Names> names = isFolder(left) ? namesIn(left, right) : QVector<Names> {{left, right}};
+    const Outcomes outcomes =
+        outcomesOf(names.size(), [&](int number) { return compared(names.at(number), call.encoding); });
+    return show(outcomes,
+                QObject::tr("Scripts compared: %1. Different on paper: %2. Different without a trace on paper: %3."),
+                call);
+}
+
+ExitStatus rehearse(const Call& call, const SettingsBytes& settings)
+{
+    const SettingsBytes others = readSettings(call.otherSettings);
+    if (!others.reason.isEmpty())
+        return refuse(others.reason);
+    JobPrinter today(settings);
+    JobPrinter tomorrow(others);
+    for (JobPrinter* printer : {&today, &tomorrow}) {
+        if (!printer->obstacle().isEmpty())
+            return refuse(printer->obstacle());
+    }
+    const QString otherName = QFileInfo(call.otherSettings).fileName();
+    const Outcomes outcomes = outcomesOf(call.files.size(), [&](int number) {
+        return rehearsed(call.files.at(number), {today, QObject::tr("today")}, {tomorrow, otherName});
+    });
+    return show(outcomes,
+                QObject::tr("Jobs rehearsed: %1. Different on paper: %2. Different without a trace on paper: %3."), call);
+}
+
+} // namespace preview

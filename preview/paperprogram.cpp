@@ -1,0 +1,91 @@
+#include "preview/paperprogram.h"
+
+#include "config/translation.h"
+#include "config/zmconfiguration.h"
+#include "preview/commandline.h"
+#include "preview/output.h"
+#include "preview/settingsbytes.h"
+#include "toolkit/filenames.h"
+#include "toolkit/literals.h"
+#include "toolkit/localecodec.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QTranslator>
+
+#include <cstdio>
+
+using toolkit::operator""_L1;
+
+namespace preview {
+
+namespace {
+
+ExitStatus refuseCall(const QString& reason)
+{
+    const QString program = QCoreApplication::arguments().value(0);
+    return refuse(QStringLiteral("%1\nTry '%2 --help' for more information.").arg(reason, program));
+}
+
+using Task = ExitStatus (*)(const Call& call, const SettingsBytes& settings);
+
+Task taskOf(const Call& call)
+{
+    switch (call.task) {
+    case Call::Task::Proof:
+        return drawProof;
+    case Call::Task::Compare:
+        return compare;
+    case Call::Task::Rehearse:
+        return rehearse;
+    case Call::Task::Draw:
+    case Call::Task::Help:
+    case Call::Task::Version:
+        break;
+    }
+    return draw;
+}
+
+/// In the language of the settings.
+ExitStatus perform(const Call& call)
+{
+    const SettingsBytes settings =
+        call.ownSettings ? readOwnSettings() : readSettings(call.settings);
+    if (!settings.reason.isEmpty())
+        return refuse(settings.reason);
+    QTranslator translator;
+    loadTranslation(translator, ZMConfiguration(settings.bytes.value_or(QByteArray()), call.settings, "cfg"_L1));
+    QCoreApplication::installTranslator(&translator);
+    return taskOf(call)(call, settings);
+}
+
+} // namespace
+
+ExitStatus refuse(const QString& reason)
+{
+    std::fputs(toolkit::localeText(reason + u'\n').constData(), stderr);
+    return NotDone;
+}
+
+int runPaperProgram(int argc, char** argv)
+{
+    QByteArrayList names {qgetenv("HOME")};
+    for (int i = 1; i < argc; ++i)
+        names += argv[i];
+    toolkit::setFileNameEncoding(names);
+
+    QStringList arguments = QCoreApplication::arguments();
+    for (int i = 1; i < argc; ++i)
+        arguments += QFile::decodeName(argv[i]);
+    Call call;
+    const QString wrong = readCall(arguments, call);
+    if (!wrong.isEmpty())
+        return refuseCall(wrong);
+    if (call.task == Call::Task::Help)
+        return say(helpText().trimmed());
+    if (call.task == Call::Task::Version)
+        return say(QStringLiteral("zelmora-paper " ZELMORA_VERSION));
+    return perform(call);
+}
+
+} // namespace preview

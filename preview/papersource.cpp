@@ -1,0 +1,79 @@
+#include "preview/papersource.h"
+
+#include "check/scriptcheck.h"
+#include "preview/jobprinter.h"
+#include "toolkit/filenames.h"
+#include "toolkit/literals.h"
+
+#include <QFile>
+#include <QObject>
+
+#include <unistd.h>
+
+using toolkit::operator""_L1;
+
+namespace preview {
+
+namespace {
+
+bool open(QFile& file, const QString& name)
+{
+    if (name == "-"_L1)
+        return file.open(STDIN_FILENO, QIODevice::ReadOnly);
+    file.setFileName(toolkit::filePath(QFile::encodeName(name)));
+    return file.open(QIODevice::ReadOnly);
+}
+
+} // namespace
+
+Source readSource(const QString& name)
+{
+    Source source;
+    QFile file;
+    if (open(file, name))
+        source.bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        source.failure = QObject::tr("The file %1 cannot be read: %2").arg(name, file.errorString());
+    else if (source.bytes.isEmpty())
+        source.failure = QObject::tr("The file %1 is empty.").arg(name);
+    return source;
+}
+
+Paper paperOfScript(const QByteArray& script, QTextCodec* encoding)
+{
+    Paper made;
+    made.roll = paper::readRoll(script, encoding);
+    made.findings = check::scriptFindings(made.roll);
+    return made;
+}
+
+Paper paperOfJob(const QByteArray& job, const QString& name, JobPrinter& printer)
+{
+    Paper made;
+    made.failure = printer.obstacle();
+    if (made.failure.isEmpty()) {
+        const PrintedJob printed = printer.print(job);
+        made = paperOfScript(printed.script);
+        if (!printed.failure.isEmpty())
+            made.failure = name + ": "_L1 + printed.failure;
+    }
+    made.isOfJob = true;
+    return made;
+}
+
+QVector<paper::Strip> stripsOf(const paper::Roll& roll, const QString& title)
+{
+    QVector<paper::Strip> strips;
+    for (const paper::Document& document : roll.documents)
+        strips += paper::Strip {documentTitle(title, strips.size()), document.rows};
+    if (strips.isEmpty())
+        strips += paper::Strip {title, {}};
+    return strips;
+}
+
+QString documentTitle(const QString& title, int number)
+{
+    return number == 0 ? title : QStringLiteral("%1 (%2)").arg(title).arg(number + 1);
+}
+
+} // namespace preview

@@ -1,0 +1,111 @@
+#include "preview/scratchfolders.h"
+
+#include "toolkit/literals.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSet>
+
+#include <initializer_list>
+#include <mutex>
+#include <pthread.h>
+#include <stdlib.h>
+#include <thread>
+
+using toolkit::operator""_L1;
+
+namespace preview {
+
+namespace {
+
+/// Never destroyed: a signal may come at the very end.
+struct Folders {
+    std::mutex mutex;
+    QSet<QString> paths;
+};
+
+Folders& folders()
+{
+    static Folders* const them = new Folders;
+    return *them;
+}
+
+sigset_t formerMask;
+
+sigset_t endingSignals()
+{
+    sigset_t ending;
+    sigemptyset(&ending);
+    for (const int signal : {SIGHUP, SIGINT, SIGTERM}) {
+        struct sigaction action;
+        const bool isIgnored = sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+        if (!isIgnored)
+            sigaddset(&ending, signal);
+    }
+    return ending;
+}
+
+void removeAll(const QString& path)
+{
+    QDir(path).removeRecursively();
+}
+
+/// Ends the process. The lock stays taken: no folder is made any more.
+[[noreturn]] void leave(int signal)
+{
+    folders().mutex.lock();
+    for (const QString& path : folders().paths)
+        removeAll(path);
+    ::signal(signal, SIG_DFL);
+    sigset_t its;
+    sigemptyset(&its);
+    sigaddset(&its, signal);
+    pthread_sigmask(SIG_UNBLOCK, &its, nullptr);
+    raise(signal);
+    _Exit(128 + signal);
+}
+
+void waitForSignal(const sigset_t& ending)
+{
+    int signal = 0;
+    if (sigwait(&ending, &signal) == 0)
+        leave(signal);
+}
+
+} // namespace
+
+void takeEndingSignals()
+{
+    static std::once_flag once;
+    std::call_once(once, [] {
+        const sigset_t ending = endingSignals();
+        pthread_sigmask(SIG_BLOCK, &ending, &formerMask);
+        std::thread(waitForSignal, ending).detach();
+    });
+}
+
+const sigset_t& formerSignalMask()
+{
+    return formerMask;
+}
+
+QString makeScratchFolder()
+{
+    takeEndingSignals();
+    const std::lock_guard<std::mutex> lock(folders().mutex);
+    QByteArray name = QFile::encodeName(QDir::tempPath() + "/zelmora-XXXXXX"_L1);
+    if (!mkdtemp(name.data()))
+        return QString();
+    const QString path = QFile::decodeName(name);
+    folders().paths.insert(path);
+    return path;
+}
+
+void removeScratchFolder(const QString& path)
+{
+    const std::lock_guard<std::mutex> lock(folders().mutex);
+    if (folders().paths.remove(path))
+        removeAll(path);
+}
+
+} // namespace preview
