@@ -17,8 +17,6 @@ namespace {
 using vocabulary::Attribute;
 using Kind = vocabulary::AttributeKind;
 
-const char descriptionBegin[] = ",DES='";
-
 /// The part of a command in which an apostrophe ends the register's text: of a line all, of a sale its description.
 struct TextRange {
     int begin;
@@ -31,8 +29,8 @@ TextRange quotable(const QString& text, bool isLine)
 {
     if (isLine)
         return {0, text.size()};
-    const int begin = text.indexOf(QLatin1String(descriptionBegin));
-    return begin < 0 ? TextRange {0, 0} : TextRange {begin + int(qstrlen(descriptionBegin)), text.size() - 1};
+    const int begin = text.indexOf(registercommands::saleDescription);
+    return begin < 0 ? TextRange {0, 0} : TextRange {begin + registercommands::saleDescription.size(), text.size() - 1};
 }
 
 bool counts(Trouble trouble, int position, const TextRange& text, bool isLine)

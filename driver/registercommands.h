@@ -23,6 +23,12 @@ using toolkit::operator""_L1;
 
 constexpr QLatin1String lineEnd = "\r\n"_L1;
 
+/// Characters in a line of the paper.
+constexpr int paperWidth = 32;
+
+/// Ends the text that it stands in, wherever that is.
+constexpr QChar quote = u'\'';
+
 // Framing of an ordinary document, and its lines: prefix, text, suffix.
 constexpr QLatin1String openNonFiscal = "nofis apri\r\n"_L1;
 constexpr QLatin1String linePrefix = "nofis riga='"_L1;
@@ -34,6 +40,16 @@ constexpr QLatin1String clear = "CLEAR \r\n"_L1;
 constexpr QLatin1String registeringMode = "CHIAVE REG\r\n"_L1;
 constexpr QLatin1String closeFiscal = "CHIUS T=1\r\n"_L1;
 
+// What stands around the fields of the fiscal commands.
+constexpr QLatin1String saleDepartment = "VEND REP="_L1;
+constexpr QLatin1String saleQuantity = ",QTY="_L1;
+constexpr QLatin1String salePrice = ",PREZZO="_L1;
+constexpr QLatin1String saleDescription = ",DES='"_L1;
+constexpr QLatin1String discountAmount = "SCONTO VAL="_L1;
+constexpr QLatin1String ratePercent = "PERCA ALIQ="_L1;
+constexpr QLatin1String subtotalDiscountBegin = "="_L1;
+constexpr QLatin1String subtotalDiscountEnd = "*2M"_L1;
+
 // Ends of the payment commands, whose amounts are in hundredths.
 constexpr QLatin1String cash = "H1T"_L1;
 constexpr QLatin1String cheque = "H2T"_L1;
@@ -43,24 +59,24 @@ constexpr QLatin1String mealTicket = "H5T"_L1;
 inline QString sale(const QString& department, const QString& quantity, const QString& price,
                     const QString& description)
 {
-    return "VEND REP="_L1 + department + ",QTY="_L1 + quantity + ",PREZZO="_L1 + price + ",DES='"_L1 + description
+    return saleDepartment + department + saleQuantity + quantity + salePrice + price + saleDescription + description
         + lineSuffix;
 }
 
 /// A discount on the row before. @p amount is positive.
 inline QString discount(const QString& amount)
 {
-    return "SCONTO VAL="_L1 + amount + lineEnd;
+    return discountAmount + amount + lineEnd;
 }
 
 inline QString rate(const QString& rate)
 {
-    return "PERCA ALIQ="_L1 + rate + lineEnd;
+    return ratePercent + rate + lineEnd;
 }
 
 inline QString subtotalDiscount(const QString& percent)
 {
-    return QLatin1Char('=') + percent + "*2M"_L1 + lineEnd;
+    return subtotalDiscountBegin + percent + subtotalDiscountEnd + lineEnd;
 }
 
 inline QString payment(const QString& hundredths, QLatin1String type)

@@ -108,6 +108,19 @@ Decimal Decimal::hundredth() const
     return result;
 }
 
+Decimal Decimal::roundedToHundredths() const
+{
+    static const Decimal half = *fromText(QStringLiteral("0.005"));
+    static const Decimal hundredthOfOne = Decimal(1).hundredth();
+    Decimal result = *this + half;
+    const bool isBelow = result.negative && !result.isInHundredths(); // what cutting it short gives
+    std::fill_n(result.limbs.begin(), fractionLimbs - 1, 0);
+    quint32& limb = result.limbs[fractionLimbs - 1];
+    limb -= limb % (limbBase / 100);
+    result.settleSign();
+    return isBelow ? result - hundredthOfOne : result;
+}
+
 Decimal Decimal::magnitude() const
 {
     Decimal result = *this;
@@ -165,29 +178,45 @@ Decimal& Decimal::operator+=(const Decimal& other)
     return *this;
 }
 
-Decimal Decimal::operator*(const Decimal& other) const
+Decimal::Product Decimal::multiplied(const Limbs& left, const Limbs& right)
 {
-    std::array<quint64, 2 * std::tuple_size<Limbs>::value> product {};
-    std::size_t used = limbs.size(); // of the other's limbs
-    while (used > 0 && other.limbs[used - 1] == 0)
+    Product product {};
+    std::size_t used = right.size(); // of its limbs
+    while (used > 0 && right[used - 1] == 0)
         --used;
-    for (std::size_t i = 0; i < limbs.size(); ++i) {
-        if (limbs[i] == 0)
+    for (std::size_t i = 0; i < left.size(); ++i) {
+        if (left[i] == 0)
             continue;
         quint64 carry = 0;
         for (std::size_t k = 0; k < used; ++k) {
-            carry += product[i + k] + quint64(limbs[i]) * other.limbs[k];
+            carry += product[i + k] + quint64(left[i]) * right[k];
             product[i + k] = carry % limbBase;
             carry /= limbBase;
         }
         product[i + used] = carry;
     }
+    return product;
+}
+
+Decimal Decimal::operator*(const Decimal& other) const
+{
+    const Product product = multiplied(limbs, other.limbs);
     Decimal result;
     for (std::size_t i = 0; i < limbs.size(); ++i)
         result.limbs[i] = static_cast<quint32>(product[i + fractionLimbs]);
     result.negative = negative != other.negative;
     result.settleSign();
     return result;
+}
+
+std::optional<Decimal> Decimal::product(const Decimal& left, const Decimal& right)
+{
+    const Product limbs = multiplied(left.limbs, right.limbs);
+    const auto isZero = [](quint64 limb) { return limb == 0; };
+    const auto begin = limbs.begin() + fractionLimbs;
+    const auto end = begin + std::tuple_size<Limbs>::value - 1; // the last limb is for the sums
+    const bool hasRoom = std::all_of(limbs.begin(), begin, isZero) && std::all_of(end, limbs.end(), isZero);
+    return hasRoom && *begin % 100 == 0 ? std::optional(left * right) : std::nullopt;
 }
 
 bool operator==(const Decimal& left, const Decimal& right)

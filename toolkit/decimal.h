@@ -32,13 +32,20 @@ public:
     bool isInHundredths() const;
     /// A hundredth of it.
     Decimal hundredth() const;
+    /// In hundredths; what is just between two of them becomes the greater one: 0.125 becomes 0.13, -0.125 becomes
+    /// -0.12.
+    Decimal roundedToHundredths() const;
     Decimal magnitude() const;
     /// With a point, and at least @p decimals digits behind it; as many as it has.
     QString text(int decimals = 2) const;
 
     Decimal operator-() const;
     Decimal& operator+=(const Decimal& other);
+    /// Of numbers that were read, or of sums of them.
     Decimal operator*(const Decimal& other) const;
+    /// The product of any two numbers. Nothing where it, a hundredth of it, or a sum of a milliard such products might
+    /// have no room.
+    static std::optional<Decimal> product(const Decimal& left, const Decimal& right);
 
     friend bool operator==(const Decimal& left, const Decimal& right);
     friend bool operator<(const Decimal& left, const Decimal& right);
@@ -47,7 +54,11 @@ private:
     static const int fractionLimbs = 7;
     using Limbs = std::array<quint32, 16>; // nine decimal digits each, the least significant first
 
+    /// Twice as many, of which the middle ones have room.
+    using Product = std::array<quint64, 2 * std::tuple_size<Limbs>::value>;
+
     static bool isLess(const Limbs& left, const Limbs& right);
+    static Product multiplied(const Limbs& left, const Limbs& right);
     void settleSign();
 
     Limbs limbs {};

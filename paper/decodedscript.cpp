@@ -1,0 +1,103 @@
+#include "paper/decodedscript.h"
+
+#include <QTextCodec>
+
+namespace paper {
+
+namespace {
+
+/// A byte-order mark is text, but for the two codecs that need it to tell the order of the bytes.
+QTextCodec::ConversionFlag flagFor(const QTextCodec& codec)
+{
+    const int utf16 = 1015; // the registered numbers of these encodings
+    const int utf32 = 1017;
+    const bool isTold = codec.mibEnum() == utf16 || codec.mibEnum() == utf32;
+    return isTold ? QTextCodec::DefaultConversion : QTextCodec::IgnoreHeader;
+}
+
+QByteArray encoded(const QTextCodec& codec, const QString& text)
+{
+    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
+    return codec.fromUnicode(text.constData(), text.size(), &state);
+}
+
+/// Feeds a codec byte by byte, which alone tells what each of them becomes, with every codec.
+class ByteDecoder {
+public:
+    ByteDecoder(const QByteArray& bytes, const QTextCodec& codec);
+
+    DecodedScript decode();
+
+private:
+    void take(const QString& characters, int end);
+    void addInvalid(int end);
+
+    const QByteArray& bytes;
+    const QTextCodec& codec;
+    QTextCodec::ConverterState state;
+    const QByteArray genuine; ///< the bytes of a U+FFFD that stands in the script itself
+    DecodedScript script;
+    int begin = 0; ///< of the bytes that became nothing yet
+};
+
+ByteDecoder::ByteDecoder(const QByteArray& bytes, const QTextCodec& codec)
+    : bytes(bytes)
+    , codec(codec)
+    , state(flagFor(codec))
+    , genuine(codec.canEncode(QChar::ReplacementCharacter) ? encoded(codec, QChar(QChar::ReplacementCharacter))
+                                                           : QByteArray())
+{
+}
+
+DecodedScript ByteDecoder::decode()
+{
+    for (int i = 0; i < bytes.size(); ++i) {
+        const QString characters = codec.toUnicode(bytes.constData() + i, 1, &state);
+        if (!characters.isEmpty())
+            take(characters, i + 1);
+    }
+    // What is left is a part of a character, or the byte-order mark of an empty text.
+    const QByteArray lineFeed = encoded(codec, QStringLiteral("\n"));
+    const bool isWhole = codec.toUnicode(lineFeed.constData(), lineFeed.size(), &state) == QLatin1String("\n");
+    if (begin < bytes.size() && !isWhole) {
+        addInvalid(bytes.size());
+        script.text += QChar::ReplacementCharacter;
+    }
+    return std::move(script);
+}
+
+/// What the bytes from begin to @p end became: of invalid ones the last may be valid again.
+void ByteDecoder::take(const QString& characters, int end)
+{
+    const int replaced = characters.lastIndexOf(QChar::ReplacementCharacter);
+    if (replaced >= 0 && bytes.mid(begin, end - begin) != genuine)
+        addInvalid(end - encoded(codec, characters.mid(replaced + 1)).size());
+    script.text += characters;
+    begin = end;
+}
+
+void ByteDecoder::addInvalid(int end)
+{
+    const bool goesOn = !script.invalid.isEmpty() && script.invalid.last().begin + script.invalid.last().length == begin
+        && script.text.endsWith(QChar::ReplacementCharacter);
+    if (goesOn)
+        script.invalid.last().length = end - script.invalid.last().begin;
+    else
+        script.invalid += InvalidBytes {script.text.size(), begin, end - begin};
+}
+
+} // namespace
+
+DecodedScript decoded(const QByteArray& bytes, QTextCodec& codec)
+{
+    // At once where all is well. The line feed brings out what a last character lacks.
+    QTextCodec::ConverterState state(flagFor(codec));
+    const QByteArray whole = bytes + encoded(codec, QStringLiteral("\n"));
+    QString text = codec.toUnicode(whole.constData(), whole.size(), &state);
+    if (!text.endsWith(QLatin1Char('\n')) || text.contains(QChar::ReplacementCharacter))
+        return ByteDecoder(bytes, codec).decode();
+    text.chop(1);
+    return {text, {}};
+}
+
+} // namespace paper
