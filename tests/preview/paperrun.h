@@ -30,15 +30,15 @@ inline QByteArray script(const QByteArrayList& lines)
     return text + "nofis chiudi\r\n";
 }
 
-/// A job that prints a line of its own; the settings say whether, as simpleSettings() do.
-inline QByteArray jobOf(const QByteArray& title)
+/// A job that prints the line " Note: ..."; the settings say whether, as simpleSettings() do.
+inline QByteArray jobOf(const QByteArray& note)
 {
-    return "<printjob><method name=\"printSold\"/><headers title=\"" + title + "\"/></printjob>";
+    return "<printjob><method name=\"printSold\"/><orderinfo note=\"" + note + "\"/></printjob>";
 }
 
 inline QByteArray simpleSettings(const QByteArray& flag = "true")
 {
-    return "zelmora: { solddoc: { paperWidth = 32; printHeader = " + flag + "; }; };";
+    return "zelmora: { solddoc: { paperWidth = 32; printNote = " + flag + "; }; };";
 }
 
 /// Lines of text as the terminal frames them: each of at most 32 columns.

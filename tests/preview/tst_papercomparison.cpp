@@ -249,7 +249,7 @@ void TestPaperComparison::rehearsalOfOtherSettingsThanTodays()
 {
     PaperRun run;
     run.writeFile("today.conf", simpleSettings());
-    run.writeFile("new.xml", "<zelmora><solddoc printHeader=\"true\"/></zelmora>");
+    run.writeFile("new.xml", "<zelmora><solddoc printNote=\"true\"/></zelmora>");
     run.writeFile("a.xml", jobOf("one"));
     QCOMPARE(run.statusOf({"--rehearse", "new.xml", "a.xml"}), 1); // there are none
     QCOMPARE(run.statusOf({"--rehearse", "new.xml", "--settings", "today.conf", "a.xml"}), 0);

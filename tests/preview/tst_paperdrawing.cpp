@@ -60,7 +60,7 @@ void TestPaperDrawing::drawsAJobAsItPrints()
     run.setSettings(simpleSettings());
     run.writeFile("a.xml", jobOf("SOLD"));
     QCOMPARE(run.statusOf({"a.xml"}), 0);
-    QCOMPARE(run.standardOutput, framed("a.xml", {"SOLD"}));
+    QCOMPARE(run.standardOutput, framed("a.xml", {" Note: SOLD"}));
 
     run.writeFile("other.conf", simpleSettings("false"));
     QCOMPARE(run.statusOf({"--settings", "other.conf", "a.xml"}), 0);
@@ -77,7 +77,7 @@ void TestPaperDrawing::oneBelowTheOther()
     run.writeFile("c.txt", script({}));
     QCOMPARE(run.statusOf({"c.txt", "a.txt", "b.xml"}), 0);
     QCOMPARE(run.standardOutput,
-             framed("c.txt", {}) + '\n' + framed("a.txt", {"one"}) + '\n' + framed("b.xml", {"two"}));
+             framed("c.txt", {}) + '\n' + framed("a.txt", {"one"}) + '\n' + framed("b.xml", {" Note: two"}));
 }
 
 void TestPaperDrawing::eachDocumentOfAScript()
@@ -95,7 +95,9 @@ void TestPaperDrawing::standardInput()
     run.writeFile("a.txt", script({"one"}));
     run.writeFile("b.xml", jobOf("two"));
     run.startShell("\"$program\" - < a.txt && cat b.xml | \"$program\" -");
-    QCOMPARE(run.remarks(), framed("-", {"one"}) + framed("-", {"two"}));
+    QCOMPARE(run.remarks(), framed("-", {"one"}) + framed("-", {" Note: two"}));
+    run.startShell("\"$program\" - < /dev/null");
+    QCOMPARE(run.remarks(), QByteArray("\nstandard error: The file - is empty.\n\nexit status 2"));
 }
 
 void TestPaperDrawing::toldByContent_data()
@@ -107,11 +109,11 @@ void TestPaperDrawing::toldByContent_data()
         return QTextCodec::codecForName(name)->fromUnicode(
             "<?xml version=\"1.0\" encoding=\"UTF-16\"?>" + QString::fromUtf8(jobOf("è")));
     };
-    QTest::newRow("a job") << jobOf("job") << "job";
-    QTest::newRow("a job behind white space") << " \n\t" + jobOf("job") << "job";
-    QTest::newRow("a job behind a byte-order mark") << "\xEF\xBB\xBF" + jobOf("job") << "job";
-    QTest::newRow("a job in UTF-16, the small end first") << utf16("UTF-16LE").prepend("\xFF\xFE") << "è";
-    QTest::newRow("a job in UTF-16, the big end first") << utf16("UTF-16BE").prepend("\xFE\xFF") << "è";
+    QTest::newRow("a job") << jobOf("job") << " Note: job";
+    QTest::newRow("a job behind white space") << " \n\t" + jobOf("job") << " Note: job";
+    QTest::newRow("a job behind a byte-order mark") << "\xEF\xBB\xBF" + jobOf("job") << " Note: job";
+    QTest::newRow("a job in UTF-16, the small end first") << utf16("UTF-16LE").prepend("\xFF\xFE") << " Note: è";
+    QTest::newRow("a job in UTF-16, the big end first") << utf16("UTF-16BE").prepend("\xFE\xFF") << " Note: è";
     QTest::newRow("a script that is about one") << script({"<job>"}) << "<job>";
 }
 
@@ -149,7 +151,7 @@ void TestPaperDrawing::anEightBitTerminal()
     const QByteArray edge = '+' + QByteArray(32, '-') + "+\n";
     const QByteArray rest(31, ' ');
     QCOMPARE(run.standardOutput,
-             "a.txt\n" + edge + "|\xE8" + rest + "|\n" + edge + "\nb.xml\n" + edge + "|\xA4" + rest + "|\n" + edge);
+             "a.txt\n" + edge + "|\xE8" + rest + "|\n" + edge + "\nb.xml\n" + edge + "| Note: \xA4" + rest.mid(7) + "|\n" + edge);
 }
 
 // Its bytes are no text in this locale.
@@ -161,8 +163,8 @@ void TestPaperDrawing::anyFileName()
     run.writeFile("b.xml", jobOf("two"));
     run.startShell("mv a.txt \"$(printf 'a\\350.txt')\" && mv b.xml \"$(printf 'b\\350.xml')\" && "
                    "mkdir \"$(printf '\\350')\" && "
-                   "\"$program\" --plain -o \"$(printf '\\350/\\350.txt')\" *.xml *.txt && cat */*.txt");
-    QCOMPARE(run.remarks(), QByteArray("two\n\none\n"));
+                   "\"$program\" --plain -o \"$(printf '\\350/\\350.txt')\" *.xml *.txt && cat */*.txt && rm -r ./*");
+    QCOMPARE(run.remarks(), QByteArray(" Note: two\n\none\n"));
 }
 
 void TestPaperDrawing::plain_data()
@@ -288,7 +290,6 @@ void TestPaperDrawing::statuses_data()
                                   << QByteArray("The file none.txt cannot be read: No such file or directory\n");
     QTest::newRow("a folder") << QStringList {"home"} << 2 << QByteArray("The file home cannot be read: ");
     QTest::newRow("an empty file") << QStringList {"empty.txt"} << 2 << QByteArray("The file empty.txt is empty.\n");
-    QTest::newRow("an empty standard input") << QStringList {"-"} << 2 << QByteArray("The file - is empty.\n");
     QTest::newRow("one of several cannot be read")
         << QStringList {"none.txt", "good.txt"} << 2
         << QByteArray("The file none.txt cannot be read: No such file or directory\n");
@@ -403,10 +404,10 @@ void TestPaperDrawing::xmlSettings()
 {
     PaperRun run;
     run.writeFile("a.xml", jobOf("one"));
-    run.writeFile("s.xml", "<zelmora><solddoc paperWidth=\"32\" printHeader=\"true\"/></zelmora>");
+    run.writeFile("s.xml", "<zelmora><solddoc paperWidth=\"32\" printNote=\"true\"/></zelmora>");
     QCOMPARE(run.statusOf({"--settings", "s.xml", "a.xml"}), 0);
-    QCOMPARE(run.standardOutput, framed("a.xml", {"one"}));
-    run.writeFile("s.xml", "<zelmora><solddoc printHeader=\"true\" style=\"a;b\"/></zelmora>");
+    QCOMPARE(run.standardOutput, framed("a.xml", {" Note: one"}));
+    run.writeFile("s.xml", "<zelmora><solddoc printNote=\"true\" style=\"a;b\"/></zelmora>");
     QCOMPARE(run.statusOf({"--settings", "s.xml", "a.xml"}), 2);
     QCOMPARE(run.standardError,
              QByteArray("The print program reads the brace form alone, which cannot hold this of the file s.xml:\n"
@@ -419,7 +420,7 @@ void TestPaperDrawing::findingsOfAJobAreThoseOfItsScript()
     run.setSettings(simpleSettings());
     run.writeFile("a.xml", jobOf("it's"));
     QCOMPARE(run.statusOf({"a.xml"}), 1);
-    QVERIFY2(run.standardError.startsWith("a.xml (script):2:15: error: ")
+    QVERIFY2(run.standardError.startsWith("a.xml (script):2:22: error: ")
                  && run.standardError.endsWith(" [quote-in-text]\n"),
              run.standardError.constData());
 }
