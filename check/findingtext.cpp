@@ -4,13 +4,15 @@
 
 namespace check {
 
-QString shown(const QString& text)
+QString beginning(const QString& text, int longest)
 {
-    const int greatest = 80; // a job may hold megabytes, which nobody reads and each finding would keep
-    if (text.size() <= greatest)
-        return text;
-    const int end = text.at(greatest - 1).isHighSurrogate() ? greatest - 1 : greatest; // no half of a character
-    return text.left(end) + QStringLiteral("...");
+    const bool halves = longest > 0 && longest < text.size() && text.at(longest - 1).isHighSurrogate();
+    return text.left(halves ? longest - 1 : longest);
+}
+
+QString shown(const QString& text, int longest)
+{
+    return text.size() <= longest ? text : beginning(text, longest) + QStringLiteral("...");
 }
 
 QString namesOf(const QVector<const vocabulary::Method*>& methods)

@@ -1,5 +1,6 @@
 #include "check/settingssyntax.h"
 
+#include "check/findingtext.h"
 #include "check/placedsettings.h"
 #include "check/settingnames.h"
 #include "toolkit/literals.h"
@@ -235,8 +236,8 @@ private:
 
 QString excerpt(const QString& text)
 {
-    const QString begin = text.left(2 * longestExcerpt).simplified(); // a long text is not copied
-    return begin.size() <= longestExcerpt ? begin : begin.left(longestExcerpt) + "..."_L1;
+    const QString begin = beginning(text, 2 * longestExcerpt).simplified(); // a long text is not copied
+    return shown(begin, longestExcerpt);
 }
 
 std::optional<Remark> remarkIn(const ScannedSetting& setting)

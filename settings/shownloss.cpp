@@ -1,5 +1,6 @@
 #include "settings/shownloss.h"
 
+#include "check/findingtext.h"
 #include "settings/settingsfile.h"
 #include "toolkit/console.h"
 #include "toolkit/literals.h"
@@ -45,8 +46,7 @@ QString withoutSecrets(const QString& text, const SettingsFile& file)
 
 QString shown(const QString& text, const SettingsFile& file)
 {
-    const QString line = toolkit::inOneLine(withoutSecrets(text, file));
-    return line.size() <= longestText ? line : line.left(longestText) + "..."_L1;
+    return check::shown(toolkit::inOneLine(withoutSecrets(text, file)), longestText);
 }
 
 } // namespace

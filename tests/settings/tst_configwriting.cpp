@@ -372,8 +372,8 @@ void TestConfigWriting::whatWouldBeLostIsNotLost_data()
     QTest::addColumn<QString>("file");
     QTest::addColumn<QByteArray>("contents");
     QTest::addColumn<QByteArray>("loss");
-    const auto row = [](const char* name, const char* file, const QByteArray& contents, const char* loss) {
-        QTest::newRow(name) << file << contents << QByteArray(loss);
+    const auto row = [](const char* name, const char* file, const QByteArray& contents, const QByteArray& loss) {
+        QTest::newRow(name) << file << contents << loss;
     };
 
     row("words behind the end", "a.conf", "zelmora: { bin: { path = 1; }; };\nmore words", "  line 2: more words\n");
@@ -383,6 +383,13 @@ void TestConfigWriting::whatWouldBeLostIsNotLost_data()
     row("an empty group", "a.conf", "zelmora: { bin: { path = 1; }; doc: { }; };", "  line 1: doc\n");
     row("a remark of two lines in XML", "a.xml", "<zelmora><bin path='1'/>\n<!-- one\ntwo --></zelmora>",
         "  lines 2 to 3: one two\n");
+    const QByteArray good = "zelmora: { bin: { path = 1; }; };\n";
+    const QByteArray word99(99, 'w');
+    const QByteArray pizza = "\xF0\x9F\x8D\x95"; // two units of the toolkit's text
+    row("a word of 100 letters", "a.conf", good + word99 + 'w', "  line 2: " + word99 + "w\n");
+    row("a word of 101 letters, which is cut", "a.conf", good + word99 + "ww", "  line 2: " + word99 + "w...\n");
+    row("a character across the cut, which goes whole", "a.conf", good + word99 + pizza,
+        "  line 2: " + word99 + "...\n");
 }
 
 // No terminal is here to ask.
