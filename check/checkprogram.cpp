@@ -2,6 +2,7 @@
 
 #include "check/codelist.h"
 #include "check/commandline.h"
+#include "check/findingtext.h"
 #include "check/jobcheck.h"
 #include "check/placedsettings.h"
 #include "check/schema.h"
@@ -62,11 +63,6 @@ QString pathOf(const QString& name)
 ExitStatus refuseFile(const QString& path, const QString& reason)
 {
     return refuse(QObject::tr("The file %1 cannot be read: %2").arg(path, reason));
-}
-
-Findings unreadable(const QString& reason)
-{
-    return {{Code::Unreadable, Severity::Error, {}, QObject::tr("The file cannot be read: %1").arg(reason)}};
 }
 
 // --- Settings --------------------------------------------------------------------------------------------------
@@ -156,7 +152,7 @@ ExitStatus reportJobs(const Call& call, const JobSettings& settings)
     for (const QString& path : call.jobs) {
         const CheckedJob checked = checkFile(path, settings);
         const bool wasRead = checked.reason.isEmpty();
-        report.add(path, wasRead ? checked.findings : unreadable(checked.reason));
+        report.add(path, wasRead ? checked.findings : Findings {unreadable(checked.reason)});
         allRead = allRead && wasRead;
     }
     return report.finish() ? statusOf(allRead, report.hasErrors()) : refuseOutput();
@@ -187,7 +183,7 @@ ExitStatus reportSettings(const Call& call, const QString& reason)
     if (call.task != Call::Task::Check)
         return refuseFile(call.settings, reason);
     Report report(call.report);
-    report.add(call.settings, unreadable(reason));
+    report.add(call.settings, {unreadable(reason)});
     report.finish();
     return NotDone;
 }

@@ -2,6 +2,8 @@
 
 #include "vocabulary/jobs.h"
 
+#include <QObject>
+
 namespace check {
 
 QString beginning(const QString& text, int longest)
@@ -15,6 +17,11 @@ QString shown(const QString& text, int longest)
     return text.size() <= longest ? text : beginning(text, longest) + QStringLiteral("...");
 }
 
+QString withQuestion(const QString& text, const QString& meant)
+{
+    return meant.isEmpty() ? text : text + QLatin1Char(' ') + QObject::tr("Is \"%1\" meant?").arg(meant);
+}
+
 QString namesOf(const QVector<const vocabulary::Method*>& methods)
 {
     QStringList names;
@@ -23,9 +30,14 @@ QString namesOf(const QVector<const vocabulary::Method*>& methods)
     return names.join(QStringLiteral(", "));
 }
 
+Finding unreadable(const QString& reason)
+{
+    return finding(Code::Unreadable, {}, QObject::tr("The file cannot be read: %1").arg(reason));
+}
+
 void add(Findings& findings, Code code, toolkit::TextPlace place, const QString& text, const QString& suggestion)
 {
-    findings += Finding {code, entry(code).severity, place, text, suggestion};
+    findings += finding(code, place, text, suggestion);
 }
 
 void addLesser(Findings& findings, Code code, toolkit::TextPlace place, const QString& text)

@@ -1,5 +1,6 @@
 #include "check/settingnames.h"
 
+#include "check/findingtext.h"
 #include "check/placedsettings.h"
 #include "check/settingssyntax.h"
 #include "check/settingvalue.h"
@@ -49,11 +50,6 @@ QString groupsReading(const QString& key)
     return names.join(QStringLiteral(", "));
 }
 
-QString withNearest(const QString& text, const QString& nearest)
-{
-    return nearest.isEmpty() ? text : text + QLatin1Char(' ') + QObject::tr("Is \"%1\" meant?").arg(nearest);
-}
-
 /// What there is to say of the names of one settings file.
 class NameCheck {
 public:
@@ -90,7 +86,7 @@ public:
 private:
     void add(Code code, toolkit::TextPlace place, const QString& text, const QString& name, const QString& nearest = {})
     {
-        findings += finding(code, place, withNearest(text.arg(excerpt(name)), nearest), nearest);
+        findings += finding(code, place, withQuestion(text.arg(excerpt(name)), nearest), nearest);
     }
 
     void checkWrongTopGroup(const PlacedGroup& group)

@@ -1,5 +1,6 @@
 #include "settings/commands.h"
 
+#include "check/findingtext.h"
 #include "config/zmconfiguration.h"
 #include "toolkit/filenames.h"
 #include "toolkit/literals.h"
@@ -37,7 +38,7 @@ QString notSet(const QString& key)
     const QString text = QObject::tr("%1 is not set.").arg(key);
     const QStringList keys = readKeys();
     const QString meant = keys.contains(key) ? QString() : toolkit::nearest(key, keys);
-    return meant.isEmpty() ? text : text + QLatin1Char(' ') + QObject::tr("Is \"%1\" meant?").arg(meant);
+    return check::withQuestion(text, meant);
 }
 
 void say(const QString& text)

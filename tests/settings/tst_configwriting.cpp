@@ -185,9 +185,9 @@ void TestConfigWriting::setRefuses_data()
     row("a word that there is not", "zelmora.logger.type", "ADD",
         "zelmora.logger.type is one of APPEND, OVERWRITE, and \"ADD\" is none.");
     row("a slip in a key", "zelmora.receiptdoc.papperWidth", "40",
-        "No program reads zelmora.receiptdoc.papperWidth. Is zelmora.receiptdoc.paperWidth meant?");
+        "No program reads zelmora.receiptdoc.papperWidth. Is \"zelmora.receiptdoc.paperWidth\" meant?");
     row("a key in another letter case", "zelmora.receiptDoc.paperWidth", "40",
-        "No program reads zelmora.receiptDoc.paperWidth. Is zelmora.receiptdoc.paperWidth meant?");
+        "No program reads zelmora.receiptDoc.paperWidth. Is \"zelmora.receiptdoc.paperWidth\" meant?");
     row("a key that is like none", "zelmora.doc.colour", "red",
         "No program reads zelmora.doc.colour. \"zelmora-config list\" shows what is read.");
     row("a key without its groups", "paperWidth", "40",
@@ -198,7 +198,7 @@ void TestConfigWriting::setRefuses_data()
         "No program reads other.doc.paperWidth. \"zelmora-config list\" shows what is read.");
     row("a group", "zelmora.doc", "40", "No program reads zelmora.doc. \"zelmora-config list\" shows what is read.");
     row("a key of too many groups", "zelmora.doc.paperWidth.x", "40",
-        "No program reads zelmora.doc.paperWidth.x. Is zelmora.doc.paperWidth meant?");
+        "No program reads zelmora.doc.paperWidth.x. Is \"zelmora.doc.paperWidth\" meant?");
 }
 
 void TestConfigWriting::setRefuses()
