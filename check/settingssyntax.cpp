@@ -99,12 +99,8 @@ QString withoutSecrets(QString text)
 {
     static const QRegularExpression secrets = [] {
         QStringList keys;
-        for (const vocabulary::SettingGroup& group : vocabulary::settingGroups()) {
-            for (const vocabulary::Setting& setting : group.settings) {
-                if (setting.kind == vocabulary::SettingKind::Secret)
-                    keys += setting.key;
-            }
-        }
+        for (const QString& key : vocabulary::secretKeys())
+            keys += key.section(QLatin1Char('.'), -1);
         return QRegularExpression("\\b("_L1 + keys.join(QLatin1Char('|')) + ")\\b[^;]+"_L1);
     }();
     return text.replace(secrets, QStringLiteral("\\1 ***"));

@@ -100,7 +100,8 @@ private:
     /// As the programs find it.
     std::optional<PlacedSetting> find(QLatin1String group, QLatin1String key) const
     {
-        std::optional<PlacedSetting> found = settings.find("zelmora."_L1 + group + QLatin1Char('.') + key);
+        const vocabulary::SettingGroup& meaning = *vocabulary::findGroup(group);
+        std::optional<PlacedSetting> found = settings.find(keyOf(meaning, *findSetting(meaning, key)));
         if (found)
             found->value = toolkit::eightBit(found->value);
         return found;

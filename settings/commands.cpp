@@ -3,7 +3,6 @@
 #include "check/findingtext.h"
 #include "config/zmconfiguration.h"
 #include "toolkit/filenames.h"
-#include "toolkit/literals.h"
 #include "toolkit/localecodec.h"
 #include "toolkit/nearest.h"
 #include "vocabulary/settings.h"
@@ -11,8 +10,6 @@
 #include <QObject>
 
 #include <cstdio>
-
-using toolkit::operator""_L1;
 
 namespace settings {
 
@@ -27,7 +24,7 @@ QStringList readKeys()
     for (const vocabulary::SettingGroup& group : vocabulary::settingGroups()) {
         for (const vocabulary::Setting& setting : group.settings) {
             if (vocabulary::isRead(group, setting))
-                keys += "zelmora."_L1 + group.name + QLatin1Char('.') + setting.key;
+                keys += vocabulary::keyOf(group, setting);
         }
     }
     return keys;

@@ -26,7 +26,7 @@ const int widestColumn = 40; ///< what is longer runs on, and moves nothing but 
 
 ListedSetting listed(const SettingGroup& group, const Setting& setting, const check::PlacedSettings& file)
 {
-    ListedSetting found {"zelmora."_L1 + group.name + QLatin1Char('.') + setting.key, &setting, {}, {}, {}};
+    ListedSetting found {vocabulary::keyOf(group, setting), &setting, {}, {}, {}};
     if (const auto placed = file.find(found.key)) {
         found.written = toolkit::eightBit(placed->value);
         found.place = placed->place;

@@ -4,7 +4,6 @@
 #include "vocabulary/documentgroups.h"
 
 #include <QObject>
-#include <QStringList>
 
 #include <algorithm>
 
@@ -173,6 +172,23 @@ const Setting* findSetting(const SettingGroup& group, const QString& key)
             return &setting;
     }
     return nullptr;
+}
+
+QString keyOf(const SettingGroup& group, const Setting& setting)
+{
+    return "zelmora."_L1 + group.name + QLatin1Char('.') + setting.key;
+}
+
+QStringList secretKeys()
+{
+    QStringList keys;
+    for (const SettingGroup& group : settingGroups()) {
+        for (const Setting& setting : group.settings) {
+            if (setting.kind == Kind::Secret)
+                keys += keyOf(group, setting);
+        }
+    }
+    return keys;
 }
 
 bool isRead(const SettingGroup& group, const Setting& setting)

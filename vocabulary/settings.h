@@ -6,6 +6,7 @@
 #include "vocabulary/table.h"
 
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 /// What a settings file may say (docs/settings-file.md), as tables: every setting that a program of the suite reads.
@@ -50,6 +51,11 @@ Table<SettingGroup> settingGroups();
 /// Null when there is none. Names are case-sensitive.
 const SettingGroup* findGroup(const QString& name);
 const Setting* findSetting(const SettingGroup& group, const QString& key);
+
+/// The whole key, under which look-ups find the setting in that group: "zelmora.receiptdoc.paperWidth".
+QString keyOf(const SettingGroup& group, const Setting& setting);
+/// The whole keys of what is not shown unasked.
+QStringList secretKeys();
 
 /// Whether a program reads that setting of the group's table in that group.
 bool isRead(const SettingGroup& group, const Setting& setting);

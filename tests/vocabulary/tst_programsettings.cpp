@@ -32,6 +32,7 @@ private slots:
 
     void findGroup();
     void findSetting();
+    void wholeKeys();
     void whereSettingsAct();
     void takes_data();
     void takes();
@@ -232,6 +233,13 @@ void TestProgramSettings::findSetting()
     QCOMPARE(QString(vocabulary::findSetting(group, "paperWidth")->key), QString("paperWidth"));
     QVERIFY(!vocabulary::findSetting(group, "paperwidth"));
     QVERIFY(!vocabulary::findSetting(group, "dbname"));
+}
+
+void TestProgramSettings::wholeKeys()
+{
+    QCOMPARE(vocabulary::keyOf(*vocabulary::findGroup("receiptdoc"), setting("receiptdoc", "paperWidth")),
+             QString("zelmora.receiptdoc.paperWidth"));
+    QCOMPARE(vocabulary::secretKeys(), QStringList {"zelmora.db.password"});
 }
 
 void TestProgramSettings::whereSettingsAct()
