@@ -247,6 +247,12 @@ QString valueText(const Setting& setting)
     return QString();
 }
 
+int numberTaken(const Setting& setting, const QString& written)
+{
+    const int number = std::clamp(toolkit::toInteger(written), -setting.greatest, setting.greatest);
+    return number != 0 ? number : toolkit::toInteger(setting.absent);
+}
+
 bool takes(const Setting& setting, const QString& value)
 {
     switch (setting.kind) {

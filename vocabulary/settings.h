@@ -67,6 +67,9 @@ QVector<const Method*> methodsAffected(const SettingGroup& group, const Setting&
 bool actsSomewhere(const Setting& setting);
 /// "a flag, true or false", "a number from 0 to 10000", "one of DEBUG, INFO, ...", translated.
 QString valueText(const Setting& setting);
+/// What the print program makes of the number that is written for it: a malformed one is 0, one that is too great
+/// counts as the greatest, either way, and 0 is what absence is, where that is a number.
+int numberTaken(const Setting& setting, const QString& written);
 /// Whether the setting takes @p value: a flag "true" or "false", a number within its range, one of the words; a path, a
 /// text and a secret take any.
 bool takes(const Setting& setting, const QString& value);
