@@ -4,7 +4,6 @@
 #include "check/placedsettings.h"
 #include "check/settingssyntax.h"
 #include "check/settingvalue.h"
-#include "toolkit/literals.h"
 #include "toolkit/nearest.h"
 #include "vocabulary/settings.h"
 
@@ -13,7 +12,6 @@
 #include <QSet>
 
 using libconfig::ScannedSetting;
-using toolkit::operator""_L1;
 using vocabulary::SettingGroup;
 
 namespace check {

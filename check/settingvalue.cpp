@@ -2,6 +2,7 @@
 
 #include "check/settingssyntax.h"
 #include "config/settingsscan.h"
+#include "driver/registercommands.h"
 #include "toolkit/eightbit.h"
 #include "toolkit/literals.h"
 #include "toolkit/numbertext.h"
@@ -21,8 +22,6 @@ using vocabulary::SettingKind;
 namespace check {
 
 namespace {
-
-const int registerWidth = 32;
 
 /// Digits, too many of which are no number to the programs.
 bool isNumeral(const QString& value)
@@ -148,10 +147,10 @@ private:
 
     void checkPaper()
     {
-        if (meaning.key == "paperWidth"_L1 && number.value_or(0) > registerWidth)
+        if (meaning.key == "paperWidth"_L1 && number.value_or(0) > registercommands::paperWidth)
             add(Code::PaperWiderThanRegister,
                 QObject::tr("The paper is wider than the register's %1 characters, within which lines are centred.")
-                    .arg(registerWidth));
+                    .arg(registercommands::paperWidth));
     }
 
     /// Whether the value is another one than what the setting is without it.

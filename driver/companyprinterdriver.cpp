@@ -36,7 +36,7 @@ CompanyPrinterDriver::~CompanyPrinterDriver() = default;
 
 int CompanyPrinterDriver::getPaperWidth()
 {
-    return 32;
+    return registercommands::paperWidth;
 }
 
 void CompanyPrinterDriver::setBold()

@@ -21,6 +21,9 @@ namespace registercommands {
 
 using toolkit::operator""_L1;
 
+/// The characters in a line of the register's roll.
+constexpr int paperWidth = 32;
+
 constexpr QLatin1String lineEnd = "\r\n"_L1;
 
 // Framing of an ordinary document, and its lines: prefix, text, suffix.
