@@ -3,6 +3,7 @@
 #include "check/checkedfile.h"
 #include "check/codelist.h"
 #include "check/commandline.h"
+#include "check/findingtext.h"
 #include "check/placedsettings.h"
 #include "check/schema.h"
 #include "check/tracewriter.h"
@@ -58,11 +59,6 @@ QString pathOf(const QString& name)
 ExitStatus refuseFile(const QString& path, const QString& reason)
 {
     return refuse(QObject::tr("The file %1 cannot be read: %2").arg(path, reason));
-}
-
-Findings unreadable(const QString& reason)
-{
-    return {finding(Code::Unreadable, {}, QObject::tr("The file cannot be read: %1").arg(reason))};
 }
 
 // --- Settings --------------------------------------------------------------------------------------------------
@@ -125,7 +121,7 @@ Findings findingsOf(const CheckedFile& file)
 {
     switch (file.outcome) {
     case CheckedFile::Unreadable:
-        return unreadable(file.reason);
+        return {unreadable(file.reason)};
     case CheckedFile::Empty:
         return {finding(Code::Unreadable, {}, QObject::tr("The file is empty."))};
     case CheckedFile::Checked:
@@ -189,7 +185,7 @@ ExitStatus reportSettings(const Call& call, const QString& reason)
     if (call.task != Call::Task::Check)
         return refuseFile(call.settings, reason);
     Report report(call.report);
-    report.add(call.settings, unreadable(reason));
+    report.add(call.settings, {unreadable(reason)});
     report.finish();
     return NotDone;
 }

@@ -2,15 +2,24 @@
 
 #include "vocabulary/jobs.h"
 
+#include <QObject>
+
 namespace check {
 
-QString shown(const QString& text)
+QString beginning(const QString& text, int longest)
 {
-    const int greatest = 80; // a job may hold megabytes, which nobody reads and each finding would keep
-    if (text.size() <= greatest)
-        return text;
-    const int end = text.at(greatest - 1).isHighSurrogate() ? greatest - 1 : greatest; // no half of a character
-    return text.left(end) + QStringLiteral("...");
+    const bool halves = longest > 0 && longest < text.size() && text.at(longest - 1).isHighSurrogate();
+    return text.left(halves ? longest - 1 : longest);
+}
+
+QString shown(const QString& text, int longest)
+{
+    return text.size() <= longest ? text : beginning(text, longest) + QStringLiteral("...");
+}
+
+QString withQuestion(const QString& text, const QString& meant)
+{
+    return meant.isEmpty() ? text : text + QLatin1Char(' ') + QObject::tr("Is \"%1\" meant?").arg(meant);
 }
 
 QString namesOf(const QVector<const vocabulary::Method*>& methods)
@@ -21,9 +30,14 @@ QString namesOf(const QVector<const vocabulary::Method*>& methods)
     return names.join(QStringLiteral(", "));
 }
 
+Finding unreadable(const QString& reason)
+{
+    return finding(Code::Unreadable, {}, QObject::tr("The file cannot be read: %1").arg(reason));
+}
+
 void add(Findings& findings, Code code, toolkit::TextPlace place, const QString& text, const QString& suggestion)
 {
-    findings += Finding {code, entry(code).severity, place, text, suggestion};
+    findings += finding(code, place, text, suggestion);
 }
 
 void addLesser(Findings& findings, Code code, toolkit::TextPlace place, const QString& text)

@@ -38,12 +38,6 @@ QString nearestAttribute(const JobElement& element, const QString& name)
     return toolkit::nearest(name, names + vocabulary::attributeNames(element.name()));
 }
 
-/// @p text, and which name was probably meant.
-QString withQuestion(const QString& text, const QString& meant)
-{
-    return meant.isEmpty() ? text : text + QLatin1Char(' ') + QObject::tr("Is \"%1\" meant?").arg(meant);
-}
-
 void judgeElementName(const JobElement& element, Findings& findings)
 {
     const QString name = shown(element.name());

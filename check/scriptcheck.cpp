@@ -78,8 +78,7 @@ QString textOfNoCommand(const QString& line, const QString& meant)
     if (!missing.isEmpty())
         return QObject::tr("The sale has no \"%1\" in its place: %2, %3, %4 and %5 follow each other in a sale.")
             .arg(missing, saleDepartment, saleQuantity, salePrice, saleDescription);
-    const QString text = QObject::tr("\"%1\" is no command of the register.").arg(shown(line));
-    return meant.isEmpty() ? text : text + QLatin1Char(' ') + QObject::tr("Is \"%1\" meant?").arg(shown(meant));
+    return withQuestion(QObject::tr("\"%1\" is no command of the register.").arg(shown(line)), shown(meant));
 }
 
 void addNoCommand(Findings& findings, const Fault& fault)

@@ -1,9 +1,9 @@
 #include "check/settingnames.h"
 
+#include "check/findingtext.h"
 #include "check/placedsettings.h"
 #include "check/settingssyntax.h"
 #include "check/settingvalue.h"
-#include "toolkit/literals.h"
 #include "toolkit/nearest.h"
 #include "vocabulary/settings.h"
 
@@ -12,7 +12,6 @@
 #include <QSet>
 
 using libconfig::ScannedSetting;
-using toolkit::operator""_L1;
 using vocabulary::SettingGroup;
 
 namespace check {
@@ -47,11 +46,6 @@ QString groupsReading(const QString& key)
             names += group.name;
     }
     return names.join(QStringLiteral(", "));
-}
-
-QString withNearest(const QString& text, const QString& nearest)
-{
-    return nearest.isEmpty() ? text : text + QLatin1Char(' ') + QObject::tr("Is \"%1\" meant?").arg(nearest);
 }
 
 /// What there is to say of the names of one settings file.
@@ -90,7 +84,7 @@ public:
 private:
     void add(Code code, toolkit::TextPlace place, const QString& text, const QString& name, const QString& nearest = {})
     {
-        findings += finding(code, place, withNearest(text.arg(excerpt(name)), nearest), nearest);
+        findings += finding(code, place, withQuestion(text.arg(excerpt(name)), nearest), nearest);
     }
 
     void checkWrongTopGroup(const PlacedGroup& group)

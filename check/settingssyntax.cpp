@@ -1,5 +1,6 @@
 #include "check/settingssyntax.h"
 
+#include "check/findingtext.h"
 #include "check/placedsettings.h"
 #include "check/settingnames.h"
 #include "toolkit/literals.h"
@@ -98,12 +99,8 @@ QString withoutSecrets(QString text)
 {
     static const QRegularExpression secrets = [] {
         QStringList keys;
-        for (const vocabulary::SettingGroup& group : vocabulary::settingGroups()) {
-            for (const vocabulary::Setting& setting : group.settings) {
-                if (setting.kind == vocabulary::SettingKind::Secret)
-                    keys += setting.key;
-            }
-        }
+        for (const QString& key : vocabulary::secretKeys())
+            keys += key.section(QLatin1Char('.'), -1);
         return QRegularExpression("\\b("_L1 + keys.join(QLatin1Char('|')) + ")\\b[^;]+"_L1);
     }();
     return text.replace(secrets, QStringLiteral("\\1 ***"));
@@ -235,8 +232,8 @@ private:
 
 QString excerpt(const QString& text)
 {
-    const QString begin = text.left(2 * longestExcerpt).simplified(); // a long text is not copied
-    return begin.size() <= longestExcerpt ? begin : begin.left(longestExcerpt) + "..."_L1;
+    const QString begin = beginning(text, 2 * longestExcerpt).simplified(); // a long text is not copied
+    return shown(begin, longestExcerpt);
 }
 
 std::optional<Remark> remarkIn(const ScannedSetting& setting)

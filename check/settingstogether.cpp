@@ -6,15 +6,12 @@
 #include "print/rowlayout.h"
 #include "toolkit/eightbit.h"
 #include "toolkit/literals.h"
-#include "toolkit/numbertext.h"
 #include "vocabulary/settings.h"
 
 #include <QDir>
 #include <QFile>
 #include <QObject>
 #include <QTranslator>
-
-#include <algorithm>
 
 using toolkit::TextPlace;
 using toolkit::operator""_L1;
@@ -100,25 +97,24 @@ private:
     /// As the programs find it.
     std::optional<PlacedSetting> find(QLatin1String group, QLatin1String key) const
     {
-        std::optional<PlacedSetting> found = settings.find("zelmora."_L1 + group + QLatin1Char('.') + key);
+        const vocabulary::SettingGroup& meaning = *vocabulary::findGroup(group);
+        std::optional<PlacedSetting> found = settings.find(keyOf(meaning, *findSetting(meaning, key)));
         if (found)
             found->value = toolkit::eightBit(found->value);
         return found;
     }
 
-    /// As the print program takes it; 0 when there is none.
+    /// As the print program takes it.
     int width(QLatin1String group, QLatin1String key) const
     {
         const vocabulary::Setting* const meaning = findSetting(*vocabulary::findGroup(group), key);
         const std::optional<PlacedSetting> found = find(group, key);
-        return found ? std::clamp(toolkit::toInteger(found->value), -meaning->greatest, meaning->greatest) : 0;
+        return numberTaken(*meaning, found ? found->value : QString());
     }
 
     rowlayout::Widths widthsOf(QLatin1String group) const
     {
-        const int paper = width(group, paperWidth);
-        const int absent = toolkit::toInteger(findSetting(*vocabulary::findGroup(group), paperWidth)->absent);
-        return {paper != 0 ? paper : absent, width(group, quantityWidth), width(group, priceWidth),
+        return {width(group, paperWidth), width(group, quantityWidth), width(group, priceWidth),
                 width(group, totalWidth)};
     }
 

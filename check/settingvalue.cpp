@@ -2,6 +2,7 @@
 
 #include "check/settingssyntax.h"
 #include "config/settingsscan.h"
+#include "driver/registercommands.h"
 #include "toolkit/eightbit.h"
 #include "toolkit/literals.h"
 #include "toolkit/numbertext.h"
@@ -21,8 +22,6 @@ using vocabulary::SettingKind;
 namespace check {
 
 namespace {
-
-const int registerWidth = 32;
 
 /// Digits, too many of which are no number to the programs.
 bool isNumeral(const QString& value)
@@ -123,28 +122,19 @@ private:
     {
         if (number && !isBeyondRange(meaning, *number))
             return;
-        if (number && takenNumber() == *number)
+        const int taken = numberTaken(meaning, value);
+        if (number == taken)
             add(Code::OutOfRange,
                 QObject::tr("%1 is out of range, and is taken all the same: %2 is %3.")
                     .arg(QString::number(*number), meaning.key, valueText(meaning)));
         else if (number || isNumeral(value))
             add(Code::OutOfRange,
                 QObject::tr("%1 is out of range, and is taken as %2: %3 is %4.")
-                    .arg(excerpt(value), takenText(), meaning.key, valueText(meaning)));
+                    .arg(excerpt(value), QString::number(taken), meaning.key, valueText(meaning)));
         else
             add(Code::NotANumber,
                 QObject::tr("\"%1\" is no whole number, and counts as %2: write digits alone.")
-                    .arg(excerpt(value), takenText()));
-    }
-
-    /// What the programs make of a number out of its range.
-    int takenNumber() const { return number ? std::clamp(*number, -meaning.greatest, meaning.greatest) : 0; }
-
-    /// 0 is what absence is, where that is a number.
-    QString takenText() const
-    {
-        const int taken = takenNumber();
-        return taken == 0 && !meaning.absent.isEmpty() ? QString(meaning.absent) : QString::number(taken);
+                    .arg(excerpt(value), QString::number(taken)));
     }
 
     void addNoWord()
@@ -157,10 +147,10 @@ private:
 
     void checkPaper()
     {
-        if (meaning.key == "paperWidth"_L1 && number.value_or(0) > registerWidth)
+        if (meaning.key == "paperWidth"_L1 && number.value_or(0) > registercommands::paperWidth)
             add(Code::PaperWiderThanRegister,
                 QObject::tr("The paper is wider than the register's %1 characters, within which lines are centred.")
-                    .arg(registerWidth));
+                    .arg(registercommands::paperWidth));
     }
 
     /// Whether the value is another one than what the setting is without it.

@@ -21,10 +21,10 @@ namespace registercommands {
 
 using toolkit::operator""_L1;
 
-constexpr QLatin1String lineEnd = "\r\n"_L1;
-
-/// Characters in a line of the paper.
+/// The characters in a line of the register's roll.
 constexpr int paperWidth = 32;
+
+constexpr QLatin1String lineEnd = "\r\n"_L1;
 
 /// Ends the text that it stands in, wherever that is.
 constexpr QChar quote = u'\'';

@@ -1,8 +1,8 @@
 #include "settings/commands.h"
 
+#include "check/findingtext.h"
 #include "config/zmconfiguration.h"
 #include "toolkit/filenames.h"
-#include "toolkit/literals.h"
 #include "toolkit/localecodec.h"
 #include "toolkit/nearest.h"
 #include "vocabulary/settings.h"
@@ -10,8 +10,6 @@
 #include <QObject>
 
 #include <cstdio>
-
-using toolkit::operator""_L1;
 
 namespace settings {
 
@@ -26,7 +24,7 @@ QStringList readKeys()
     for (const vocabulary::SettingGroup& group : vocabulary::settingGroups()) {
         for (const vocabulary::Setting& setting : group.settings) {
             if (vocabulary::isRead(group, setting))
-                keys += "zelmora."_L1 + group.name + QLatin1Char('.') + setting.key;
+                keys += vocabulary::keyOf(group, setting);
         }
     }
     return keys;
@@ -37,7 +35,7 @@ QString notSet(const QString& key)
     const QString text = QObject::tr("%1 is not set.").arg(key);
     const QStringList keys = readKeys();
     const QString meant = keys.contains(key) ? QString() : toolkit::nearest(key, keys);
-    return meant.isEmpty() ? text : text + QLatin1Char(' ') + QObject::tr("Is \"%1\" meant?").arg(meant);
+    return check::withQuestion(text, meant);
 }
 
 void say(const QString& text)

@@ -43,7 +43,7 @@ void fillWithSettings(SettingsFile& file)
     for (const SettingGroup& group : vocabulary::settingGroups()) {
         for (const Setting& setting : group.settings) {
             if (vocabulary::isRead(group, setting))
-                file.set("zelmora."_L1 + group.name + QLatin1Char('.') + setting.key, firstValueOf(group, setting));
+                file.set(vocabulary::keyOf(group, setting), firstValueOf(group, setting));
         }
     }
 }

@@ -1,5 +1,6 @@
 // Commands that leave the file as it is.
 
+#include "check/findingtext.h"
 #include "check/settingscheck.h"
 #include "config/settingsscan.h"
 #include "settings/commands.h"
@@ -61,12 +62,7 @@ QString unknownName(const QString& text, const QString& name, const QStringList&
     const QString meant = toolkit::nearest(name, names);
     if (meant.isEmpty())
         return text.arg(name) + QLatin1Char(' ') + QObject::tr("There are: %1.").arg(names.join(", "_L1));
-    return text.arg(name) + QLatin1Char(' ') + QObject::tr("Is \"%1\" meant?").arg(meant);
-}
-
-check::Finding finding(check::Code code, const QString& text)
-{
-    return {code, check::entry(code).severity, {}, text};
+    return check::withQuestion(text.arg(name), meant);
 }
 
 } // namespace
@@ -80,12 +76,12 @@ Status checkFile(const Call& call)
     check::Report report(call.report);
     if (isMissing)
         report.add(path,
-                   {finding(check::Code::SettingsMissing,
-                            QObject::tr(check::entry(check::Code::SettingsMissing).explanation))});
+                   {check::finding(check::Code::SettingsMissing, {},
+                                   QObject::tr(check::entry(check::Code::SettingsMissing).explanation))});
     else if (reason.isEmpty())
         report.add(path, check::checkSettings(bytes, libconfig::settingsFormat(path), path));
     else
-        report.add(path, {finding(check::Code::Unreadable, QObject::tr("The file cannot be read: %1").arg(reason))});
+        report.add(path, {check::unreadable(reason)});
     report.finish();
     if (!reason.isEmpty())
         return Failed;

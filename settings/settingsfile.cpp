@@ -1,5 +1,6 @@
 #include "settings/settingsfile.h"
 
+#include "check/findingtext.h"
 #include "check/settingscheck.h"
 #include "config/settingsscan.h"
 #include "settings/backup.h"
@@ -70,9 +71,9 @@ bool isXmlValue(const QString& value)
     return !value.contains(markup);
 }
 
-QString shortened(const QString& name)
+QString shownName(const QString& name)
 {
-    return name.size() <= longestName ? name : name.left(longestName) + "..."_L1;
+    return check::shown(name, longestName);
 }
 
 } // namespace
@@ -184,7 +185,7 @@ QStringList SettingsFile::brokenXml() const
         const QDomElement& element = groups.at(group).element;
         const bool isRoot = group == 0;
         if (!isRoot && !isXmlName(element.tagName()))
-            texts += shortened(element.tagName());
+            texts += shownName(element.tagName());
         for (const QString& name : settingNames(element)) {
             if (isRoot || !isXmlName(name) || !isXmlValue(element.attribute(name)))
                 texts += asText(groups, group, name);
@@ -217,7 +218,7 @@ QString SettingsFile::keyOf(const QVector<Group>& groups, int place)
 {
     QString key;
     for (; groups.at(place).parent >= 0; place = groups.at(place).parent) {
-        key.prepend(shortened(groups.at(place).element.tagName()) + "."_L1);
+        key.prepend(shownName(groups.at(place).element.tagName()) + "."_L1);
         if (key.size() > longestKey)
             return "..."_L1 + key.right(longestKey);
     }
@@ -227,7 +228,7 @@ QString SettingsFile::keyOf(const QVector<Group>& groups, int place)
 /// The setting @p name of the group at @p place.
 QString SettingsFile::asText(const QVector<Group>& groups, int place, const QString& name)
 {
-    return keyOf(groups, place) + shortened(name) + " = "_L1 + groups.at(place).element.attribute(name);
+    return keyOf(groups, place) + shownName(name) + " = "_L1 + groups.at(place).element.attribute(name);
 }
 
 bool SettingsFile::looksLikeSettings() const

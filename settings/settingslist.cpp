@@ -5,7 +5,6 @@
 #include "toolkit/eightbit.h"
 #include "toolkit/literals.h"
 #include "toolkit/localecodec.h"
-#include "toolkit/numbertext.h"
 
 #include <QFile>
 #include <QJsonObject>
@@ -26,7 +25,7 @@ const int widestColumn = 40; ///< what is longer runs on, and moves nothing but 
 
 ListedSetting listed(const SettingGroup& group, const Setting& setting, const check::PlacedSettings& file)
 {
-    ListedSetting found {"zelmora."_L1 + group.name + QLatin1Char('.') + setting.key, &setting, {}, {}, {}};
+    ListedSetting found {vocabulary::keyOf(group, setting), &setting, {}, {}, {}};
     if (const auto placed = file.find(found.key)) {
         found.written = toolkit::eightBit(placed->value);
         found.place = placed->place;
@@ -35,19 +34,12 @@ ListedSetting listed(const SettingGroup& group, const Setting& setting, const ch
     return found;
 }
 
-/// A malformed number is 0; one that is too great counts as the greatest, either way; and 0 is what absence is.
-QString numberTaken(const Setting& setting, const QString& written)
-{
-    const int number = std::clamp(toolkit::toInteger(written), -setting.greatest, setting.greatest);
-    return number == 0 ? QString(setting.absent) : QString::number(number);
-}
-
 /// What the print program takes for a setting.
 QString valueTaken(const Setting& setting, const QString& written)
 {
     switch (setting.kind) {
     case SettingKind::Number:
-        return numberTaken(setting, written);
+        return QString::number(numberTaken(setting, written));
     case SettingKind::Flag:
         return written == "true"_L1 ? written : QStringLiteral("false");
     case SettingKind::Word:

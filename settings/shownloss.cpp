@@ -1,5 +1,6 @@
 #include "settings/shownloss.h"
 
+#include "check/findingtext.h"
 #include "settings/settingsfile.h"
 #include "toolkit/console.h"
 #include "toolkit/literals.h"
@@ -16,23 +17,10 @@ namespace {
 const int longestText = 100;
 const QString hidden = QStringLiteral("***");
 
-/// The whole keys of all secrets.
-QStringList secretKeys()
-{
-    QStringList keys;
-    for (const vocabulary::SettingGroup& group : vocabulary::settingGroups()) {
-        for (const vocabulary::Setting& setting : group.settings) {
-            if (setting.kind == vocabulary::SettingKind::Secret)
-                keys += "zelmora."_L1 + group.name + QLatin1Char('.') + setting.key;
-        }
-    }
-    return keys;
-}
-
 /// @p text may be "key = value", or a value alone, whose quotes the format drops.
 QString withoutSecrets(const QString& text, const SettingsFile& file)
 {
-    for (const QString& key : secretKeys()) {
+    for (const QString& key : vocabulary::secretKeys()) {
         const QString beginning = key + " = "_L1;
         if (text.startsWith(beginning))
             return beginning + hidden;
@@ -45,8 +33,7 @@ QString withoutSecrets(const QString& text, const SettingsFile& file)
 
 QString shown(const QString& text, const SettingsFile& file)
 {
-    const QString line = toolkit::inOneLine(withoutSecrets(text, file));
-    return line.size() <= longestText ? line : line.left(longestText) + "..."_L1;
+    return check::shown(toolkit::inOneLine(withoutSecrets(text, file)), longestText);
 }
 
 } // namespace

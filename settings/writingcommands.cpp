@@ -1,5 +1,6 @@
 // Commands that write a file.
 
+#include "check/findingtext.h"
 #include "config/settingsscan.h"
 #include "settings/commands.h"
 #include "settings/filechange.h"
@@ -40,7 +41,7 @@ QString unreadKey(const QString& key)
 {
     const QString meant = toolkit::nearest(key, readKeys());
     if (!meant.isEmpty())
-        return QObject::tr("No program reads %1. Is %2 meant?").arg(key, meant);
+        return check::withQuestion(QObject::tr("No program reads %1.").arg(key), meant);
     if (!key.contains(QLatin1Char('.')))
         return QObject::tr("No program reads %1. A key is whole, such as zelmora.receiptdoc.paperWidth.").arg(key);
     return QObject::tr("No program reads %1. \"zelmora-config list\" shows what is read.").arg(key);

@@ -1465,8 +1465,8 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
         <translation>%1 non è impostato.</translation>
     </message>
     <message>
-        <source>No program reads %1. Is %2 meant?</source>
-        <translation>Nessun programma legge %1. Si intende %2?</translation>
+        <source>No program reads %1.</source>
+        <translation>Nessun programma legge %1.</translation>
     </message>
     <message>
         <source>No program reads %1. A key is whole, such as zelmora.receiptdoc.paperWidth.</source>

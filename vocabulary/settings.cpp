@@ -4,7 +4,6 @@
 #include "vocabulary/documentgroups.h"
 
 #include <QObject>
-#include <QStringList>
 
 #include <algorithm>
 
@@ -175,6 +174,23 @@ const Setting* findSetting(const SettingGroup& group, const QString& key)
     return nullptr;
 }
 
+QString keyOf(const SettingGroup& group, const Setting& setting)
+{
+    return "zelmora."_L1 + group.name + QLatin1Char('.') + setting.key;
+}
+
+QStringList secretKeys()
+{
+    QStringList keys;
+    for (const SettingGroup& group : settingGroups()) {
+        for (const Setting& setting : group.settings) {
+            if (setting.kind == Kind::Secret)
+                keys += keyOf(group, setting);
+        }
+    }
+    return keys;
+}
+
 bool isRead(const SettingGroup& group, const Setting& setting)
 {
     if (!group.isDocument || setting.readIn == Setting::ReadIn::EveryDocument)
@@ -229,6 +245,12 @@ QString valueText(const Setting& setting)
         return QObject::tr("a secret text");
     }
     return QString();
+}
+
+int numberTaken(const Setting& setting, const QString& written)
+{
+    const int number = std::clamp(toolkit::toInteger(written), -setting.greatest, setting.greatest);
+    return number != 0 ? number : toolkit::toInteger(setting.absent);
 }
 
 bool takes(const Setting& setting, const QString& value)

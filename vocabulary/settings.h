@@ -6,6 +6,7 @@
 #include "vocabulary/table.h"
 
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 /// What a settings file may say (docs/settings-file.md), as tables: every setting that a program of the suite reads.
@@ -51,6 +52,11 @@ Table<SettingGroup> settingGroups();
 const SettingGroup* findGroup(const QString& name);
 const Setting* findSetting(const SettingGroup& group, const QString& key);
 
+/// The whole key, under which look-ups find the setting in that group: "zelmora.receiptdoc.paperWidth".
+QString keyOf(const SettingGroup& group, const Setting& setting);
+/// The whole keys of what is not shown unasked.
+QStringList secretKeys();
+
 /// Whether a program reads that setting of the group's table in that group.
 bool isRead(const SettingGroup& group, const Setting& setting);
 /// The methods printed with a document's settings.
@@ -61,6 +67,9 @@ QVector<const Method*> methodsAffected(const SettingGroup& group, const Setting&
 bool actsSomewhere(const Setting& setting);
 /// "a flag, true or false", "a number from 0 to 10000", "one of DEBUG, INFO, ...", translated.
 QString valueText(const Setting& setting);
+/// What the print program makes of the number that is written for it: a malformed one is 0, one that is too great
+/// counts as the greatest, either way, and 0 is what absence is, where that is a number.
+int numberTaken(const Setting& setting, const QString& written);
 /// Whether the setting takes @p value: a flag "true" or "false", a number within its range, one of the words; a path, a
 /// text and a secret take any.
 bool takes(const Setting& setting, const QString& value);

@@ -424,8 +424,8 @@ void TestSettingsCheck::texts_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("text");
-    const auto says = [](const char* name, const QByteArray& bytes, const char* text) {
-        QTest::newRow(name) << bytes << QString(text);
+    const auto says = [](const char* name, const QByteArray& bytes, const QString& text) {
+        QTest::newRow(name) << bytes << text;
     };
     says("the slip's meaning", receipt("papperWidth = 40;"),
          "No program reads a setting \"papperWidth\" here. Is \"paperWidth\" meant?");
@@ -481,6 +481,15 @@ void TestSettingsCheck::texts_data()
          "The programs read \"?\" for \"\U0001F355\" (U+1F355): it is beyond the Western European characters.");
     says("long text is cut", receipt(QByteArray(100, 'a') + " = 1;"),
          "No program reads a setting \"aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa...\" here.");
+    const QByteArray pizza = "\xF0\x9F\x8D\x95"; // two units of the toolkit's text
+    const QString skipped = "The text is no setting and no group, and is skipped: ";
+    const auto saysSkipped = [&](const char* name, const QByteArray& text, const QString& shown) {
+        says(name, receipt("style = a; " + text), "The text is no setting and no group, and is skipped: " + shown);
+    };
+    saysSkipped("a text of 60 letters", QByteArray(60, 'a'), QString(60, 'a'));
+    saysSkipped("a text of 61 letters, which is cut", QByteArray(61, 'a'), QString(60, 'a') + "...");
+    saysSkipped("a character across the cut, which goes whole", QByteArray(59, 'a') + pizza, QString(59, 'a') + "...");
+    saysSkipped("a character across the end of what is looked at", "a" + QByteArray(117, ' ') + "b" + pizza, "a b");
 }
 
 void TestSettingsCheck::texts()

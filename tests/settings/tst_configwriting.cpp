@@ -185,9 +185,9 @@ void TestConfigWriting::setRefuses_data()
     row("a word that there is not", "zelmora.logger.type", "ADD",
         "zelmora.logger.type is one of APPEND, OVERWRITE, and \"ADD\" is none.");
     row("a slip in a key", "zelmora.receiptdoc.papperWidth", "40",
-        "No program reads zelmora.receiptdoc.papperWidth. Is zelmora.receiptdoc.paperWidth meant?");
+        "No program reads zelmora.receiptdoc.papperWidth. Is \"zelmora.receiptdoc.paperWidth\" meant?");
     row("a key in another letter case", "zelmora.receiptDoc.paperWidth", "40",
-        "No program reads zelmora.receiptDoc.paperWidth. Is zelmora.receiptdoc.paperWidth meant?");
+        "No program reads zelmora.receiptDoc.paperWidth. Is \"zelmora.receiptdoc.paperWidth\" meant?");
     row("a key that is like none", "zelmora.doc.colour", "red",
         "No program reads zelmora.doc.colour. \"zelmora-config list\" shows what is read.");
     row("a key without its groups", "paperWidth", "40",
@@ -198,7 +198,7 @@ void TestConfigWriting::setRefuses_data()
         "No program reads other.doc.paperWidth. \"zelmora-config list\" shows what is read.");
     row("a group", "zelmora.doc", "40", "No program reads zelmora.doc. \"zelmora-config list\" shows what is read.");
     row("a key of too many groups", "zelmora.doc.paperWidth.x", "40",
-        "No program reads zelmora.doc.paperWidth.x. Is zelmora.doc.paperWidth meant?");
+        "No program reads zelmora.doc.paperWidth.x. Is \"zelmora.doc.paperWidth\" meant?");
 }
 
 void TestConfigWriting::setRefuses()
@@ -372,8 +372,8 @@ void TestConfigWriting::whatWouldBeLostIsNotLost_data()
     QTest::addColumn<QString>("file");
     QTest::addColumn<QByteArray>("contents");
     QTest::addColumn<QByteArray>("loss");
-    const auto row = [](const char* name, const char* file, const QByteArray& contents, const char* loss) {
-        QTest::newRow(name) << file << contents << QByteArray(loss);
+    const auto row = [](const char* name, const char* file, const QByteArray& contents, const QByteArray& loss) {
+        QTest::newRow(name) << file << contents << loss;
     };
 
     row("words behind the end", "a.conf", "zelmora: { bin: { path = 1; }; };\nmore words", "  line 2: more words\n");
@@ -383,6 +383,13 @@ void TestConfigWriting::whatWouldBeLostIsNotLost_data()
     row("an empty group", "a.conf", "zelmora: { bin: { path = 1; }; doc: { }; };", "  line 1: doc\n");
     row("a remark of two lines in XML", "a.xml", "<zelmora><bin path='1'/>\n<!-- one\ntwo --></zelmora>",
         "  lines 2 to 3: one two\n");
+    const QByteArray good = "zelmora: { bin: { path = 1; }; };\n";
+    const QByteArray word99(99, 'w');
+    const QByteArray pizza = "\xF0\x9F\x8D\x95"; // two units of the toolkit's text
+    row("a word of 100 letters", "a.conf", good + word99 + 'w', "  line 2: " + word99 + "w\n");
+    row("a word of 101 letters, which is cut", "a.conf", good + word99 + "ww", "  line 2: " + word99 + "w...\n");
+    row("a character across the cut, which goes whole", "a.conf", good + word99 + pizza,
+        "  line 2: " + word99 + "...\n");
 }
 
 // No terminal is here to ask.

@@ -109,6 +109,12 @@ void TestFileReview::dropped_data()
         "x: { y: { z: { }; }; }; zelmora: { a = 1; };", {"1:1 x", "1:6 y", "1:11 z", "1:25 zelmora"});
     row("an empty group within the second group", "zelmora: { a = 1; }; other: { b = 2; c: { }; };",
         {"1:22 other", "1:38 c"});
+
+    const QByteArray name91(91, 'g'); // with "zelmora." and a dot 100 characters
+    row("a key of 100 characters before the setting's name", "zelmora: { " + name91 + ": { a = 1; a = 2; }; };",
+        {"1:107 zelmora." + name91 + ".a = 1"});
+    row("a key of 101 characters before the setting's name, which is cut",
+        "zelmora: { g" + name91 + ": { a = 1; a = 2; }; };", {"1:108 zelmora....a = 1"});
 }
 
 void TestFileReview::dropped()

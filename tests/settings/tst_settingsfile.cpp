@@ -208,6 +208,8 @@ void TestSettingsFile::trial_data()
     row("a group's name of 101 characters that is no XML", "zelmora: { 1" + name100 + ": { a = 1; }; };", "a.xml",
         {"zelmora.1" + name100.left(99) + "....a = 1"}, {"1" + name100.left(99) + "..."});
     const QByteArray name99(99, 'm');
+    row("a name whose hundredth place halves a character", "zelmora: { " + name99 + "\xF0\x9F\x8D\x95 = <; };", "a.xml",
+        {"zelmora." + name99 + "... = <"}, {"zelmora." + name99 + "... = <"});
     const QByteArray key908 = "zelmora." + (name99 + '.').repeated(9);
     const QByteArray key1000 = key908 + QByteArray(91, 'k') + '.';
     const QByteArray key1001 = key908 + QByteArray(92, 'k') + '.';

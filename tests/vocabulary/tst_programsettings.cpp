@@ -32,7 +32,10 @@ private slots:
 
     void findGroup();
     void findSetting();
+    void wholeKeys();
     void whereSettingsAct();
+    void numberTaken_data();
+    void numberTaken();
     void takes_data();
     void takes();
     void valueText();
@@ -234,6 +237,13 @@ void TestProgramSettings::findSetting()
     QVERIFY(!vocabulary::findSetting(group, "dbname"));
 }
 
+void TestProgramSettings::wholeKeys()
+{
+    QCOMPARE(vocabulary::keyOf(*vocabulary::findGroup("receiptdoc"), setting("receiptdoc", "paperWidth")),
+             QString("zelmora.receiptdoc.paperWidth"));
+    QCOMPARE(vocabulary::secretKeys(), QStringList {"zelmora.db.password"});
+}
+
 void TestProgramSettings::whereSettingsAct()
 {
     const auto affected = [](const char* group, const char* key) {
@@ -264,6 +274,37 @@ void TestProgramSettings::whereSettingsAct()
     QVERIFY(vocabulary::isRead(orders, setting("doc", "topMargin")));
     QVERIFY(!vocabulary::isRead(orders, setting("doc", "descriptionWidth")));
     QVERIFY(!vocabulary::isRead(*vocabulary::findGroup("fiscaldoc"), setting("fiscaldoc", "topMargin")));
+}
+
+void TestProgramSettings::numberTaken_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("written");
+    QTest::addColumn<int>("taken");
+
+    const auto row = [](const char* name, const char* key, const char* written, int taken) {
+        QTest::newRow(name) << key << written << taken;
+    };
+    row("a number", "doc paperWidth", "40", 40);
+    row("a number below its range", "doc topMargin", "-3", -3);
+    row("the greatest", "doc topMargin", "10000", 10000);
+    row("a number above the greatest", "doc topMargin", "10001", 10000);
+    row("as far below nought", "doc topMargin", "-10001", -10000);
+    row("more than 32 bits", "doc topMargin", "99999999999", 0);
+    row("no number", "doc topMargin", "3 lines", 0);
+    row("nothing", "doc topMargin", "", 0);
+    row("a paper of no width", "doc paperWidth", "0", 32);
+    row("no number for the paper's width", "doc paperWidth", "wide", 32);
+    row("no paper's width", "doc paperWidth", "", 32);
+    row("nothing, where absence is no number", "doc copyNumber", "", 0);
+}
+
+void TestProgramSettings::numberTaken()
+{
+    QFETCH(QString, key);
+    QFETCH(QString, written);
+    const QByteArray group = key.section(' ', 0, 0).toUtf8();
+    QTEST(vocabulary::numberTaken(setting(group, key.section(' ', 1).toUtf8()), written), "taken");
 }
 
 void TestProgramSettings::takes_data()
