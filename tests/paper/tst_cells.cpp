@@ -120,7 +120,9 @@ void TestCells::pictures_data()
 {
     QTest::addColumn<uint>("codePoint");
     QTest::addColumn<uint>("picture");
-    const auto row = [](const char* name, uint codePoint, uint picture) { QTest::newRow(name) << codePoint << picture; };
+    const auto row = [](const char* name, uint codePoint, uint picture) {
+        QTest::newRow(name) << codePoint << picture;
+    };
     row("a letter is its own", 'a', 'a');
     row("a blank is its own", ' ', ' ');
     row("NUL", 0, 0x2400);

@@ -89,69 +89,77 @@ void TestFiscalReceipt::rows_data()
 
     row("nothing", {}, totalOf0);
     row("a sale", {"VEND REP=1,QTY=3,PREZZO=2.50,DES='Coperto'"},
-        {"Coperto                     7.50", "  3 x 2.50                 REP 1", dashes, "TOTAL                       7.50"});
+        {"Coperto                     7.50", "  3 x 2.50                 REP 1", dashes,
+         "TOTAL                       7.50"});
     row("a price has two decimals, a quantity is as it stands", {"VEND REP=2,QTY=1.50,PREZZO=2,DES='Pesce'"},
-        {"Pesce                       3.00", "  1.50 x 2.00              REP 2", dashes, "TOTAL                       3.00"});
+        {"Pesce                       3.00", "  1.50 x 2.00              REP 2", dashes,
+         "TOTAL                       3.00"});
     row("three decimals stay", {"VEND REP=1,QTY=0.350,PREZZO=9.99,DES='Uva'"},
-        {"Uva                       3.4965", "  0.350 x 9.99             REP 1", dashes, "TOTAL                     3.4965"});
-    row("a description that leaves just enough room", {"VEND REP=1,QTY=1,PREZZO=1.00,DES='" + QByteArray(27, 'x') + "'"},
+        {"Uva                       3.4965", "  0.350 x 9.99             REP 1", dashes,
+         "TOTAL                     3.4965"});
+    row("a description that leaves just enough room",
+        {"VEND REP=1,QTY=1,PREZZO=1.00,DES='" + QByteArray(27, 'x') + "'"},
         {QString(27, 'x') + " 1.00", "  1 x 1.00                 REP 1", dashes, "TOTAL                       1.00"});
     row("a description that leaves none", {"VEND REP=1,QTY=1,PREZZO=1.00,DES='" + QByteArray(28, 'x') + "'"},
         {QString(28, 'x'), "                            1.00", "  1 x 1.00                 REP 1", dashes,
          "TOTAL                       1.00"});
-    row("a description longer than the paper stays whole", {"VEND REP=1,QTY=1,PREZZO=1,DES='" + QByteArray(40, 'x') + "'"},
+    row("a description longer than the paper stays whole",
+        {"VEND REP=1,QTY=1,PREZZO=1,DES='" + QByteArray(40, 'x') + "'"},
         {QString(40, 'x'), "                            1.00", "  1 x 1.00                 REP 1", dashes,
          "TOTAL                       1.00"});
     row("no description", {"VEND REP=1,QTY=1,PREZZO=1,DES=''"},
-        {"                            1.00", "  1 x 1.00                 REP 1", dashes, "TOTAL                       1.00"});
+        {"                            1.00", "  1 x 1.00                 REP 1", dashes,
+         "TOTAL                       1.00"});
     row("a department of many letters", {"VEND REP=" + QByteArray(25, 'r') + ",QTY=1,PREZZO=1,DES='a'"},
         {"a                           1.00", "  1 x 1.00", "   REP " + QString(25, 'r'), dashes,
          "TOTAL                       1.00"});
     row("a sale of what is no figure", {"VEND REP=x,QTY=two,PREZZO=7,50,DES='a'"},
-        {"a                              ?", "  two x 7,50               REP x", dashes, "TOTAL (incomplete)          0.00"});
+        {"a                              ?", "  two x 7,50               REP x", dashes,
+         "TOTAL (incomplete)          0.00"});
     row("a discount", {sale("1", "7.5"), "SCONTO VAL=2.5"},
-        {"a                           7.50", "  1 x 7.50                 REP 1", "SCONTO                     -2.50", dashes,
-         "TOTAL                       5.00"});
+        {"a                           7.50", "  1 x 7.50                 REP 1", "SCONTO                     -2.50",
+         dashes, "TOTAL                       5.00"});
     row("a discount before any sale", {"SCONTO VAL=1", sale("1", "3")},
-        {"SCONTO                     -1.00", "a                           3.00", "  1 x 3.00                 REP 1", dashes,
-         "TOTAL                       2.00"});
+        {"SCONTO                     -1.00", "a                           3.00", "  1 x 3.00                 REP 1",
+         dashes, "TOTAL                       2.00"});
     row("a discount that is no figure", {sale("1", "3"), "SCONTO VAL=1e+20"},
-        {"a                           3.00", "  1 x 3.00                 REP 1", "SCONTO 1e+20                   ?", dashes,
-         "TOTAL (incomplete)          3.00"});
+        {"a                           3.00", "  1 x 3.00                 REP 1", "SCONTO 1e+20                   ?",
+         dashes, "TOTAL (incomplete)          3.00"});
     row("a rate stands at its row and changes nothing", {"PERCA ALIQ=10", sale("1", "3"), "PERCA ALIQ=abc"},
         {"  ALIQ 10", "a                           3.00", "  1 x 3.00                 REP 1", "  ALIQ abc", dashes,
          "TOTAL                       3.00"});
     row("a discount on the subtotal", {sale("2", "30"), "=10*2M", sale("1", "5")},
         {"a                          60.00", "  2 x 30.00                REP 1", "=10*2M  10% of 60.00       -6.00",
-         "a                           5.00", "  1 x 5.00                 REP 1", dashes, "TOTAL                      59.00"});
+         "a                           5.00", "  1 x 5.00                 REP 1", dashes,
+         "TOTAL                      59.00"});
     row("a discount on the subtotal that is no figure", {sale("2", "30"), "=ten*2M"},
-        {"a                          60.00", "  2 x 30.00                REP 1", "=ten*2M  ten% of 60.00         ?", dashes,
-         "TOTAL (incomplete)         60.00"});
+        {"a                          60.00", "  2 x 30.00                REP 1", "=ten*2M  ten% of 60.00         ?",
+         dashes, "TOTAL (incomplete)         60.00"});
     row("a discount on a subtotal that is not known", {sale("x", "30"), "=10*2M"},
-        {"a                              ?", "  x x 30.00                REP 1", "=10*2M  10% of ?               ?", dashes,
-         "TOTAL (incomplete)          0.00"});
-    row("all payments and the change",
-        {sale("1", "30"), "1000H1T", "550H2T", "1000.5H3T", "600H5T"},
-        {"a                          30.00", "  1 x 30.00                REP 1", dashes, "TOTAL                      30.00",
-         "CASH                       10.00", "CHEQUE                      5.50", "CREDIT CARD               10.005",
-         "MEAL TICKET                 6.00", "CHANGE                     1.505"});
+        {"a                              ?", "  x x 30.00                REP 1", "=10*2M  10% of ?               ?",
+         dashes, "TOTAL (incomplete)          0.00"});
+    row("all payments and the change", {sale("1", "30"), "1000H1T", "550H2T", "1000.5H3T", "600H5T"},
+        {"a                          30.00", "  1 x 30.00                REP 1", dashes,
+         "TOTAL                      30.00", "CASH                       10.00", "CHEQUE                      5.50",
+         "CREDIT CARD               10.005", "MEAL TICKET                 6.00", "CHANGE                     1.505"});
     row("what is missing", {sale("1", "30"), "1000H1T"},
-        {"a                          30.00", "  1 x 30.00                REP 1", dashes, "TOTAL                      30.00",
-         "CASH                       10.00", "MISSING                    20.00"});
+        {"a                          30.00", "  1 x 30.00                REP 1", dashes,
+         "TOTAL                      30.00", "CASH                       10.00", "MISSING                    20.00"});
     row("a payment that is no figure", {sale("1", "30"), "abcH1T"},
-        {"a                          30.00", "  1 x 30.00                REP 1", dashes, "TOTAL                      30.00",
-         "CASH abc                       ?", "CHANGE                         ?"});
+        {"a                          30.00", "  1 x 30.00                REP 1", dashes,
+         "TOTAL                      30.00", "CASH abc                       ?", "CHANGE                         ?"});
     row("payments of an incomplete sum", {sale("1", "x"), "100H1T"},
-        {"a                              ?", "  1 x x                    REP 1", dashes, "TOTAL (incomplete)          0.00",
-         "CASH                        1.00", "CHANGE                         ?"});
+        {"a                              ?", "  1 x x                    REP 1", dashes,
+         "TOTAL (incomplete)          0.00", "CASH                        1.00", "CHANGE                         ?"});
     row("the total stands before the payments behind the last amount",
         {sale("1", "3"), "100H1T", sale("1", "2"), "nofis riga='b'", "200H1T", "nofis riga='c'", "200H3T"},
         {"a                           3.00", "  1 x 3.00                 REP 1", "CASH                        1.00",
-         "a                           2.00", "  1 x 2.00                 REP 1", "b", dashes, "TOTAL                       5.00",
-         "CASH                        2.00", "c", "CREDIT CARD                 2.00", "CHANGE                      0.00"});
+         "a                           2.00", "  1 x 2.00                 REP 1", "b", dashes,
+         "TOTAL                       5.00", "CASH                        2.00", "c",
+         "CREDIT CARD                 2.00", "CHANGE                      0.00"});
     row("payments before the only sale", {"500H1T", sale("1", "3")},
-        {"CASH                        5.00", "a                           3.00", "  1 x 3.00                 REP 1", dashes,
-         "TOTAL                       3.00", "CHANGE                      2.00"});
+        {"CASH                        5.00", "a                           3.00", "  1 x 3.00                 REP 1",
+         dashes, "TOTAL                       3.00", "CHANGE                      2.00"});
     row("a text line stands at its place", {"nofis riga='Tavolo 3'", sale("1", "3")},
         {"Tavolo 3", "a                           3.00", "  1 x 3.00                 REP 1", dashes,
          "TOTAL                       3.00"});
@@ -210,8 +218,9 @@ void TestFiscalReceipt::hugePercentages()
 void TestFiscalReceipt::theReadingIsSaidToBeOurs()
 {
     const QStringList all = textsOf(readRoll(fiscalReceipt({})).documents.first().rows);
-    QCOMPARE(all.mid(2), QStringList({"", "This is our reading of the", "script: the register arranges a",
-                                      "receipt in its own way."}));
+    QCOMPARE(
+        all.mid(2),
+        QStringList({"", "This is our reading of the", "script: the register arranges a", "receipt in its own way."}));
 }
 
 void TestFiscalReceipt::rowsKnowTheirPlaces()

@@ -73,7 +73,8 @@ void TestHostileScripts::timeGrowsWithTheScript_data()
         return fiscalReceipt({}).chopped(11) + QByteArray("VEND REP=1,QTY=2,PREZZO=3,DES='a'\r\n").repeated(size / 64);
     });
     row("many sales in an ordinary document", [](int size) {
-        return openDocument({}) + QByteArray("VEND REP=1,QTY=2,PREZZO=3,DES='a'\r\nnofis riga='a'\r\n").repeated(size / 512);
+        return openDocument({})
+            + QByteArray("VEND REP=1,QTY=2,PREZZO=3,DES='a'\r\nnofis riga='a'\r\n").repeated(size / 512);
     });
     row("many payments before many sales", [](int size) {
         return fiscalReceipt({}).chopped(11)
@@ -82,9 +83,8 @@ void TestHostileScripts::timeGrowsWithTheScript_data()
     row("many names of a field", [](int size) {
         return fiscalReceipt({"VEND REP=" + QByteArray(",QTY=").repeated(size / 5) + ",PREZZO=1,DES='a'"});
     });
-    row("many digits", [](int size) {
-        return fiscalReceipt({"VEND REP=1,QTY=" + QByteArray(size, '9') + ",PREZZO=1,DES='a'"});
-    });
+    row("many digits",
+        [](int size) { return fiscalReceipt({"VEND REP=1,QTY=" + QByteArray(size, '9') + ",PREZZO=1,DES='a'"}); });
     row("many words", [](int size) { return document({QByteArray("a ").repeated(size / 2)}); });
 }
 

@@ -162,8 +162,8 @@ void TestPaperComparison::changedParts_data()
     row("another mark on a letter", "xe" + acute + 'y', "xe" + grave + 'y', "1+2 1+2");
     row("a mark more", "xey", "xe" + acute + 'y', "1+1 1+2");
     row("a mark that both end with", 'a' + acute, 'b' + acute, "0+2 0+2");
-    row("characters of a pair that share a half", QString::fromUtf8("\xF0\x9F\x8D\x95"), QString::fromUtf8("\xF0\x9F\x8D\x96"),
-        "0+2 0+2");
+    row("characters of a pair that share a half", QString::fromUtf8("\xF0\x9F\x8D\x95"),
+        QString::fromUtf8("\xF0\x9F\x8D\x96"), "0+2 0+2");
 }
 
 void TestPaperComparison::changedParts()

@@ -37,18 +37,19 @@ QList<QByteArray> elements(const Sheet& sheet)
 void TestSvgDrawing::aPaper()
 {
     // The ground is 20 units wide around the paper, which is 340 wide, and padded by 10; the title has 24 above it.
-    QCOMPARE(paper::svgDrawing(sheetOf({"a b", "<&"}, "T")),
-             QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                        "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"380\" height=\"124\" viewBox=\"0 0 380 124\" "
-                        "font-family=\"monospace\" font-size=\"16\" text-anchor=\"middle\" fill=\"#000000\">\n"
-                        "<rect x=\"0\" y=\"0\" width=\"380\" height=\"124\" fill=\"#c8c8c8\"/>\n"
-                        "<text x=\"25\" y=\"35\">T</text>\n"
-                        "<rect x=\"20\" y=\"44\" width=\"340\" height=\"60\" fill=\"#ffffff\"/>\n"
-                        "<text x=\"35\" y=\"69\">a</text>\n"
-                        "<text x=\"55\" y=\"69\">b</text>\n"
-                        "<text x=\"35\" y=\"89\">&lt;</text>\n"
-                        "<text x=\"45\" y=\"89\">&amp;</text>\n"
-                        "</svg>\n"));
+    QCOMPARE(
+        paper::svgDrawing(sheetOf({"a b", "<&"}, "T")),
+        QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                   "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"380\" height=\"124\" viewBox=\"0 0 380 124\" "
+                   "font-family=\"monospace\" font-size=\"16\" text-anchor=\"middle\" fill=\"#000000\">\n"
+                   "<rect x=\"0\" y=\"0\" width=\"380\" height=\"124\" fill=\"#c8c8c8\"/>\n"
+                   "<text x=\"25\" y=\"35\">T</text>\n"
+                   "<rect x=\"20\" y=\"44\" width=\"340\" height=\"60\" fill=\"#ffffff\"/>\n"
+                   "<text x=\"35\" y=\"69\">a</text>\n"
+                   "<text x=\"55\" y=\"69\">b</text>\n"
+                   "<text x=\"35\" y=\"89\">&lt;</text>\n"
+                   "<text x=\"45\" y=\"89\">&amp;</text>\n"
+                   "</svg>\n"));
 }
 
 void TestSvgDrawing::cells_data()
@@ -59,9 +60,10 @@ void TestSvgDrawing::cells_data()
     QTest::newRow("in its column") << "   a" << QByteArray("<text x=\"65\" y=\"45\">a</text>");
     QTest::newRow("a wide character stands in the middle of two columns")
         << QString(QChar(0x6F22)) << QByteArray("<text x=\"40\" y=\"45\">\xE6\xBC\xA2</text>");
-    QTest::newRow("an accent of its own") << QString("e") + QChar(0x0301)
-                                          << QByteArray("<text x=\"35\" y=\"45\">e\xCC\x81</text>");
-    QTest::newRow("a control character") << QString(QChar(1)) << QByteArray("<text x=\"35\" y=\"45\">\xE2\x90\x81</text>");
+    QTest::newRow("an accent of its own")
+        << QString("e") + QChar(0x0301) << QByteArray("<text x=\"35\" y=\"45\">e\xCC\x81</text>");
+    QTest::newRow("a control character") << QString(QChar(1))
+                                         << QByteArray("<text x=\"35\" y=\"45\">\xE2\x90\x81</text>");
     QTest::newRow("half a pair") << QString(QChar(0xD800)) << QByteArray("<text x=\"35\" y=\"45\">\xE2\x90\xA6</text>");
     QTest::newRow("in the last column") << QString(31, ' ') + 'a' << QByteArray("<text x=\"345\" y=\"45\">a</text>");
 }
@@ -129,7 +131,8 @@ void TestSvgDrawing::isWellFormed_data()
         all += QChar(codePoint);
     QTest::newRow("nothing") << QString();
     QTest::newRow("the first characters, and all controls") << all;
-    QTest::newRow("halves of pairs, and no characters") << QString(QChar(0xD800)) + QChar(0xDC00 - 1) + QChar(0xFFFE) + QChar(0xFFFF);
+    QTest::newRow("halves of pairs, and no characters")
+        << QString(QChar(0xD800)) + QChar(0xDC00 - 1) + QChar(0xFFFE) + QChar(0xFFFF);
     QTest::newRow("markup") << "</svg><!-- ]]> --><?x?>&\"'";
 }
 

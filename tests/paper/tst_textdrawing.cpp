@@ -71,7 +71,10 @@ void TestTextDrawing::papers_data()
     row("a combining mark joins", {"e\xCC\x81" + x32.left(31)}, {"|e" + QString(QChar(0x0301)) + x32.left(31) + '|'});
     row("wide characters take two columns", {QByteArray("\xE6\xBC\xA2").repeated(2)},
         {'|' + QString(2, QChar(0x6F22)) + QString(28, ' ') + '|'});
-    row("a wide character across the edge moves past it", {x32.left(31) + "\xE6\xBC\xA2" "a"},
+    row("a wide character across the edge moves past it",
+        {x32.left(31)
+         + "\xE6\xBC\xA2"
+           "a"},
         {framed(x32.left(31)) + QChar(0x6F22) + 'a', QString(34, ' ') + "^^^"});
 }
 
@@ -95,13 +98,15 @@ void TestTextDrawing::boxCharacters()
 void TestTextDrawing::bandsStandBelowEachOther()
 {
     const Sheet sheet {{{Strip {"one\ttwo", rowsOf({"a"})}}, {Strip {{}, rowsOf({"b"})}}}};
-    QCOMPARE(drawn(sheet), lines({QString("one") + QChar(0x2409) + "two", edge, framed("a"), edge, "", edge, framed("b"), edge}));
+    QCOMPARE(drawn(sheet),
+             lines({QString("one") + QChar(0x2409) + "two", edge, framed("a"), edge, "", edge, framed("b"), edge}));
     QCOMPARE(drawn({}), QString());
 }
 
 void TestTextDrawing::stripsStandSideBySide()
 {
-    const Sheet sheet {{{Strip {"left", rowsOf({"a", "b"})}, Strip {"none", {}, false}, Strip {"right", rowsOf({"c"})}}}};
+    const Sheet sheet {
+        {{Strip {"left", rowsOf({"a", "b"})}, Strip {"none", {}, false}, Strip {"right", rowsOf({"c"})}}}};
     const QString gap(2, ' ');
     const QString away(34, ' ');
     QCOMPARE(drawn(sheet),
@@ -136,8 +141,8 @@ void TestTextDrawing::longRowsDoNotMoveTheirNeighboursAway()
 
 void TestTextDrawing::plainRows()
 {
-    const paper::Roll roll = paper::readRoll(
-        document({" a ", "", "it's", QByteArray(40, 'x'), QByteArray(40, ' '), "tab\there", "e" + QByteArray("\xCC\x81").repeated(20)}));
+    const paper::Roll roll = paper::readRoll(document({" a ", "", "it's", QByteArray(40, 'x'), QByteArray(40, ' '),
+                                                       "tab\there", "e" + QByteArray("\xCC\x81").repeated(20)}));
     QCOMPARE(paper::plainText(roll.documents.first()),
              lines({" a ", "", "its'", QString(40, 'x'), QString(40, ' '), QString("tab") + QChar(0x2409) + "here",
                     'e' + QString(20, QChar(0x0301))}));
