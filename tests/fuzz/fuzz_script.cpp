@@ -1,9 +1,9 @@
-// A script: its codec's number (one byte), then its bytes. Faults come in the order of the script and stand in its lines;
-// documents too. All drawings that need no font are made, each row of the plain one is a line, and the two halves of the
-// papers are compared: nothing is lost by that.
+// A script: its codec's number (one byte), then its bytes. Faults come in the order of the script and stand in its
+// lines; documents too. All drawings that need no font are made, each row of the plain one is a line, and the two
+// halves of the papers are compared: nothing is lost by that.
 
-#include "fuzzing.h"
 #include "check/scriptcheck.h"
+#include "fuzzing.h"
 #include "paper/comparison.h"
 #include "paper/drawing.h"
 #include "paper/roll.h"
@@ -15,7 +15,8 @@ namespace {
 
 QTextCodec* codecOf(char number)
 {
-    static const char* const names[] = {"UTF-8", "ISO-8859-15", "ISO-8859-7", "Shift_JIS", "GB18030", "UTF-16", "UTF-32LE"};
+    static const char* const names[] = {"UTF-8",   "ISO-8859-15", "ISO-8859-7", "Shift_JIS",
+                                        "GB18030", "UTF-16",      "UTF-32LE"};
     const std::size_t count = sizeof names / sizeof *names;
     return QTextCodec::codecForName(names[static_cast<unsigned char>(number) % count]);
 }

@@ -106,11 +106,14 @@ void TestPainting::pages_data()
 {
     QTest::addColumn<int>("rows");
     QTest::addColumn<int>("pages");
-    // A page of 297 mm without margins of 10 points has room for 289.9 mm, which are 1,380 units of 0.21 mm.
+    // A page of 297 mm without margins of 10 points has room for 289.9 mm, which are 1,380 units of 0.21 mm: a margin
+    // of 20, the paper's 10 before its first row, 67 rows, and part of what follows the last one. Other pages begin
+    // with a row and have room for 69.
     QTest::newRow("one row") << 1 << 1;
-    QTest::newRow("as many as a page has room for") << 66 << 1;
-    QTest::newRow("some more") << 100 << 2;
-    QTest::newRow("many") << 1000 << 15;
+    QTest::newRow("as many as a page has room for") << 67 << 1;
+    QTest::newRow("one more") << 68 << 2;
+    QTest::newRow("as many as two have room for") << 136 << 2;
+    QTest::newRow("one more than that") << 137 << 3;
 }
 
 void TestPainting::pages()
