@@ -14,7 +14,8 @@ void append(QString& text, uint codePoint)
 {
     if (QChar::requiresSurrogates(codePoint))
         text += QChar(QChar::highSurrogate(codePoint));
-    text += QChar(QChar::requiresSurrogates(codePoint) ? QChar::lowSurrogate(codePoint) : static_cast<ushort>(codePoint));
+    text +=
+        QChar(QChar::requiresSurrogates(codePoint) ? QChar::lowSurrogate(codePoint) : static_cast<ushort>(codePoint));
 }
 
 } // namespace
@@ -63,7 +64,8 @@ void CellReader::join()
 int columns(const QString& text)
 {
     CellReader reader(text);
-    while (reader.next()) { }
+    while (reader.next()) {
+    }
     return reader.cell().column + reader.cell().width;
 }
 
@@ -72,11 +74,13 @@ QVector<MarkedColumns> markedColumns(const Row& row)
     QVector<MarkedColumns> all;
     for (const MarkedPart& part : row.marked) {
         CellReader reader(row.text);
-        while (reader.next() && reader.cell().end <= part.begin) { }
+        while (reader.next() && reader.cell().end <= part.begin) {
+        }
         const bool isBehind = reader.cell().end <= part.begin;
         MarkedColumns columns {part.mark, reader.cell().column + (isBehind ? reader.cell().width : 0), 1};
         if (!isBehind) {
-            while (reader.cell().end < part.begin + part.length && reader.next()) { }
+            while (reader.cell().end < part.begin + part.length && reader.next()) {
+            }
             columns.width = reader.cell().column + reader.cell().width - columns.begin;
         }
         all += columns;

@@ -122,8 +122,9 @@ constexpr Range hidden[] = {
 template <std::size_t size>
 bool holds(const Range (&ranges)[size], uint codePoint)
 {
-    const Range* const range = std::lower_bound(std::begin(ranges), std::end(ranges), codePoint,
-                                                [](const Range& candidate, uint code) { return candidate.last < code; });
+    const Range* const range =
+        std::lower_bound(std::begin(ranges), std::end(ranges), codePoint,
+                         [](const Range& candidate, uint code) { return candidate.last < code; });
     return range != std::end(ranges) && range->first <= codePoint;
 }
 

@@ -15,9 +15,8 @@ struct Word {
 };
 
 constexpr Word words[] = {
-    {Command::OpenNonFiscal, openNonFiscal}, {Command::CloseNonFiscal, closeNonFiscal},
-    {Command::Clear, clear},                 {Command::RegisteringMode, registeringMode},
-    {Command::CloseFiscal, closeFiscal},
+    {Command::OpenNonFiscal, openNonFiscal},     {Command::CloseNonFiscal, closeNonFiscal}, {Command::Clear, clear},
+    {Command::RegisteringMode, registeringMode}, {Command::CloseFiscal, closeFiscal},
 };
 
 /// Commands around one figure, which may be any text.

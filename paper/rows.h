@@ -16,7 +16,8 @@ Row withEdge(Row row);
 /// The text of a line or of a sale, and what stands behind its quote, marked. The edge is not marked yet.
 Row textRow(const Command& command, toolkit::TextPlace place);
 
-/// Adds @p left with @p right at the right edge; where they have no room beside each other, @p right in a row of its own.
+/// Adds @p left with @p right at the right edge; where they have no room beside each other, @p right in a row of its
+/// own.
 void addBeside(Rows& rows, Row left, const QString& right);
 
 /// Adds @p text, broken at its blanks.

@@ -200,8 +200,7 @@ void ScriptReader::end(OpenDocument& document)
 void ScriptReader::judgeText(const Command& command)
 {
     if (!command.behindQuote.isEmpty())
-        roll.faults +=
-            Fault {Fault::QuoteInText, toolkit::after(place, line.left(command.quote)), command.text};
+        roll.faults += Fault {Fault::QuoteInText, toolkit::after(place, line.left(command.quote)), command.text};
 }
 
 /// As the check of a job counts: characters, whatever they take on paper, and no line of blanks.

@@ -2,10 +2,9 @@
 #include "paper/cells.h"
 #include "paper/characters.h"
 #include "paper/drawing.h"
-#include "paper/sheet.h"
+#include "paper/strips.h"
 
 #include <algorithm>
-#include <climits>
 
 namespace paper {
 
@@ -23,7 +22,6 @@ const FrameParts asciiParts {u'+', u'+', u'+', u'+', u'-', u'|'};
 
 const int gap = 2; ///< blanks between strips
 const int frameWidth = 2; ///< columns
-const int mostBeside = 100; ///< columns past the edge that are drawn where another strip stands to the right
 
 QString blanks(int count)
 {
@@ -44,12 +42,11 @@ Piece edge(QChar left, QChar across, QChar right)
 /// The row in its frame, and past its edge what has no room, in at most @p most columns.
 Piece rowPiece(const Row& row, const FrameParts& parts, int most)
 {
-    const bool isPlain = std::none_of(row.marked.begin(), row.marked.end(),
-                                      [](const MarkedPart& part) { return part.mark == Mark::PastEdge; });
+    const int end = goesPastEdge(row) ? most : paperWidth;
     Piece onPaper;
     Piece past;
     CellReader reader(row.text);
-    while (reader.next() && reader.cell().column + reader.cell().width <= (isPlain ? paperWidth : most)) {
+    while (reader.next() && reader.cell().column + reader.cell().width <= end) {
         Piece& piece = reader.cell().column < paperWidth ? onPaper : past;
         piece.text += reader.cell().drawn;
         piece.width += reader.cell().width;
@@ -84,13 +81,12 @@ private:
     template <typename PieceOf>
     void addLine(PieceOf pieceOf);
     Piece paperPiece(const Strip& strip, int row, int most) const;
-    int most(int strip) const { return strip + 1 < band.size() ? paperWidth + mostBeside : INT_MAX; }
 
     const Sheet::Band& band;
     const FrameParts& parts;
     QString& drawing;
-    QVector<int> widths; ///< columns of the strips, but for the last one
-    int rows = 0; ///< of the longest strip
+    QVector<int> most; ///< columns of each strip that are drawn
+    QVector<int> widths; ///< columns that each takes, its frame too
 };
 
 BandDrawing::BandDrawing(const Sheet::Band& band, const FrameParts& parts, QString& drawing)
@@ -99,15 +95,8 @@ BandDrawing::BandDrawing(const Sheet::Band& band, const FrameParts& parts, QStri
     , drawing(drawing)
 {
     for (int i = 0; i < band.size(); ++i) {
-        const Rows& stripRows = band.at(i).rows;
-        rows = std::max(rows, stripRows.size());
-        int width = std::max(paperWidth + frameWidth, columns(band.at(i).title));
-        for (int row = 0; row < stripRows.size() && i + 1 < band.size(); ++row) {
-            const Piece piece = rowPiece(stripRows.at(row), parts, most(i));
-            const Piece marks = marksPiece(stripRows.at(row), most(i));
-            width = std::max({width, piece.width, marks.width});
-        }
-        widths += width;
+        most += mostColumns(band, i);
+        widths += i + 1 < band.size() ? frameWidth + drawnColumns(band.at(i), most.at(i)) : 0;
     }
 }
 
@@ -119,7 +108,7 @@ void BandDrawing::addLine(PieceOf pieceOf)
     int width = 0;
     int begin = 0;
     for (int i = 0; i < band.size(); ++i) {
-        const Piece piece = pieceOf(band.at(i), most(i));
+        const Piece piece = pieceOf(band.at(i), most.at(i));
         if (!piece.text.isEmpty()) {
             line += blanks(begin - width) + piece.text;
             width = begin + piece.width;
@@ -145,7 +134,7 @@ void BandDrawing::draw()
     addLine([this](const Strip& strip, int) {
         return strip.isThere ? edge(parts.upperLeft, parts.across, parts.upperRight) : Piece();
     });
-    for (int row = 0; row <= rows; ++row) {
+    for (int row = 0; row <= rowCount(band); ++row) {
         addLine([&](const Strip& strip, int most) { return paperPiece(strip, row, most); });
         addLine([&](const Strip& strip, int most) {
             return row < strip.rows.size() && strip.isThere ? marksPiece(strip.rows.at(row), most) : Piece();

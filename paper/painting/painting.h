@@ -22,11 +22,12 @@ void paint(QPainter& painter, const Sheet& sheet);
 
 const int greatestImageSide = 30000; ///< pixels
 
-/// A PNG. @p scale: pixels a unit, 1 to 8. Null, and a reason, when a side of it would be longer than
-/// greatestImageSide.
+/// A PNG. @p scale: pixels a unit, 1 to 8. Null, and a reason in words, when a side of it would be longer than
+/// greatestImageSide or memory does not suffice.
 QByteArray pngDrawing(const Sheet& sheet, int scale, QString& reason);
 
-/// Paints the sheet on pages, broken between rows.
+/// Paints the sheet on pages, broken between rows, as large as in life where it fits. Nothing where the device cannot
+/// be painted on.
 void paintPages(QPagedPaintDevice& device, const Sheet& sheet);
 
 /// A PDF of as many pages as it takes.
