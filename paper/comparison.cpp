@@ -110,7 +110,8 @@ QVector<RowPair> pairsOf(const Rows& left, const Rows& right)
     RowMatch next {0, 0};
     for (const RowMatch& match : qAsConst(matches)) {
         while (next.left < match.left || next.right < match.right)
-            pairs += RowPair {next.left < match.left ? next.left++ : -1, next.right < match.right ? next.right++ : -1, false};
+            pairs += RowPair {next.left < match.left ? next.left++ : -1, next.right < match.right ? next.right++ : -1,
+                              false};
         pairs += RowPair {next.left++, next.right++, true};
     }
     pairs.removeLast();

@@ -54,7 +54,7 @@ DecodedScript ByteDecoder::decode()
     for (int i = 0; i < bytes.size(); ++i) {
         const QString characters = codec.toUnicode(bytes.constData() + i, 1, &state);
         if (!characters.isEmpty())
-            take(characters, i + 1);
+            take(characters, i + 1 - state.remainingChars); // of which the codec keeps some for what comes next
     }
     // What is left is a part of a character, or the byte-order mark of an empty text.
     const QByteArray lineFeed = encoded(codec, QStringLiteral("\n"));

@@ -15,9 +15,9 @@ int mostSteps(int rows)
     return std::clamp(work / (rows + 1), fewest, most);
 }
 
-/// The shortest way from one paper to the other (Myers, "An O(ND) Difference Algorithm"): a step takes a row of the left
-/// one away, or adds one of the right one. A diagonal is told by how many more rows of the left one are passed on it
-/// than of the right one.
+/// The shortest way from one paper to the other (Myers, "An O(ND) Difference Algorithm"): a step takes a row of the
+/// left one away, or adds one of the right one. A diagonal is told by how many more rows of the left one are passed on
+/// it than of the right one.
 class ShortestWay {
 public:
     ShortestWay(const int* left, int leftSize, const int* right, int rightSize)
@@ -48,8 +48,7 @@ private:
 /// Whether the last of @p steps to a diagonal adds a row: the way that got farther is taken.
 bool ShortestWay::adds(int steps, int diagonal) const
 {
-    return diagonal == -steps
-        || (diagonal != steps && at(steps - 1, diagonal - 1) < at(steps - 1, diagonal + 1));
+    return diagonal == -steps || (diagonal != steps && at(steps - 1, diagonal - 1) < at(steps - 1, diagonal + 1));
 }
 
 /// Rows of the left one that are passed right behind the last of @p steps.

@@ -11,8 +11,8 @@ struct RowMatch {
     int right;
 };
 
-/// Which rows of two papers, told by numbers, are the same ones: as many as there can be where the papers differ little,
-/// in ascending order on both sides.
+/// Which rows of two papers, told by numbers, are the same ones: as many as there can be where the papers differ
+/// little, in ascending order on both sides.
 ///
 /// Where they differ much the rows between the common ones at the beginning and at the end are matched with nothing:
 /// so time and memory stay in proportion to the rows.

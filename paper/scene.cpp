@@ -100,8 +100,8 @@ void Scene::drawStrip(Canvas& canvas, const BandPlace& place, int index, const S
     if (place.top >= extent.top && place.papers <= extent.bottom)
         drawText(canvas, strip.title, place.most.at(index), {left, place.top}, leftOf);
     const int bottom = place.rows + strip.rows.size() * cellHeight + padding;
-    const QRect paper =
-        QRect(left, place.papers, paperSize, bottom - place.papers) & QRect(left, extent.top, paperSize, extent.bottom - extent.top);
+    const QRect paper = QRect(left, place.papers, paperSize, bottom - place.papers)
+        & QRect(left, extent.top, paperSize, extent.bottom - extent.top);
     if (!strip.isThere || paper.isEmpty())
         return;
     canvas.drawPaper(paper);
@@ -123,7 +123,8 @@ void Scene::drawRow(Canvas& canvas, const Row& row, int most, QPoint begin) cons
 int Scene::pageEnd(int top, int height) const
 {
     const int end = top + height;
-    const auto cut = std::find_if(places.begin(), places.end(), [end](const BandPlace& place) { return end <= place.bottom; });
+    const auto cut =
+        std::find_if(places.begin(), places.end(), [end](const BandPlace& place) { return end <= place.bottom; });
     if (cut == places.end() || end <= cut->top)
         return std::min(end, wholeSize.height());
     const int rows = (end - cut->rows) / cellHeight;

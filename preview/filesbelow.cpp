@@ -10,8 +10,10 @@ QStringList filesBelow(const QString& folder)
     const QDir base(folder);
     QStringList files;
     QDirIterator found(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-    while (found.hasNext())
-        files += base.relativeFilePath(found.next());
+    while (found.hasNext()) {
+        found.next();
+        files += base.relativeFilePath(found.fileInfo().absoluteFilePath());
+    }
     files.sort();
     return files;
 }

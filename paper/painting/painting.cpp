@@ -4,7 +4,6 @@
 #include "paper/scene.h"
 
 #include <QBuffer>
-#include <QFontDatabase>
 #include <QImage>
 #include <QObject>
 #include <QPainter>
@@ -23,9 +22,9 @@ QColor colour(const char* name)
 
 QFont fixedFont()
 {
-    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    font.setPixelSize(fontSize);
+    QFont font(QStringLiteral("monospace"));
     font.setStyleHint(QFont::Monospace);
+    font.setPixelSize(fontSize);
     return font;
 }
 
@@ -70,7 +69,8 @@ void PageCanvas::drawPaper(const QRect& area)
     painter.restore();
 }
 
-/// Pixels of the device for a unit: such that papers are as wide as they are in life, or else narrow enough for the page.
+/// Pixels of the device for a unit: such that papers are as wide as they are in life, or else narrow enough for the
+/// page.
 double pageScale(const QPagedPaintDevice& device, int width)
 {
     const double unit = 0.21; // millimetres: 32 characters on 67 of them

@@ -69,7 +69,7 @@ void TestSettingsBytes::whatNobodyReadsIsLeftOut()
 {
     const Folder folder;
     const preview::SettingsBytes settings = readSettings(
-        folder.file("a.xml", "<!-- remark --><zelmora><doc a=\"1\"/>words</zelmora>"));
+        folder.file("a.xml", "<zelmora><!-- remark --><doc a=\"1\"/>words</zelmora>"));
     QCOMPARE(settings.reason, QString());
     QCOMPARE(value(settings, "zelmora.doc.a"), QString("1"));
 }
@@ -77,7 +77,7 @@ void TestSettingsBytes::whatNobodyReadsIsLeftOut()
 void TestSettingsBytes::namesWhatTheBraceFormCannotHold()
 {
     const Folder folder;
-    const QString path = folder.file("a.xml", "<zelmora><doc style=\"a;b\" paperWidth=\"32\"/></zelmora>");
+    const QString path = folder.file("a.xml", "<zelmora><doc paperWidth=\"32\" style=\"a;b\"/></zelmora>");
     const preview::SettingsBytes settings = readSettings(path);
     QVERIFY(!settings.bytes.has_value());
     QCOMPARE(settings.reason,

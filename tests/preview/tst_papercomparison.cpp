@@ -1,0 +1,296 @@
+#include "preview/paperrun.h"
+
+#include <QtTest>
+
+/// `zelmora-paper --compare` and `--rehearse`.
+class TestPaperComparison : public QObject {
+    Q_OBJECT
+
+private slots:
+    void sameScripts();
+    void differentScripts();
+    void onlyTheDocumentsThatDiffer();
+    void aDocumentMore();
+    void differentWithoutATrace();
+    void findingsDoNotCount();
+    void intoAFile();
+    void folders();
+    void wholeFoldersAreRead();
+    void encodings();
+    void whatCannotBeCompared_data();
+    void whatCannotBeCompared();
+
+    void rehearsalWithoutAChange();
+    void rehearsalOfAChange();
+    void rehearsalOfOtherSettingsThanTodays();
+    void whatCannotBeRehearsed_data();
+    void whatCannotBeRehearsed();
+};
+
+namespace {
+
+/// The line that sums up.
+QByteArray scripts(int all, int onPaper, int withoutTrace)
+{
+    return QStringLiteral("Scripts compared: %1. Different on paper: %2. Different without a trace on paper: %3.\n")
+        .arg(all)
+        .arg(onPaper)
+        .arg(withoutTrace)
+        .toUtf8();
+}
+
+QByteArray jobs(int all, int onPaper, int withoutTrace)
+{
+    return scripts(all, onPaper, withoutTrace).replace("Scripts compared", "Jobs rehearsed");
+}
+
+/// The lines of a drawing that hold @p text.
+QStringList linesWith(const QByteArray& drawing, const QString& text)
+{
+    return QString::fromUtf8(drawing).split('\n').filter(text);
+}
+
+} // namespace
+
+void TestPaperComparison::sameScripts()
+{
+    PaperRun run;
+    run.writeFile("a.txt", script({"one"}));
+    run.writeFile("b.txt", script({"one"}));
+    QCOMPARE(run.statusOf({"--compare", "a.txt", "b.txt"}), 0);
+    QCOMPARE(run.standardOutput, scripts(1, 0, 0));
+    QCOMPARE(run.standardError, QByteArray());
+}
+
+void TestPaperComparison::differentScripts()
+{
+    PaperRun run;
+    run.writeFile("a.txt", script({"one", "two"}));
+    run.writeFile("b.txt", script({"one", "four"}));
+    QCOMPARE(run.statusOf({"--compare", "a.txt", "b.txt"}), 1);
+    const QString drawing = QString::fromUtf8(run.standardOutput);
+    QCOMPARE(drawing.section('\n', 0, 0), "a.txt" + QString(31, ' ') + "b.txt");
+    QCOMPARE(linesWith(run.standardOutput, "two"),
+             (QStringList {"│two" + QString(29, ' ') + "│  │four" + QString(28, ' ') + "│"}));
+    QVERIFY(drawing.contains('^'));
+    QVERIFY(run.standardOutput.endsWith(scripts(1, 1, 0)));
+}
+
+void TestPaperComparison::onlyTheDocumentsThatDiffer()
+{
+    PaperRun run;
+    run.writeFile("a.txt", script({"one"}) + script({"two"}));
+    run.writeFile("b.txt", script({"one"}) + script({"four"}));
+    QCOMPARE(run.statusOf({"--compare", "a.txt", "b.txt"}), 1);
+    QVERIFY(!run.standardOutput.contains("│one"));
+    QVERIFY(run.standardOutput.startsWith("a.txt (2)" + QByteArray(27, ' ') + "b.txt (2)\n"));
+    QVERIFY(run.standardOutput.endsWith(scripts(1, 1, 0)));
+}
+
+void TestPaperComparison::aDocumentMore()
+{
+    PaperRun run;
+    run.writeFile("a.txt", script({"one"}));
+    run.writeFile("b.txt", script({"one"}) + script({"two"}));
+    QCOMPARE(run.statusOf({"--compare", "a.txt", "b.txt"}), 1);
+    QCOMPARE(linesWith(run.standardOutput, "two"),
+             QStringList {QString(36, ' ') + "│two" + QString(29, ' ') + "│"});
+    QVERIFY(!run.standardOutput.contains("│one"));
+}
+
+void TestPaperComparison::differentWithoutATrace()
+{
+    PaperRun run;
+    run.writeFile("a.txt", script({"one"}));
+    run.writeFile("b.txt", script({"one"}).replace("\r\n", "\n"));
+    QCOMPARE(run.statusOf({"--compare", "a.txt", "b.txt"}), 0);
+    QCOMPARE(run.standardOutput, scripts(1, 0, 1));
+}
+
+void TestPaperComparison::findingsDoNotCount()
+{
+    PaperRun run;
+    run.writeFile("a.txt", "nofis apri\r\n");
+    run.writeFile("b.txt", "nofis apri\r\nwords\r\n");
+    QCOMPARE(run.statusOf({"--compare", "a.txt", "b.txt"}), 0);
+    QCOMPARE(run.standardError, QByteArray());
+    QCOMPARE(run.standardOutput, scripts(1, 0, 1));
+}
+
+void TestPaperComparison::intoAFile()
+{
+    PaperRun run;
+    run.writeFile("a.txt", script({"one"}));
+    run.writeFile("b.txt", script({"two"}));
+    QCOMPARE(run.statusOf({"--compare", "-o", "c.txt", "a.txt", "b.txt"}), 1);
+    QCOMPARE(run.standardOutput, scripts(1, 1, 0));
+    QVERIFY(run.fileOf("c.txt").contains("│one"));
+
+    run.writeFile("c.txt", "before");
+    QCOMPARE(run.statusOf({"--compare", "-o", "c.txt", "a.txt", "a.txt"}), 0);
+    QCOMPARE(run.fileOf("c.txt"), QByteArray("before"));
+}
+
+void TestPaperComparison::folders()
+{
+    PaperRun run;
+    QDir(run.path(".")).mkpath("old/sub");
+    QDir(run.path(".")).mkpath("new/sub");
+    for (const char* name : {"old/same.txt", "new/same.txt", "old/sub/same.txt", "new/sub/same.txt"})
+        run.writeFile(name, script({"same"}));
+    run.writeFile("old/b.txt", script({"one"}));
+    run.writeFile("new/b.txt", script({"two"}));
+    run.writeFile("old/sub/gone.txt", script({"gone"}));
+    run.writeFile("new/.hidden", script({"came"}));
+    run.writeFile("old/quiet.txt", script({"quiet"}));
+    run.writeFile("new/quiet.txt", script({"quiet"}).replace("\r\n", "\n"));
+    QCOMPARE(run.statusOf({"--compare", "old", "new"}), 1);
+    QVERIFY2(run.standardOutput.endsWith(scripts(6, 3, 1)), run.standardOutput.constData());
+    QVERIFY(!run.standardOutput.contains("same") && !run.standardOutput.contains("quiet"));
+
+    const QString drawing = QString::fromUtf8(run.standardOutput);
+    const int came = drawing.indexOf("│came");
+    const int changed = drawing.indexOf("│one");
+    const int gone = drawing.indexOf("│gone");
+    QVERIFY2(0 < came && came < changed && changed < gone, run.standardOutput.constData());
+    QCOMPARE(linesWith(run.standardOutput, "│came"), QStringList {QString(36, ' ') + "│came" + QString(28, ' ') + "│"});
+    QCOMPARE(linesWith(run.standardOutput, "│gone"), QStringList {"│gone" + QString(28, ' ') + "│"});
+    QVERIFY(drawing.contains("old/b.txt" + QString(27, ' ') + "new/b.txt\n"));
+}
+
+// With a slash at its end, through a link to it; a link in it leads out of the folder, or round in a circle.
+void TestPaperComparison::wholeFoldersAreRead()
+{
+    PaperRun run;
+    QDir(run.path(".")).mkpath("old/sub");
+    run.writeFile("old/sub/a.txt", script({"one"}));
+    makeLink("..", run.path("old/sub/circle"));
+    makeLink("old", run.path("link"));
+    QCOMPARE(run.statusOf({"--compare", "old/", "link"}), 0);
+    QCOMPARE(run.standardOutput, scripts(1, 0, 0));
+
+    QDir(run.path(".")).mkpath("empty");
+    QCOMPARE(run.statusOf({"--compare", "empty", "empty"}), 0);
+    QCOMPARE(run.standardOutput, scripts(0, 0, 0));
+    QCOMPARE(run.statusOf({"--compare", "empty", "old"}), 1);
+    QVERIFY(run.standardOutput.endsWith(scripts(1, 1, 0)));
+}
+
+void TestPaperComparison::encodings()
+{
+    PaperRun run;
+    run.writeFile("a.txt", script({"\xE8"}));
+    run.writeFile("b.txt", script({"\xE9"}));
+    QCOMPARE(run.statusOf({"--compare", "a.txt", "b.txt"}), 0); // neither is UTF-8
+    QCOMPARE(run.standardOutput, scripts(1, 0, 1));
+    QCOMPARE(run.statusOf({"--compare", "--encoding", "latin1", "a.txt", "b.txt"}), 1);
+    QVERIFY(run.standardOutput.contains("│é"));
+}
+
+void TestPaperComparison::whatCannotBeCompared_data()
+{
+    QTest::addColumn<QStringList>("files");
+    QTest::addColumn<QByteArray>("message");
+
+    QTest::newRow("a job") << QStringList {"a.txt", "a.xml"}
+                           << QByteArray("a.xml is a job: --compare takes scripts, --rehearse jobs.\n");
+    QTest::newRow("a job in a folder") << QStringList {"jobs", "jobs"}
+                                       << QByteArray("jobs/a.xml is a job: --compare takes scripts, --rehearse jobs.\n");
+    QTest::newRow("a file and a folder")
+        << QStringList {"a.txt", "jobs"}
+        << QByteArray("The option --compare takes two scripts or two folders, not one of each.\n");
+    QTest::newRow("no such file") << QStringList {"a.txt", "none"}
+                                  << QByteArray("The file none cannot be read: No such file or directory\n");
+    QTest::newRow("an empty file") << QStringList {"empty.txt", "a.txt"}
+                                   << QByteArray("The file empty.txt is empty.\n");
+}
+
+void TestPaperComparison::whatCannotBeCompared()
+{
+    QFETCH(QStringList, files);
+    QFETCH(QByteArray, message);
+    PaperRun run;
+    run.writeFile("a.txt", script({"one"}));
+    run.writeFile("a.xml", jobOf("two"));
+    run.writeFile("empty.txt", "");
+    QDir(run.path(".")).mkpath("jobs");
+    run.writeFile("jobs/a.xml", jobOf("two"));
+    QCOMPARE(run.statusOf(QStringList {"--compare"} + files), 2);
+    QCOMPARE(run.standardError, message);
+    QCOMPARE(run.standardOutput, QByteArray());
+}
+
+void TestPaperComparison::rehearsalWithoutAChange()
+{
+    PaperRun run;
+    run.setSettings(simpleSettings());
+    run.writeFile("new.conf", simpleSettings() + " more");
+    run.writeFile("a.xml", jobOf("one"));
+    run.writeFile("b.xml", jobOf("it's")); // which the register would not print as it is meant
+    QCOMPARE(run.statusOf({"--rehearse", "new.conf", "a.xml", "b.xml"}), 0);
+    QCOMPARE(run.standardOutput, jobs(2, 0, 0));
+    QCOMPARE(run.standardError, QByteArray());
+}
+
+void TestPaperComparison::rehearsalOfAChange()
+{
+    PaperRun run;
+    run.setSettings(simpleSettings());
+    run.writeFile("new.conf", simpleSettings("false"));
+    run.writeFile("a.xml", jobOf("one"));
+    run.writeFile("b.xml", "<j><method name=\"printSold\"/></j>");
+    QCOMPARE(run.statusOf({"--rehearse", "new.conf", "b.xml", "a.xml"}), 1);
+    QVERIFY(run.standardOutput.startsWith("a.xml, today" + QByteArray(24, ' ') + "a.xml, new.conf\n"));
+    QCOMPARE(linesWith(run.standardOutput, "one").size(), 1);
+    QVERIFY(run.standardOutput.endsWith(jobs(2, 1, 0)));
+}
+
+void TestPaperComparison::rehearsalOfOtherSettingsThanTodays()
+{
+    PaperRun run;
+    run.writeFile("today.conf", simpleSettings());
+    run.writeFile("new.xml", "<zelmora><solddoc printNote=\"true\"/></zelmora>");
+    run.writeFile("a.xml", jobOf("one"));
+    QCOMPARE(run.statusOf({"--rehearse", "new.xml", "a.xml"}), 1); // there are none
+    QCOMPARE(run.statusOf({"--rehearse", "new.xml", "--settings", "today.conf", "a.xml"}), 0);
+    run.startShell("\"$program\" --rehearse today.conf - < a.xml");
+    QCOMPARE(run.exitStatus, 1);
+    QVERIFY(run.standardOutput.startsWith("-, today"));
+}
+
+void TestPaperComparison::whatCannotBeRehearsed_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QByteArray>("message");
+
+    QTest::newRow("a script") << QStringList {"new.conf", "a.txt"}
+                              << QByteArray("a.txt is no job: --rehearse takes jobs, --compare scripts.\n");
+    QTest::newRow("no such job") << QStringList {"new.conf", "none.xml"}
+                                 << QByteArray("The file none.xml cannot be read: No such file or directory\n");
+    QTest::newRow("no such settings") << QStringList {"none.conf", "a.xml"}
+                                      << QByteArray("The file none.conf cannot be read: No such file or directory\n");
+    QTest::newRow("an empty job") << QStringList {"new.conf", "empty.xml"}
+                                  << QByteArray("The file empty.xml is empty.\n");
+    QTest::newRow("settings that the brace form cannot hold")
+        << QStringList {"new.xml", "a.xml"}
+        << QByteArray("The print program reads the brace form alone, which cannot hold this of the file new.xml:\n"
+                      "  zelmora.doc.style = a;b\n");
+}
+
+void TestPaperComparison::whatCannotBeRehearsed()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QByteArray, message);
+    PaperRun run;
+    run.writeFile("new.conf", simpleSettings());
+    run.writeFile("new.xml", "<zelmora><doc style=\"a;b\"/></zelmora>");
+    run.writeFile("a.xml", jobOf("one"));
+    run.writeFile("a.txt", script({"one"}));
+    run.writeFile("empty.xml", "");
+    QCOMPARE(run.statusOf(QStringList {"--rehearse"} + arguments), 2);
+    QCOMPARE(run.standardError, message);
+    QCOMPARE(run.standardOutput, QByteArray());
+}
+
+QTEST_GUILESS_MAIN(TestPaperComparison)
+#include "tst_papercomparison.moc"
