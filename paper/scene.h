@@ -29,6 +29,7 @@ class Scene {
 public:
     static constexpr int cellWidth = 10;
     static constexpr int cellHeight = 20;
+    static constexpr int titleHeight = 24;
 
     /// @p sheet must outlive it.
     explicit Scene(const Sheet& sheet);
