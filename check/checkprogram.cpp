@@ -1,8 +1,8 @@
 #include "check/checkprogram.h"
 
+#include "check/checkedfile.h"
 #include "check/codelist.h"
 #include "check/commandline.h"
-#include "check/jobcheck.h"
 #include "check/placedsettings.h"
 #include "check/schema.h"
 #include "check/tracewriter.h"
@@ -11,7 +11,6 @@
 #include "config/zmconfiguration.h"
 #include "toolkit/console.h"
 #include "toolkit/filenames.h"
-#include "toolkit/literals.h"
 #include "toolkit/localecodec.h"
 
 #include <QCoreApplication>
@@ -20,9 +19,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <unistd.h>
-
-using toolkit::operator""_L1;
 
 namespace check {
 
@@ -66,7 +62,7 @@ ExitStatus refuseFile(const QString& path, const QString& reason)
 
 Findings unreadable(const QString& reason)
 {
-    return {{Code::Unreadable, Severity::Error, {}, QObject::tr("The file cannot be read: %1").arg(reason)}};
+    return {finding(Code::Unreadable, {}, QObject::tr("The file cannot be read: %1").arg(reason))};
 }
 
 // --- Settings --------------------------------------------------------------------------------------------------
@@ -116,31 +112,7 @@ SettingsInUse::SettingsInUse(const QString& path, const SettingsBytes& read)
     QCoreApplication::installTranslator(&translator);
 }
 
-// --- Jobs ------------------------------------------------------------------------------------------------------
-
-bool openJob(QFile& file, const QString& path)
-{
-    if (path == "-"_L1)
-        return file.open(STDIN_FILENO, QIODevice::ReadOnly);
-    file.setFileName(pathOf(path));
-    return file.open(QIODevice::ReadOnly);
-}
-
-struct CheckedJob {
-    Findings findings;
-    QString reason; ///< why it cannot be read, or not to its end; empty when it can
-};
-
-CheckedJob checkFile(const QString& path, const JobSettings& settings, JobTrace* trace = nullptr)
-{
-    CheckedJob checked;
-    QFile file;
-    if (openJob(file, path))
-        checked.findings = checkJob(file, settings, trace);
-    if (file.error() != QFileDevice::NoError)
-        checked.reason = file.errorString();
-    return checked;
-}
+// --- Files -----------------------------------------------------------------------------------------------------
 
 ExitStatus statusOf(bool allRead, bool anyErrors)
 {
@@ -149,33 +121,63 @@ ExitStatus statusOf(bool allRead, bool anyErrors)
     return anyErrors ? ErrorFound : Done;
 }
 
-ExitStatus reportJobs(const Call& call, const JobSettings& settings)
+Findings findingsOf(const CheckedFile& file)
+{
+    switch (file.outcome) {
+    case CheckedFile::Unreadable:
+        return unreadable(file.reason);
+    case CheckedFile::Empty:
+        return {finding(Code::Unreadable, {}, QObject::tr("The file is empty."))};
+    case CheckedFile::Checked:
+    case CheckedFile::NotTraced:
+        break;
+    }
+    return file.findings;
+}
+
+ExitStatus reportFiles(const Call& call, const JobSettings& settings)
 {
     Report report(call.report);
     bool allRead = true;
-    for (const QString& path : call.jobs) {
-        const CheckedJob checked = checkFile(path, settings);
-        const bool wasRead = checked.reason.isEmpty();
-        report.add(path, wasRead ? checked.findings : unreadable(checked.reason));
-        allRead = allRead && wasRead;
+    for (const QString& path : call.files) {
+        const CheckedFile checked = checkFile(path, settings);
+        report.add(path, findingsOf(checked));
+        allRead = allRead && checked.outcome == CheckedFile::Checked;
     }
     return report.finish() ? statusOf(allRead, report.hasErrors()) : refuseOutput();
 }
 
-ExitStatus traceJobs(const Call& call, const JobSettings& settings)
+/// Says why the file at @p path was not traced; nothing where it was.
+void refuseTrace(const QString& path, const CheckedFile& file)
+{
+    switch (file.outcome) {
+    case CheckedFile::Checked:
+        break;
+    case CheckedFile::Unreadable:
+        refuseFile(path, file.reason);
+        break;
+    case CheckedFile::Empty:
+        refuse(QObject::tr("The file %1 is empty.").arg(path));
+        break;
+    case CheckedFile::NotTraced:
+        refuse(QObject::tr("The file %1 is a script: a trace is of jobs.").arg(path));
+        break;
+    }
+}
+
+ExitStatus traceFiles(const Call& call, const JobSettings& settings)
 {
     TraceWriter trace(call.report.format);
     bool allRead = true;
     bool anyErrors = false;
-    for (const QString& path : call.jobs) {
+    for (const QString& path : call.files) {
         trace.setFile(path);
-        const CheckedJob checked = checkFile(path, settings, &trace);
-        if (!checked.reason.isEmpty())
-            refuseFile(path, checked.reason);
-        allRead = allRead && checked.reason.isEmpty();
+        const CheckedFile checked = checkFile(path, settings, &trace);
+        refuseTrace(path, checked);
+        allRead = allRead && checked.outcome == CheckedFile::Checked;
         anyErrors = anyErrors
             || std::any_of(checked.findings.begin(), checked.findings.end(),
-                           [&](const Finding& finding) { return countsAsError(finding, call.report); });
+                           [&](const Finding& found) { return countsAsError(found, call.report); });
     }
     return trace.finish() ? statusOf(allRead, anyErrors) : refuseOutput();
 }
@@ -202,7 +204,7 @@ ExitStatus doWithSettings(const Call& call)
     if (call.task == Call::Task::Codes)
         return showText(toolkit::localeText(codeList()));
     const JobSettings forJobs = settings.forJobs();
-    return call.task == Call::Task::Trace ? traceJobs(call, forJobs) : reportJobs(call, forJobs);
+    return call.task == Call::Task::Trace ? traceFiles(call, forJobs) : reportFiles(call, forJobs);
 }
 
 ExitStatus perform(const Call& call)

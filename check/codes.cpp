@@ -34,7 +34,7 @@ constexpr CodeEntry table[] = {
     {Code::MissingAttribute, "missing-attribute"_L1, warning, warning, QT_TRANSLATE_NOOP("QObject", "The attribute is absent or empty: a column or a line stays empty.")},
     {Code::NotADate, "not-a-date"_L1, warning, warning, QT_TRANSLATE_NOOP("QObject", "A date is due, and the text is none in a usual form.")},
     {Code::WrongSum, "wrong-sum"_L1, warning, warning, QT_TRANSLATE_NOOP("QObject", "Figures of the document do not agree.")},
-    {Code::QuoteInText, "quote-in-text"_L1, warning, warning, QT_TRANSLATE_NOOP("QObject", "An apostrophe ends the register's text early.")},
+    {Code::QuoteInText, "quote-in-text"_L1, error, warning, QT_TRANSLATE_NOOP("QObject", "An apostrophe ends the register's text early.")},
     {Code::ControlCharacter, "control-character"_L1, warning, warning, QT_TRANSLATE_NOOP("QObject", "A line break, a tab or another control character stands inside a line.")},
     {Code::UnprintableCharacter, "unprintable-character"_L1, warning, warning, QT_TRANSLATE_NOOP("QObject", "A character that the script cannot hold prints as \"?\".")},
     {Code::UnknownEntity, "unknown-entity"_L1, warning, warning, QT_TRANSLATE_NOOP("QObject", "The entity is not declared and stands for nothing.")},
@@ -65,6 +65,13 @@ constexpr CodeEntry table[] = {
     {Code::EmptyGroup, "empty-group"_L1, note, note, QT_TRANSLATE_NOOP("QObject", "The group holds nothing: it is as if it were not there.")},
     {Code::RelativeCatalogue, "relative-catalogue"_L1, note, note, QT_TRANSLATE_NOOP("QObject", "The translation is found in one working folder only.")},
     {Code::NoEffect, "no-effect"_L1, note, note, QT_TRANSLATE_NOOP("QObject", "The setting has no effect in this document.")},
+    {Code::NoCommand, "no-command"_L1, error, error, QT_TRANSLATE_NOOP("QObject", "The line is no command of the register.")},
+    {Code::NotOpened, "not-opened"_L1, error, error, QT_TRANSLATE_NOOP("QObject", "The command needs an open document, and there is none of its kind.")},
+    {Code::NotClosed, "not-closed"_L1, error, error, QT_TRANSLATE_NOOP("QObject", "The script ends without the document's closing command.")},
+    {Code::OpenedTwice, "opened-twice"_L1, error, error, QT_TRANSLATE_NOOP("QObject", "A document is opened while another one is open.")},
+    {Code::NoSale, "no-sale"_L1, warning, warning, QT_TRANSLATE_NOOP("QObject", "A fiscal receipt sells nothing.")},
+    {Code::PaymentsBelowSum, "payments-below-sum"_L1, warning, warning, QT_TRANSLATE_NOOP("QObject", "The payments of a fiscal receipt are less than its sum.")},
+    {Code::InvalidBytes, "invalid-bytes"_L1, warning, warning, QT_TRANSLATE_NOOP("QObject", "Bytes are no characters in the script's encoding.")},
 };
 // clang-format on
 

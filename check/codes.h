@@ -15,11 +15,11 @@ enum class Severity { Error, Warning, Note };
 QLatin1String word(Severity severity);
 
 enum class Code {
-    // Of both.
+    // Of several kinds of files.
     Unreadable,
     SettingsMissing,
     NotANumber,
-    // Of jobs.
+    // Of jobs; a quote in a text and a line that is too wide also of scripts.
     NotWellFormed,
     NoMethod,
     UnknownMethod,
@@ -65,6 +65,14 @@ enum class Code {
     EmptyGroup,
     RelativeCatalogue,
     NoEffect,
+    // Of scripts.
+    NoCommand,
+    NotOpened,
+    NotClosed,
+    OpenedTwice,
+    NoSale,
+    PaymentsBelowSum,
+    InvalidBytes,
 };
 
 struct CodeEntry {

@@ -28,7 +28,7 @@ constexpr TaskOption taskOptions[] = {
     {Call::Task::Version, "v"_L1, "version"_L1, "Show the version."_L1},
     {Call::Task::Codes, {}, "codes"_L1, "List the codes of all findings, of settings too, each with its severity and a sentence."_L1},
     {Call::Task::Schema, {}, "schema"_L1, "Show the XML schema of jobs, for editors."_L1},
-    {Call::Task::Trace, {}, "trace"_L1, "Show what each line of the script comes from, in place of the findings."_L1},
+    {Call::Task::Trace, {}, "trace"_L1, "Show what each line of a job's script comes from, in place of the findings."_L1},
 };
 // clang-format on
 
@@ -41,7 +41,8 @@ QStringList namesOf(const TaskOption& option)
 void describe(QCommandLineParser& parser)
 {
     parser.setApplicationDescription(
-        QStringLiteral("Checks print jobs as they would print with your settings.\n"
+        QStringLiteral("Checks print jobs as they would print with your settings, and the register's scripts.\n"
+                       "What begins with \"<\" is a job. A script is read in the locale's encoding.\n"
                        "Exit status: 2 when the call was wrong or a file could not be read, else 1 when\n"
                        "there is an error, else 0."));
     parser.addOption(
@@ -51,8 +52,9 @@ void describe(QCommandLineParser& parser)
     addReportOptions(parser);
     for (const TaskOption& option : taskOptions)
         parser.addOption({namesOf(option), QString(option.description)});
-    parser.addPositionalArgument(QStringLiteral("job.xml"), QStringLiteral("The jobs; \"-\" is standard input."),
-                                 QStringLiteral("job.xml..."));
+    parser.addPositionalArgument(QStringLiteral("job.xml|script.txt"),
+                                 QStringLiteral("The jobs and scripts; \"-\" is standard input."),
+                                 QStringLiteral("job.xml|script.txt..."));
 }
 
 Call::Task taskOf(const QCommandLineParser& parser)
@@ -75,9 +77,9 @@ QString readCall(const QStringList& arguments, Call& call)
     call.task = taskOf(parser);
     call.ownSettings = !parser.isSet(settingsOption);
     call.settings = call.ownSettings ? ZMConfiguration::path() : parser.value(settingsOption);
-    call.jobs = parser.positionalArguments();
-    if (call.jobs.isEmpty() && (call.task == Call::Task::Check || call.task == Call::Task::Trace))
-        return QStringLiteral("There is no job to check: name a file, or \"-\" for standard input.");
+    call.files = parser.positionalArguments();
+    if (call.files.isEmpty() && (call.task == Call::Task::Check || call.task == Call::Task::Trace))
+        return QStringLiteral("There is nothing to check: name a file, or \"-\" for standard input.");
     return readReportOptions(parser, call.report);
 }
 

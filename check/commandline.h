@@ -8,7 +8,7 @@
 
 namespace check {
 
-/// What `zelmora-check [options] job.xml...` is called for.
+/// What `zelmora-check [options] job.xml|script.txt...` is called for.
 struct Call {
     enum class Task {
         Check,
@@ -23,7 +23,7 @@ struct Call {
     QString settings; ///< the path of the settings file
     bool ownSettings = true; ///< the user's own, which need not be there
     ReportOptions report;
-    QStringList jobs; ///< their paths, "-" for standard input
+    QStringList files; ///< paths of jobs and scripts, "-" for standard input
 };
 
 /// Reads @p arguments, of which the first is the program. Empty when that succeeded, else what is wrong with them in

@@ -228,7 +228,8 @@ void JobTexts::report(Trouble trouble, uint codePoint, const QString& command, t
     case Trouble::None:
         break;
     case Trouble::Quote:
-        add(findings, Code::QuoteInText, place,
+        addLesser(
+            findings, Code::QuoteInText, place,
             QObject::tr("The apostrophe ends the register's text early: write ` in its place. The command becomes: %1")
                 .arg(shown(command)));
         break;

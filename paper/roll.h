@@ -37,7 +37,8 @@ using Rows = QVector<Row>;
 /// One document of a script, from its opening command to its closing one.
 struct Document {
     bool isFiscal = false; ///< then the rows are our reading of sales and payments, and say so
-    Rows rows;
+    Rows rows = {};
+    toolkit::TextPlace place = {}; ///< of its first command; documents stand in this order
 };
 
 /// Something in a script that is wrong.

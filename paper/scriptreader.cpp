@@ -104,7 +104,7 @@ void ScriptReader::apply(const Command& command)
 
 OpenDocument ScriptReader::begin(bool isFiscal, bool isOpened)
 {
-    roll.documents += Document {isFiscal, {}};
+    roll.documents += Document {isFiscal, {}, place};
     return {roll.documents.size() - 1, place, isFiscal, isOpened};
 }
 

@@ -1840,5 +1840,149 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
         <source>nothing: %1</source>
         <translation>nulla: %1</translation>
     </message>
+    <message>
+        <source>The file is empty.</source>
+        <translation>Il file è vuoto.</translation>
+    </message>
+    <message>
+        <source>The file %1 is empty.</source>
+        <translation>Il file %1 è vuoto.</translation>
+    </message>
+    <message>
+        <source>The file %1 is a script: a trace is of jobs.</source>
+        <translation>Il file %1 è uno script: una traccia si fa dei lavori.</translation>
+    </message>
+    <message>
+        <source>The line is no command of the register.</source>
+        <translation>La riga non è un comando del registratore.</translation>
+    </message>
+    <message>
+        <source>The command needs an open document, and there is none of its kind.</source>
+        <translation>Il comando vuole un documento aperto, e non ce n&apos;è uno del suo tipo.</translation>
+    </message>
+    <message>
+        <source>The script ends without the document&apos;s closing command.</source>
+        <translation>Lo script finisce senza il comando che chiude il documento.</translation>
+    </message>
+    <message>
+        <source>A document is opened while another one is open.</source>
+        <translation>Si apre un documento mentre un altro è aperto.</translation>
+    </message>
+    <message>
+        <source>A fiscal receipt sells nothing.</source>
+        <translation>Uno scontrino fiscale non vende nulla.</translation>
+    </message>
+    <message>
+        <source>The payments of a fiscal receipt are less than its sum.</source>
+        <translation>I pagamenti di uno scontrino fiscale sono meno della sua somma.</translation>
+    </message>
+    <message>
+        <source>Bytes are no characters in the script&apos;s encoding.</source>
+        <translation>Dei byte non sono caratteri nella codifica dello script.</translation>
+    </message>
+    <message>
+        <source>An empty line is no command of the register.</source>
+        <translation>Una riga vuota non è un comando del registratore.</translation>
+    </message>
+    <message>
+        <source>The sale has no &quot;%1&quot; in its place: %2, %3, %4 and %5 follow each other in a sale.</source>
+        <translation>La vendita non ha &quot;%1&quot; al suo posto: in una vendita si seguono %2, %3, %4 e %5.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no command of the register.</source>
+        <translation>&quot;%1&quot; non è un comando del registratore.</translation>
+    </message>
+    <message>
+        <source>A byte-order mark stands before the command, which the register takes for a part of it: save the file without it.</source>
+        <translation>Prima del comando c&apos;è un BOM, che il registratore prende per una sua parte: salvare il file senza.</translation>
+    </message>
+    <message>
+        <source>The text has no closing quote: the command ends with &apos;.</source>
+        <translation>Il testo non ha l&apos;apice di chiusura: il comando finisce con &apos;.</translation>
+    </message>
+    <message>
+        <source>No document is open for this line: &quot;%1&quot; must stand before it.</source>
+        <translation>Nessun documento è aperto per questa riga: prima ci vuole &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>No document is open that &quot;%1&quot; could close: its opening command is missing, or this one is too much.</source>
+        <translation>Nessun documento è aperto che &quot;%1&quot; possa chiudere: manca il comando che lo apre, o questo è di troppo.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must stand right before &quot;%2&quot;.</source>
+        <translation>&quot;%1&quot; deve stare subito prima di &quot;%2&quot;.</translation>
+    </message>
+    <message>
+        <source>No fiscal receipt is open for this command: &quot;%1&quot; and &quot;%2&quot; must stand before it.</source>
+        <translation>Nessuno scontrino fiscale è aperto per questo comando: prima ci vogliono &quot;%1&quot; e &quot;%2&quot;.</translation>
+    </message>
+    <message>
+        <source>The document that begins here is not closed: the script ends without its &quot;%1&quot;.</source>
+        <translation>Il documento che comincia qui non è chiuso: lo script finisce senza il suo &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; opens a document while another one is open: that one must be closed first.</source>
+        <translation>&quot;%1&quot; apre un documento mentre un altro è aperto: prima va chiuso quello.</translation>
+    </message>
+    <message>
+        <source>The apostrophe ends the register&apos;s text early: write ` in its place. The text becomes: %1</source>
+        <translation>L&apos;apostrofo chiude in anticipo il testo per il registratore: scrivere ` al suo posto. Il testo diventa: %1</translation>
+    </message>
+    <message>
+        <source>The fiscal receipt that begins here sells nothing.</source>
+        <translation>Lo scontrino fiscale che comincia qui non vende nulla.</translation>
+    </message>
+    <message>
+        <source>The payments are less than the sum of the receipt: %1 is missing.</source>
+        <translation>I pagamenti sono meno della somma dello scontrino: mancano %1.</translation>
+    </message>
+    <message>
+        <source>In the encoding %1 these bytes are no characters: %2. Was the script written in another one?</source>
+        <translation>Nella codifica %1 questi byte non sono caratteri: %2. Lo script è stato scritto in un&apos;altra?</translation>
+    </message>
+    <message>
+        <source>CASH</source>
+        <translation>CONTANTI</translation>
+    </message>
+    <message>
+        <source>CHEQUE</source>
+        <translation>ASSEGNO</translation>
+    </message>
+    <message>
+        <source>CREDIT CARD</source>
+        <translation>CARTA DI CREDITO</translation>
+    </message>
+    <message>
+        <source>MEAL TICKET</source>
+        <translation>BUONO PASTO</translation>
+    </message>
+    <message>
+        <source>%1% of %2</source>
+        <translation>%1% di %2</translation>
+    </message>
+    <message>
+        <source>TOTAL (incomplete)</source>
+        <translation>TOTALE (incompleto)</translation>
+    </message>
+    <message>
+        <source>MISSING</source>
+        <translation>MANCANO</translation>
+    </message>
+    <message>
+        <source>CHANGE</source>
+        <translation>RESTO</translation>
+    </message>
+    <message>
+        <source>This is our reading of the script: the register arranges a receipt in its own way.</source>
+        <translation>Questa è la nostra lettura dello script: il registratore dispone uno scontrino a modo suo.</translation>
+    </message>
+    <message>
+        <source>The picture would have a side of more than %1 pixels. A PDF breaks into pages.</source>
+        <translation>L&apos;immagine avrebbe un lato di più di %1 pixel. Un PDF si divide in pagine.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for the picture. A PDF breaks into pages.</source>
+        <translation>La memoria non basta per l&apos;immagine. Un PDF si divide in pagine.</translation>
+    </message>
 </context>
 </TS>

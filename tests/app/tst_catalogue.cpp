@@ -64,7 +64,7 @@ void TestCatalogue::holdsEveryMarkedText()
     const QString marked = folder.filePath("marked.ts");
     QProcess lupdate;
     QStringList arguments {"-silent"};
-    for (const char* sources : {"app", "check", "config", "db", "driver", "editor", "log", "print", "settings",
+    for (const char* sources : {"app", "check", "config", "db", "driver", "editor", "log", "paper", "print", "settings",
                                 "toolkit", "util", "vocabulary"})
         arguments += QString(ZELMORA_TRANSLATIONS "/../") + sources;
     lupdate.start(ZELMORA_LUPDATE, arguments + QStringList {"-ts", marked});

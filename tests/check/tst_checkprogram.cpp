@@ -3,6 +3,7 @@
 #include "support/smalljob.h"
 
 #include <QDirIterator>
+#include <QTextCodec>
 #include <QtTest>
 
 /// zelmora-check as a process: what it is asked, what it answers, its exit status.
@@ -41,6 +42,13 @@ private slots:
     void traceOfOneJob();
     void traceInJson();
     void traceOfWhatCannotBeRead();
+    void scripts_data();
+    void scripts();
+    void scriptInAnotherLocale();
+    void scriptsBesideJobs();
+    void emptyFiles();
+    void traceOfAScript();
+    void jobsAreReadPieceByPiece();
 };
 
 namespace {
@@ -82,7 +90,7 @@ void TestCheckProgram::help()
     CheckRun run;
     const QByteArray text = run.output({"--help"});
     QCOMPARE(run.exitStatus, 0);
-    QVERIFY(text.startsWith("Usage: " ZELMORA_CHECK_PROGRAM " [options] job.xml...\n"));
+    QVERIFY(text.startsWith("Usage: " ZELMORA_CHECK_PROGRAM " [options] job.xml|script.txt...\n"));
     for (const QByteArray option : {"--settings", "--format", "--strict", "--quiet", "--exclude", "--trace", "--codes",
                                     "--schema", "-h, --help", "-v, --version"})
         QVERIFY2(text.contains("\n  " + option + ' '), option.constData());
@@ -101,7 +109,7 @@ void TestCheckProgram::wrongCalls_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QByteArray>("reason");
-    const QByteArray noJob = "There is no job to check: name a file, or \"-\" for standard input.";
+    const QByteArray noJob = "There is nothing to check: name a file, or \"-\" for standard input.";
     QTest::newRow("no job") << QStringList() << noJob;
     QTest::newRow("options and no job") << QStringList {"--strict", "--quiet"} << noJob;
     QTest::newRow("a trace of no job") << QStringList {"--trace"} << noJob;
@@ -421,9 +429,9 @@ void TestCheckProgram::closedStandardStreams()
     run.startShell(R"("$program" job.xml <&- >&- 2>&-)");
     QVERIFY(run.ended);
     QCOMPARE(run.exitStatus, 1);
-    run.startShell(R"("$program" - <&-)"); // nothing is an empty job, which breaks off
-    QCOMPARE(places(run.standardOutput), QStringList("-:1:1: error: [not-well-formed]"));
-    QCOMPARE(run.exitStatus, 1);
+    run.startShell(R"("$program" - <&-)");
+    QCOMPARE(run.standardOutput, QByteArray("-:1:1: error: The file is empty. [unreadable]\n"));
+    QCOMPARE(run.exitStatus, 2);
 }
 
 void TestCheckProgram::outOfMemory()
@@ -544,6 +552,102 @@ void TestCheckProgram::traceOfWhatCannotBeRead()
     QCOMPARE(run.standardError, QByteArray("The file missing.xml cannot be read: No such file or directory\n"));
     QCOMPARE(run.standardOutput,
              QByteArray("job.xml:1:6: method (printSold): nofis apri\njob.xml:1:32: job (printSold): nofis chiudi\n"));
+}
+
+void TestCheckProgram::scripts_data()
+{
+    QTest::addColumn<QByteArray>("contents");
+    QTest::addColumn<QStringList>("expected");
+    QTest::addColumn<int>("status");
+    const auto row = [](const char* name, const QByteArray& contents, const QStringList& expected, int status) {
+        QTest::newRow(name) << contents << expected << status;
+    };
+    const QByteArray shortScript = "nofis apri\r\nnofis riga='<job/>'\r\nnofis chiudi\r\n";
+    row("a script", shortScript, {}, 0);
+    row("a script with an error", shortScript + "Hello\r\n", {"file:4:1: error: [no-command]"}, 1);
+    row("a script with a warning", "CLEAR \r\nCHIAVE REG\r\nCHIUS T=1\r\n", {"file:1:1: warning: [no-sale]"}, 0);
+    row("a word", "Hello", {"file:1:1: error: [no-command]"}, 1);
+    row("white space alone", " \n", {"file:1:1: error: [no-command]"}, 1);
+    row("a job behind white space", "\n \t" + errorJob, {"file:3:1: error: [no-method]"}, 1);
+    row("a job behind a byte-order mark", "\xEF\xBB\xBF" + errorJob, {"file:2:1: error: [no-method]"}, 1);
+    row("a job behind very much white space", QByteArray(100000, ' ') + errorJob, {"file:2:1: error: [no-method]"}, 1);
+    row("a job in UTF-16", QTextCodec::codecForName("UTF-16")->fromUnicode(QString(errorJob)),
+        {"file:2:1: error: [no-method]"}, 1);
+}
+
+void TestCheckProgram::scripts()
+{
+    QFETCH(QByteArray, contents);
+    QFETCH(QStringList, expected);
+    CheckRun run;
+    run.setSettings(widths);
+    run.writeFile("file", contents);
+    QCOMPARE(places(run.output({"file"})), expected);
+    QTEST(run.exitStatus, "status");
+
+    // The same through a pipe that gives one byte before the others.
+    run.startShell("{ head -c 1 file; sleep 0.1; tail -c +2 file; } | \"$program\" -");
+    QCOMPARE(places(run.standardOutput), expected.replaceInStrings(QRegularExpression("^file"), "-"));
+    QTEST(run.exitStatus, "status");
+}
+
+void TestCheckProgram::scriptInAnotherLocale()
+{
+    CheckRun run;
+    run.writeFile("script.txt", "nofis apri\r\nnofis riga='Caff\xE8'\r\nnofis chiudi\r\n");
+    QCOMPARE(places(run.output({"script.txt"})), QStringList("script.txt:2:17: warning: [invalid-bytes]"));
+    run.setEnvironment("LC_ALL", "it_IT.ISO-8859-15");
+    QCOMPARE(places(run.output({"script.txt"})), QStringList());
+}
+
+void TestCheckProgram::scriptsBesideJobs()
+{
+    CheckRun run;
+    run.setSettings(widths);
+    run.writeFile("job.xml", warningJob);
+    run.writeFile("script.txt", "nofis apri\r\n");
+    QCOMPARE(places(run.output({"script.txt", "job.xml", "--quiet"})),
+             QStringList({"script.txt:1:1: error: [not-closed]", "job.xml:3:3: warning: [unknown-element]"}));
+    QCOMPARE(run.exitStatus, 1);
+    run.output({"script.txt", "--exclude", "not-closed"});
+    QCOMPARE(run.exitStatus, 0);
+}
+
+void TestCheckProgram::emptyFiles()
+{
+    CheckRun run;
+    run.writeFile("empty", "");
+    QCOMPARE(run.output({"empty"}), QByteArray("empty:1:1: error: The file is empty. [unreadable]\n"));
+    QCOMPARE(run.exitStatus, 2);
+    run.startShell("\"$program\" - < /dev/null");
+    QCOMPARE(run.standardOutput, QByteArray("-:1:1: error: The file is empty. [unreadable]\n"));
+    QCOMPARE(run.exitStatus, 2);
+    run.start({"--trace", "empty"});
+    QCOMPARE(run.standardOutput, QByteArray());
+    QCOMPARE(run.standardError, QByteArray("The file empty is empty.\n"));
+    QCOMPARE(run.exitStatus, 2);
+}
+
+void TestCheckProgram::traceOfAScript()
+{
+    CheckRun run;
+    run.setSettings(widths);
+    run.writeFile("script.txt", "nofis apri\r\nnofis chiudi\r\n");
+    run.writeFile("job.xml", errorJob);
+    run.start({"--trace", "script.txt", "job.xml"});
+    QCOMPARE(run.standardError, QByteArray("The file script.txt is a script: a trace is of jobs.\n"));
+    QVERIFY(run.standardOutput.startsWith("job.xml:2:1: ")); // the others are traced all the same
+    QCOMPARE(run.exitStatus, 2);
+}
+
+/// A job of 200 MB goes through where memory would not hold it.
+void TestCheckProgram::jobsAreReadPieceByPiece()
+{
+    CheckRun run;
+    run.setSettings(widths);
+    run.startShell("{ echo '<job><method name=\"printFullOrderReceipt\"/>'; yes '<!-- nothing to print -->' | head -c "
+                   "208000000; echo '</job>'; } | (ulimit -v 180000; \"$program\" -)");
+    QCOMPARE(run.remarks(), QByteArray());
 }
 
 QTEST_GUILESS_MAIN(TestCheckProgram)

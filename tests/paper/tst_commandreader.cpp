@@ -128,8 +128,7 @@ void TestCommandReader::saleFields_data()
     row("the first name counts: of a quantity", "VEND REP=1,QTY=2,QTY=3,PREZZO=4,DES='a'", {"1", "2,QTY=3", "4", "a"});
     row("the first name counts: of a price", "VEND REP=1,QTY=2,PREZZO=3,PREZZO=4,DES='a'",
         {"1", "2", "3,PREZZO=4", "a"});
-    row("the first name counts: of a description", "VEND REP=1,QTY=2,PREZZO=3,DES='a,DES='",
-        {"1", "2", "3", "a,DES="});
+    row("the first name counts: of a description", "VEND REP=1,QTY=2,PREZZO=3,DES='a,DES='", {"1", "2", "3", "a,DES="});
     row("a name before its turn is text", "VEND REP=1,PREZZO=9,QTY=2,PREZZO=3,DES='a'", {"1,PREZZO=9", "2", "3", "a"});
     row("names in small letters are text", "VEND REP=1,qty=9,QTY=2,PREZZO=3,DES='a'", {"1,qty=9", "2", "3", "a"});
 }
@@ -145,13 +144,20 @@ void TestCommandReader::figures_data()
 {
     QTest::addColumn<QString>("line");
     QTest::addColumn<QString>("figure");
-    QTest::newRow("a discount") << "SCONTO VAL=2.5" << "2.5";
-    QTest::newRow("a discount of nothing") << "SCONTO VAL=" << "";
-    QTest::newRow("a rate") << "PERCA ALIQ=10" << "10";
-    QTest::newRow("a discount on the subtotal") << "=7.5*2M" << "7.5";
-    QTest::newRow("a payment") << "1234.5H3T" << "1234.5";
-    QTest::newRow("a payment that holds the end of another") << "1H1T2H3T" << "1H1T2";
-    QTest::newRow("blanks stay") << "SCONTO VAL= 1 " << " 1 ";
+    QTest::newRow("a discount") << "SCONTO VAL=2.5"
+                                << "2.5";
+    QTest::newRow("a discount of nothing") << "SCONTO VAL="
+                                           << "";
+    QTest::newRow("a rate") << "PERCA ALIQ=10"
+                            << "10";
+    QTest::newRow("a discount on the subtotal") << "=7.5*2M"
+                                                << "7.5";
+    QTest::newRow("a payment") << "1234.5H3T"
+                               << "1234.5";
+    QTest::newRow("a payment that holds the end of another") << "1H1T2H3T"
+                                                             << "1H1T2";
+    QTest::newRow("blanks stay") << "SCONTO VAL= 1 "
+                                 << " 1 ";
 }
 
 void TestCommandReader::figures()

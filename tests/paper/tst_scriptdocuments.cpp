@@ -100,8 +100,7 @@ void TestScriptDocuments::faults_data()
 
     row("a quote within a line", {"nofis apri", "nofis riga='it's'", "nofis chiudi"}, {"2:15 quote-in-text it"});
     row("several quotes are one fault", {"nofis apri", "nofis riga='a'b'c'", "nofis chiudi"}, {"2:14 quote-in-text a"});
-    row("a quote within a sale",
-        {"CLEAR ", "CHIAVE REG", "VEND REP=1,QTY=1,PREZZO=1,DES='Baba' al rum'", "CHIUS T=1"},
+    row("a quote within a sale", {"CLEAR ", "CHIAVE REG", "VEND REP=1,QTY=1,PREZZO=1,DES='Baba' al rum'", "CHIUS T=1"},
         {"3:36 quote-in-text Baba"});
     row("a blank behind the closing quote", {"nofis apri", "nofis riga='a' ", "nofis chiudi"},
         {"2:14 quote-in-text a"});
@@ -209,7 +208,8 @@ void TestScriptDocuments::marks_data()
     QTest::newRow("behind a quote and past the edge") << "a'" + chars32 << QStringList({"quote 1 33", "edge 32 2"});
     QTest::newRow("blanks alone") << QByteArray(40, ' ') << QStringList();
     QTest::newRow("blanks behind a text") << chars32 + "  " << QStringList("edge 32 2");
-    QTest::newRow("wide characters past the edge") << QByteArray("\xE6\xBC\xA2").repeated(17) << QStringList("edge 16 1");
+    QTest::newRow("wide characters past the edge")
+        << QByteArray("\xE6\xBC\xA2").repeated(17) << QStringList("edge 16 1");
     QTest::newRow("a wide character across the edge")
         << QByteArray(31, 'x') + "\xE6\xBC\xA2" << QStringList("edge 31 1");
     QTest::newRow("combining marks take no room") << QByteArray("e\xCC\x81").repeated(32) << QStringList();

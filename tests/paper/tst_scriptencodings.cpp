@@ -36,10 +36,8 @@ void TestScriptEncodings::texts_data()
     row("a byte that begins nothing", "UTF-8", "Caff\xE8 x", "Caff\uFFFD x", {"2:17 invalid-bytes e8"});
     row("a run of bytes is one fault", "UTF-8", "a\x80\x81\x82z", "a\uFFFD\uFFFD\uFFFDz",
         {"2:14 invalid-bytes 808182"});
-    row("two runs are two", "UTF-8", "\xE8 \xE8", "\uFFFD \uFFFD",
-        {"2:13 invalid-bytes e8", "2:15 invalid-bytes e8"});
-    row("a character right behind an invalid byte", "UTF-8", "\xE8\xC3\xA8", "\uFFFD\u00E8",
-        {"2:13 invalid-bytes e8"});
+    row("two runs are two", "UTF-8", "\xE8 \xE8", "\uFFFD \uFFFD", {"2:13 invalid-bytes e8", "2:15 invalid-bytes e8"});
+    row("a character right behind an invalid byte", "UTF-8", "\xE8\xC3\xA8", "\uFFFD\u00E8", {"2:13 invalid-bytes e8"});
     row("an invalid byte and a replacement character of the script's own", "UTF-8", "\xE8-\xEF\xBF\xBD",
         "\uFFFD-\uFFFD", {"2:13 invalid-bytes e8"});
     row("a column is a character, also behind invalid bytes", "UTF-8", "\xC3\xA8\xE8\xC3\xA8\xE8 ",
@@ -70,8 +68,9 @@ void TestScriptEncodings::texts()
 void TestScriptEncodings::byteOrderMarksAreNotSkipped()
 {
     const Roll roll = readRoll("\xEF\xBB\xBFnofis apri\r\nnofis chiudi\r\n", QTextCodec::codecForName("UTF-8"));
-    QCOMPARE(faultsOf(roll),
-             QStringList({"1:1 no-command " + QString(QChar::ByteOrderMark) + "nofis apri", "2:1 not-opened nofis chiudi"}));
+    QCOMPARE(
+        faultsOf(roll),
+        QStringList({"1:1 no-command " + QString(QChar::ByteOrderMark) + "nofis apri", "2:1 not-opened nofis chiudi"}));
 }
 
 void TestScriptEncodings::aByteOrderMarkTellsTheOrder()
@@ -79,7 +78,7 @@ void TestScriptEncodings::aByteOrderMarkTellsTheOrder()
     const QString script = QString::fromLatin1(document({"Caff\xE8"}));
     for (const char* order : {"UTF-16LE", "UTF-16BE", "UTF-32LE", "UTF-32BE"}) {
         QTextCodec* const named = QTextCodec::codecForName(order);
-        
+
         QByteArray bytes = named->fromUnicode(QString(QChar(QChar::ByteOrderMark)) + script);
         bytes = bytes.mid(bytes.size() - (script.size() + 1) * QByteArray(order).mid(4, 2).toInt() / 8);
         const Roll roll = readRoll(bytes, QTextCodec::codecForName(QByteArray(order).left(6)));

@@ -1,0 +1,67 @@
+#include "check/checkedfile.h"
+
+#include "check/scriptcheck.h"
+#include "paper/roll.h"
+#include "toolkit/filenames.h"
+#include "toolkit/literals.h"
+
+#include <QBuffer>
+#include <QFile>
+
+#include <unistd.h>
+
+using toolkit::operator""_L1;
+
+namespace check {
+
+namespace {
+
+bool openFile(QFile& file, const QString& path)
+{
+    if (path == "-"_L1)
+        return file.open(STDIN_FILENO, QIODevice::ReadOnly);
+    file.setFileName(toolkit::filePath(QFile::encodeName(path)));
+    return file.open(QIODevice::ReadOnly);
+}
+
+/// The beginning of @p file, which stays to be read. A pipe gives it in pieces.
+QByteArray head(QFile& file)
+{
+    const int size = 65536;
+    QByteArray begun;
+    int before = -1;
+    while (begun.size() > before && begun.size() < size) {
+        before = begun.size();
+        begun = file.peek(size);
+    }
+    return begun;
+}
+
+CheckedFile checkContents(QFile& file, const JobSettings& settings, JobTrace* trace)
+{
+    if (paper::isJob(head(file)))
+        return {CheckedFile::Checked, checkJob(file, settings, trace)};
+    QByteArray contents = file.readAll();
+    if (contents.isEmpty())
+        return {CheckedFile::Empty};
+    if (paper::isJob(contents)) { // behind more white space than was looked at
+        QBuffer job(&contents);
+        return {CheckedFile::Checked, checkJob(job, settings, trace)};
+    }
+    return trace ? CheckedFile {CheckedFile::NotTraced} : CheckedFile {CheckedFile::Checked, checkScript(contents)};
+}
+
+} // namespace
+
+CheckedFile checkFile(const QString& path, const JobSettings& settings, JobTrace* trace)
+{
+    QFile file;
+    CheckedFile checked;
+    if (openFile(file, path))
+        checked = checkContents(file, settings, trace);
+    if (file.error() != QFileDevice::NoError)
+        return {CheckedFile::Unreadable, {}, file.errorString()};
+    return checked;
+}
+
+} // namespace check
