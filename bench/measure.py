@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Measures the print program against its contestants: measure.py --build folder --work folder
 
-The build folder holds the programs, the work folder the jobs receipt-<rows>.xml and fitting-<rows>.xml. The
-contestants of a row run in turn, round by round and in another order in each, so that whatever else the machine does
+The build folder holds the programs, the work folder the jobs receipt-<rows>.xml and fitting-<rows>.xml, a script and
+the settings of a rehearsal. The contestants of a row run in turn, round by round and in another order in each, so that whatever else the machine does
 meets them all alike. Times are wall times of the whole process. A ratio is the median of the rounds' ratios: a machine
 that changes its speed between rounds does not disturb it. The exit status is 1 when a target is missed.
 """
@@ -26,11 +26,13 @@ SILENT = [(os.POSIX_SPAWN_OPEN, 1, os.devnull, os.O_WRONLY, 0)]
 SMALL, LARGE = 20, 100_000
 FEW, MANY = 1_000, 1_000_000
 SMALL_ROUNDS, LARGE_ROUNDS, MEMORY_ROUNDS = 400, 31, 3
+REHEARSED, REHEARSAL_ROUNDS = 500, 5
 
 
 class Contestant:
-    def __init__(self, name, *command):
+    def __init__(self, name, *command, status=0):
         self.name = name
+        self.status = status
         self.command = [str(argument) for argument in command]
         self.milliseconds = []
 
@@ -40,7 +42,7 @@ class Contestant:
         process = os.posix_spawn(self.command[0], self.command, os.environ, file_actions=SILENT)
         _, status = os.waitpid(process, 0)
         duration = time.perf_counter_ns() - start
-        if status != 0:
+        if os.waitstatus_to_exitcode(status) != self.status:
             sys.exit(f"{self.command[0]} failed with exit status {os.waitstatus_to_exitcode(status)}")
         return duration
 
@@ -64,6 +66,7 @@ def contestants(build, job, scripts):
     return {
         "program": Contestant("zelmora-print", build / "bin/zelmora-print", job, scripts / "program.txt"),
         "check": Contestant("zelmora-check", build / "bin/zelmora-check", job),
+        "paper": Contestant("zelmora-paper", build / "bin/zelmora-paper", job.parent / "script.txt"),
         "app": Contestant("empty application", build / "bin/bench-emptyapp"),
         "handler": Contestant("reader, empty handler", build / "bin/bench-emptyhandler", job),
         "xsltproc": Contestant(
@@ -107,7 +110,7 @@ def measure_times(build, work):
     with tempfile.TemporaryDirectory(dir=memory if os.access(memory, os.W_OK) else work) as scripts:
         progress(f"Measuring one receipt of {SMALL} rows, {SMALL_ROUNDS} rounds ...")
         small = contestants(build, job_file(work, SMALL), Path(scripts))
-        small = {name: small[name] for name in ("program", "check", "app", "xsltproc", "python3")}
+        small = {name: small[name] for name in ("program", "check", "paper", "app", "xsltproc", "python3")}
         race(small.values(), SMALL_ROUNDS)
 
         progress(f"Measuring a job of {LARGE:,} rows, {LARGE_ROUNDS} rounds ...")
@@ -115,6 +118,18 @@ def measure_times(build, work):
         large = {name: large[name] for name in ("program", "check", "handler", "xsltproc")}
         race(large.values(), LARGE_ROUNDS)
     return small, large
+
+
+def measure_rehearsal(build, work):
+    """Jobs a second: each is printed twice, with settings that change its paper, and both papers are compared."""
+    progress(f"Rehearsing {REHEARSED} jobs, {REHEARSAL_ROUNDS} rounds ...")
+    jobs = [job_file(work, SMALL)] * REHEARSED
+    paper = build / "bin/zelmora-paper"
+    rehearsal = Contestant(
+        "rehearsal", "/usr/bin/taskset", "-c", "0,1", paper, "--rehearse", work / "other.conf", *jobs, status=1
+    )
+    race([rehearsal], REHEARSAL_ROUNDS)
+    return 1000 * REHEARSED / rehearsal.median
 
 
 def peak_memory(contestant, work):
@@ -176,7 +191,7 @@ class Targets:
         self.add(what, target, against, f"{ratio:.3f} times faster", ratio >= limit)
 
 
-def compare(small, large, printing, checking):
+def compare(small, large, printing, checking, rehearsed):
     targets = Targets()
     targets.at_most(
         1.35,
@@ -226,6 +241,19 @@ def compare(small, large, printing, checking):
         str(checking),
         checking.growth <= MEGABYTE,
     )
+    targets.at_most(
+        2.5,
+        f"the script of the receipt of {SMALL} rows drawn as text, whole process",
+        "`zelmora-print` on its job",
+        small["paper"].times(small["program"]),
+    )
+    targets.add(
+        f"jobs of {SMALL} rows rehearsed with settings that change each, on two cores",
+        "at least 100 a second",
+        "",
+        f"{rehearsed:.0f} a second",
+        rehearsed >= 100,
+    )
     return targets
 
 
@@ -247,9 +275,10 @@ def main():
     build, work = arguments.build.resolve(), arguments.work.resolve()
 
     small, large = measure_times(build, work)
+    rehearsed = measure_rehearsal(build, work)
     printing, checking = measure_memory(build, work)
 
-    targets = compare(small, large, printing, checking)
+    targets = compare(small, large, printing, checking, rehearsed)
     print_table(("what", "must reach", "against", "measured", "reached"), targets.rows)
     print(
         f"Medians of {SMALL_ROUNDS} rounds for the receipt and of {LARGE_ROUNDS} for the large job; of the"

@@ -23,8 +23,8 @@ bool isShown(const Finding& finding, const ReportOptions& options);
 /// Whether the finding makes the exit status that of an error; only one that is shown does.
 bool countsAsError(const Finding& finding, const ReportOptions& options);
 
-/// The finding in the form Gcc, with its line end: in the locale's encoding, @p file as the system knows it. A line break
-/// or another control character inside a finding becomes a blank.
+/// The finding in the form Gcc, with its line end: in the locale's encoding, @p file as the system knows it. A line
+/// break or another control character inside a finding becomes a blank.
 QByteArray gccLine(const QByteArray& file, const Finding& finding);
 
 /// Writes findings to standard output, file by file, in the form that was asked for.

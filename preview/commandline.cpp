@@ -74,10 +74,10 @@ void describeTasks(QCommandLineParser& parser)
 
 void describe(QCommandLineParser& parser)
 {
-    parser.setApplicationDescription(
-        QStringLiteral("Draws the paper of the register's scripts, and of jobs as they would print with your settings.\n"
-                       "Exit status: 2 when the call was wrong or a file could not be read or written, else 1 when\n"
-                       "there is an error in a script or a difference, else 0."));
+    parser.setApplicationDescription(QStringLiteral(
+        "Draws the paper of the register's scripts, and of jobs as they would print with your settings.\n"
+        "Exit status: 2 when the call was wrong or a file could not be read or written, else 1 when\n"
+        "there is an error in a script or a difference, else 0."));
     parser.addOption({{QStringLiteral("o"), outputOption},
                       QStringLiteral("Draw into a file; .txt, .svg, .png or .pdf at its end says how."),
                       QStringLiteral("file")});
@@ -86,8 +86,8 @@ void describe(QCommandLineParser& parser)
          QStringLiteral("Print with these settings in place of your own; XML where the name ends in .xml."),
          QStringLiteral("file")});
     parser.addOption({plainOption, QStringLiteral("Show the rows and nothing else.")});
-    parser.addOption({encodingOption, QStringLiteral("The encoding of scripts; the locale's otherwise."),
-                      QStringLiteral("name")});
+    parser.addOption(
+        {encodingOption, QStringLiteral("The encoding of scripts; the locale's otherwise."), QStringLiteral("name")});
     parser.addOption({scaleOption, QStringLiteral("Draw a PNG 1 to 8 times as large."), QStringLiteral("number")});
     describeTasks(parser);
     parser.addPositionalArgument(QStringLiteral("file"),
@@ -166,8 +166,7 @@ QString readEncoding(const QCommandLineParser& parser, Call& call)
     if (!parser.isSet(encodingOption))
         return QString();
     call.encoding = QTextCodec::codecForName(parser.value(encodingOption).toLatin1());
-    return call.encoding ? QString()
-                         : QStringLiteral("There is no encoding \"%1\".").arg(parser.value(encodingOption));
+    return call.encoding ? QString() : QStringLiteral("There is no encoding \"%1\".").arg(parser.value(encodingOption));
 }
 
 /// What is wrong with the values of options.

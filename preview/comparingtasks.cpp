@@ -6,8 +6,8 @@
 #include "preview/jobprinter.h"
 #include "preview/output.h"
 #include "preview/papersource.h"
-#include "preview/settingsbytes.h"
 #include "preview/scriptpair.h"
+#include "preview/settingsbytes.h"
 #include "preview/tasks.h"
 #include "toolkit/literals.h"
 
@@ -51,12 +51,10 @@ ExitStatus refuseFailures(const Outcomes& outcomes)
 
 QString summary(const Outcomes& outcomes, const QString& sentences)
 {
-    const auto differing = std::count_if(outcomes.begin(), outcomes.end(), [](const Outcome& outcome) {
-        return !outcome.difference.bands.isEmpty();
-    });
-    const auto withoutTrace = std::count_if(outcomes.begin(), outcomes.end(), [](const Outcome& outcome) {
-        return outcome.difference.isWithoutTrace;
-    });
+    const auto differing = std::count_if(outcomes.begin(), outcomes.end(),
+                                         [](const Outcome& outcome) { return !outcome.difference.bands.isEmpty(); });
+    const auto withoutTrace = std::count_if(outcomes.begin(), outcomes.end(),
+                                            [](const Outcome& outcome) { return outcome.difference.isWithoutTrace; });
     return sentences.arg(outcomes.size()).arg(differing).arg(withoutTrace);
 }
 
@@ -187,7 +185,8 @@ ExitStatus rehearse(const Call& call, const SettingsBytes& settings)
         return rehearsed(call.files.at(number), {today, QObject::tr("today")}, {tomorrow, otherName});
     });
     return show(outcomes,
-                QObject::tr("Jobs rehearsed: %1. Different on paper: %2. Different without a trace on paper: %3."), call);
+                QObject::tr("Jobs rehearsed: %1. Different on paper: %2. Different without a trace on paper: %3."),
+                call);
 }
 
 } // namespace preview

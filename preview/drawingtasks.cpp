@@ -151,7 +151,8 @@ ExitStatus drawProof(const Call& call, const SettingsBytes& settings)
     Papers papers(static_cast<std::size_t>(samples().size()));
     onAllCores(samples().size(), [&](int number) {
         const Sample& sample = samples()[number];
-        papers[static_cast<std::size_t>(number)] = {sample.file, sample.title(), paperOfJob(sample.job(), sample.file, printer)};
+        papers[static_cast<std::size_t>(number)] = {sample.file, sample.title(),
+                                                    paperOfJob(sample.job(), sample.file, printer)};
     });
     return show(papers, call, call.form == Form::Text ? stripsOfText : stripsOfPicture);
 }

@@ -17,7 +17,7 @@ void JobPrinter::prepare()
     home = std::make_shared<PrintHome>(settings);
     if (program.isEmpty())
         itsObstacle = QObject::tr("There is no program zelmora-print: neither beside this program, nor in ../bin from "
-                              "there, nor on PATH.");
+                                  "there, nor on PATH.");
     else if (!home->reason().isEmpty())
         itsObstacle = QObject::tr("No folder for the settings can be made: %1").arg(home->reason());
 }

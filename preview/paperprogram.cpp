@@ -49,8 +49,7 @@ Task taskOf(const Call& call)
 /// In the language of the settings.
 ExitStatus perform(const Call& call)
 {
-    const SettingsBytes settings =
-        call.ownSettings ? readOwnSettings() : readSettings(call.settings);
+    const SettingsBytes settings = call.ownSettings ? readOwnSettings() : readSettings(call.settings);
     if (!settings.reason.isEmpty())
         return refuse(settings.reason);
     QTranslator translator;

@@ -43,7 +43,7 @@ Paper paperOfScript(const QByteArray& script, QTextCodec* encoding)
 {
     Paper made;
     made.roll = paper::readRoll(script, encoding);
-    made.findings = check::scriptFindings(made.roll);
+    made.findings = check::findingsOf(made.roll, encoding);
     return made;
 }
 

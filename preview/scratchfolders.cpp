@@ -1,7 +1,5 @@
 #include "preview/scratchfolders.h"
 
-#include "toolkit/literals.h"
-
 #include <QDir>
 #include <QFile>
 #include <QSet>
@@ -11,8 +9,6 @@
 #include <pthread.h>
 #include <stdlib.h>
 #include <thread>
-
-using toolkit::operator""_L1;
 
 namespace preview {
 
@@ -43,6 +39,15 @@ sigset_t endingSignals()
             sigaddset(&ending, signal);
     }
     return ending;
+}
+
+/// A name for a folder that is not there yet, in the place for temporary files, which may not be there itself: the
+/// toolkit would take another one then.
+QByteArray newName()
+{
+    const QString place =
+        qEnvironmentVariableIsEmpty("TMPDIR") ? QStringLiteral("/tmp") : qEnvironmentVariable("TMPDIR");
+    return QFile::encodeName(QDir(place).absoluteFilePath(QStringLiteral("zelmora-XXXXXX")));
 }
 
 void removeAll(const QString& path)
@@ -93,7 +98,7 @@ QString makeScratchFolder()
 {
     takeEndingSignals();
     const std::lock_guard<std::mutex> lock(folders().mutex);
-    QByteArray name = QFile::encodeName(QDir::tempPath() + "/zelmora-XXXXXX"_L1);
+    QByteArray name = newName();
     if (!mkdtemp(name.data()))
         return QString();
     const QString path = QFile::decodeName(name);

@@ -32,9 +32,10 @@ SettingsBytes converted(const QString& path)
         return failed(path, trial.reason);
     if (trial.changed.isEmpty())
         return {trial.bytes, {}};
-    return {std::nullopt,
-            QObject::tr("The print program reads the brace form alone, which cannot hold this of the file %1:").arg(path)
-                + "\n  "_L1 + settings::shownSettings(trial.changed, file).join("\n  "_L1)};
+    return {
+        std::nullopt,
+        QObject::tr("The print program reads the brace form alone, which cannot hold this of the file %1:").arg(path)
+            + "\n  "_L1 + settings::shownSettings(trial.changed, file).join("\n  "_L1)};
 }
 
 } // namespace

@@ -3,8 +3,8 @@
 
 #include <QString>
 
-/// What `zelmora-paper` does. Drawings go to standard output or into a file; findings, and why something is not done, to
-/// standard error.
+/// What `zelmora-paper` does. Drawings go to standard output or into a file; findings, and why something is not done,
+/// to standard error.
 namespace preview {
 
 struct Call;

@@ -1,7 +1,7 @@
 # To be sourced: what the scripts need of Debian 12, and its installation.
 
-# To build: compiler, build tools, the toolkit, the translation compiler.
-BUILD_PACKAGES=(g++ cmake ninja-build qtbase5-dev qttools5-dev-tools)
+# To build: compiler, build tools, the toolkit, the translation compiler; a font of fixed width for the pictures of paper.
+BUILD_PACKAGES=(g++ cmake ninja-build qtbase5-dev qttools5-dev-tools fonts-dejavu-core)
 # To test as well: the definitions of the 8-bit locale that the tests build for themselves; a PostgreSQL server, its tools
 # and the toolkit's driver for it; xmllint, which tells what the schema of jobs accepts.
 TEST_PACKAGES=("${BUILD_PACKAGES[@]}" locales postgresql postgresql-client libqt5sql5-psql libxml2-utils)
@@ -12,8 +12,8 @@ FUZZ_PACKAGES=("${BUILD_PACKAGES[@]}" clang libclang-rt-14-dev llvm)
 # To lay out the sources.
 FORMAT_PACKAGES=(clang-format)
 
-# To take the pictures in the documents: a screen without a screen, a window manager and a hand for it, a camera, a font.
-SCREENSHOT_PACKAGES=("${BUILD_PACKAGES[@]}" xvfb openbox xdotool imagemagick fonts-dejavu-core)
+# To take the pictures in the documents: a screen without a screen, a window manager and a hand for it, a camera.
+SCREENSHOT_PACKAGES=("${BUILD_PACKAGES[@]}" xvfb openbox xdotool imagemagick)
 
 # install_packages PACKAGE...: installs those that are missing, as root or through sudo.
 install_packages() {

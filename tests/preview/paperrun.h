@@ -30,10 +30,15 @@ inline QByteArray script(const QByteArrayList& lines)
     return text + "nofis chiudi\r\n";
 }
 
-/// A job that prints the line " Note: ..."; the settings say whether, as simpleSettings() do.
+/// A job that prints the line " Note: ..." and a rule; the settings say whether, as simpleSettings() do.
 inline QByteArray jobOf(const QByteArray& note)
 {
     return "<printjob><method name=\"printSold\"/><orderinfo note=\"" + note + "\"/></printjob>";
+}
+
+inline QList<QString> rowsOf(const QString& note)
+{
+    return {" Note: " + note, QString(32, u'=')};
 }
 
 inline QByteArray simpleSettings(const QByteArray& flag = "true")

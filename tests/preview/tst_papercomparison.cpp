@@ -93,8 +93,7 @@ void TestPaperComparison::aDocumentMore()
     run.writeFile("a.txt", script({"one"}));
     run.writeFile("b.txt", script({"one"}) + script({"two"}));
     QCOMPARE(run.statusOf({"--compare", "a.txt", "b.txt"}), 1);
-    QCOMPARE(linesWith(run.standardOutput, "two"),
-             QStringList {QString(36, ' ') + "│two" + QString(29, ' ') + "│"});
+    QCOMPARE(linesWith(run.standardOutput, "two"), QStringList {QString(36, ' ') + "│two" + QString(29, ' ') + "│"});
     QVERIFY(!run.standardOutput.contains("│one"));
 }
 
@@ -194,11 +193,10 @@ void TestPaperComparison::whatCannotBeCompared_data()
 
     QTest::newRow("a job") << QStringList {"a.txt", "a.xml"}
                            << QByteArray("a.xml is a job: --compare takes scripts, --rehearse jobs.\n");
-    QTest::newRow("a job in a folder") << QStringList {"jobs", "jobs"}
-                                       << QByteArray("jobs/a.xml is a job: --compare takes scripts, --rehearse jobs.\n");
-    QTest::newRow("a file and a folder")
-        << QStringList {"a.txt", "jobs"}
-        << QByteArray("The option --compare takes two scripts or two folders, not one of each.\n");
+    QTest::newRow("a job in a folder") << QStringList {
+        "jobs", "jobs"} << QByteArray("jobs/a.xml is a job: --compare takes scripts, --rehearse jobs.\n");
+    QTest::newRow("a file and a folder") << QStringList {
+        "a.txt", "jobs"} << QByteArray("The option --compare takes two scripts or two folders, not one of each.\n");
     QTest::newRow("no such file") << QStringList {"a.txt", "none"}
                                   << QByteArray("The file none cannot be read: No such file or directory\n");
     QTest::newRow("an empty file") << QStringList {"empty.txt", "a.txt"}

@@ -181,8 +181,7 @@ void TestPrintRun::endsAProgramThatHangsBehindAWindow()
 // Each "geometry" is 10,000 lines.
 void TestPrintRun::keepsTheBeginningOfAVeryLongScript()
 {
-    const QByteArray settings =
-        "zelmora: { solddoc: { printGeometry = true; topMargin = 10000; paperWidth = 32; }; };";
+    const QByteArray settings = "zelmora: { solddoc: { printGeometry = true; topMargin = 10000; paperWidth = 32; }; };";
     PrintRun run(program, std::make_shared<PrintHome>(settings));
     run.print("<j><method name=\"printSold\"/>" + QByteArray("<geometry/>").repeated(500) + "</j>");
     QCOMPARE(run.failure(), QString("The script is longer than 64 MB."));

@@ -57,8 +57,7 @@ void TestSettingsBytes::xmlIsConverted()
 {
     const Folder folder;
     const preview::SettingsBytes settings = readSettings(
-        folder.file("a.xml",
-                    "<zelmora><receiptdoc paperWidth=\"40\" style=\"è\"/><doc paperWidth=\"24\"/></zelmora>"));
+        folder.file("a.xml", "<zelmora><receiptdoc paperWidth=\"40\" style=\"è\"/><doc paperWidth=\"24\"/></zelmora>"));
     QCOMPARE(settings.reason, QString());
     QCOMPARE(value(settings, "zelmora.receiptdoc.paperWidth"), QString("40"));
     QCOMPARE(value(settings, "zelmora.receiptdoc.style"), QString("è"));
@@ -68,8 +67,8 @@ void TestSettingsBytes::xmlIsConverted()
 void TestSettingsBytes::whatNobodyReadsIsLeftOut()
 {
     const Folder folder;
-    const preview::SettingsBytes settings = readSettings(
-        folder.file("a.xml", "<zelmora><!-- remark --><doc a=\"1\"/>words</zelmora>"));
+    const preview::SettingsBytes settings =
+        readSettings(folder.file("a.xml", "<zelmora><!-- remark --><doc a=\"1\"/>words</zelmora>"));
     QCOMPARE(settings.reason, QString());
     QCOMPARE(value(settings, "zelmora.doc.a"), QString("1"));
 }
