@@ -40,6 +40,8 @@ public:
     void draw(Canvas& canvas) const { draw(canvas, 0, wholeSize.height()); }
     /// Where a page that begins at @p top and has room for @p height ends: between two rows, if it can.
     int pageEnd(int top, int height) const;
+    /// The top of row number @p row in band number @p band.
+    int rowTop(int band, int row) const { return places.at(band).rows + row * cellHeight; }
 
 private:
     struct BandPlace {

@@ -124,6 +124,11 @@ QSize PartialPainting::size() const
     return scene->size();
 }
 
+int PartialPainting::rowTop(int band, int row) const
+{
+    return scene->rowTop(band, row);
+}
+
 void PartialPainting::paint(QPainter& painter, const QRect& part) const
 {
     painter.save();

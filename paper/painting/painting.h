@@ -32,6 +32,8 @@ public:
     ~PartialPainting();
 
     QSize size() const; ///< drawingSize()
+    /// The top of row number @p row in the band number @p band, which is there.
+    int rowTop(int band, int row) const;
     /// As paint(), but nothing need be painted outside of @p part.
     void paint(QPainter& painter, const QRect& part) const;
 
