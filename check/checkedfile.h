@@ -20,8 +20,9 @@ struct CheckedFile {
     QString reason = {}; ///< why it cannot be read
 };
 
-/// Checks the file at @p path, "-" for standard input, as the job or the script that its contents are. A job is read piece
-/// by piece, whatever its size. @p trace hears of a job; it may be null, and a script is not checked where it is not.
+/// Checks the file at @p path, "-" for standard input, as the job or the script that its contents are. A job is read
+/// piece by piece, whatever its size. @p trace hears of a job; it may be null, and a script is not checked where it is
+/// not.
 CheckedFile checkFile(const QString& path, const JobSettings& settings, JobTrace* trace = nullptr);
 
 } // namespace check

@@ -32,8 +32,8 @@ bool isCommand(const QString& line)
     return paper::readCommand(line).kind != Command::None;
 }
 
-/// @p line with its beginning, up to the "=" and a quote behind that, as a command has it that was probably meant; empty
-/// where none is near.
+/// @p line with its beginning, up to the "=" and a quote behind that, as a command has it that was probably meant;
+/// empty where none is near.
 QString withMeantBeginning(const QString& line)
 {
     static const QStringList beginnings {linePrefix, saleDepartment, discountAmount, ratePercent};
@@ -86,10 +86,11 @@ void addNoCommand(Findings& findings, const Fault& fault)
 {
     const QString& line = fault.text;
     if (line.startsWith(QChar(QChar::ByteOrderMark)))
-        return add(findings, Code::NoCommand, fault.place,
-                   QObject::tr("A byte-order mark stands before the command, which the register takes for a part of it: "
-                               "save the file without it."),
-                   isCommand(line.mid(1)) ? line.mid(1) : QString());
+        return add(
+            findings, Code::NoCommand, fault.place,
+            QObject::tr("A byte-order mark stands before the command, which the register takes for a part of it: "
+                        "save the file without it."),
+            isCommand(line.mid(1)) ? line.mid(1) : QString());
     if (isCommand(line))
         return add(findings, Code::NoCommand, fault.place,
                    QObject::tr("The text has no closing quote: the command ends with '."), line + quote);
@@ -107,8 +108,9 @@ QString textOfNotOpened(const QString& command)
             .arg(withoutEnd(openNonFiscal));
     case Command::CloseNonFiscal:
     case Command::CloseFiscal:
-        return QObject::tr("No document is open that \"%1\" could close: its opening command is missing, or this one is "
-                           "too much.")
+        return QObject::tr(
+                   "No document is open that \"%1\" could close: its opening command is missing, or this one is "
+                   "too much.")
             .arg(command);
     case Command::RegisteringMode:
         return QObject::tr("\"%1\" must stand right before \"%2\".").arg(withoutEnd(clear), command);
@@ -133,9 +135,10 @@ void addPlain(Findings& findings, const Fault& fault)
                     QObject::tr("\"%1\" opens a document while another one is open: that one must be closed first.")
                         .arg(fault.text));
     case Fault::QuoteInText:
-        return tell(Code::QuoteInText,
-                    QObject::tr("The apostrophe ends the register's text early: write ` in its place. The text becomes: %1")
-                        .arg(shown(fault.text)));
+        return tell(
+            Code::QuoteInText,
+            QObject::tr("The apostrophe ends the register's text early: write ` in its place. The text becomes: %1")
+                .arg(shown(fault.text)));
     case Fault::NoSale:
         return tell(Code::NoSale, QObject::tr("The fiscal receipt that begins here sells nothing."));
     case Fault::PaymentsBelowSum:
@@ -157,8 +160,8 @@ bool isFlushRight(const QString& column)
     return !word.isEmpty() && !word.contains(QLatin1Char(' ')) && column.endsWith(word);
 }
 
-/// Whether @p line looks like one of the rate table of a report, its heading included: a column of six characters or a few
-/// more and three of ten, a blank between them. A row has a blank at its end.
+/// Whether @p line looks like one of the rate table of a report, its heading included: a column of six characters or a
+/// few more and three of ten, a blank between them. A row has a blank at its end.
 bool isOfRateTable(const QString& line)
 {
     const int column = 10;

@@ -11,8 +11,8 @@ struct Roll;
 
 namespace check {
 
-/// What is wrong with a script for the register, in the order of its places. It may be anything. @p codec: of its bytes;
-/// the locale's when it is null.
+/// What is wrong with a script for the register, in the order of its places. It may be anything. @p codec: of its
+/// bytes; the locale's when it is null.
 Findings checkScript(const QByteArray& script, QTextCodec* codec = nullptr);
 
 /// The same of a script that paper::readRoll() has read with this @p codec.

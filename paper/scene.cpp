@@ -78,7 +78,7 @@ Scene::BandPlace Scene::placeBand(const Sheet::Band& band, int top)
         place.most += mostColumns(band, i);
         place.lefts += left;
         const int columns = drawnColumns(band.at(i), place.most.last());
-        left += std::max(paperSize, columnLeft(columns) + padding) + margin;
+        left += (columns > paperWidth ? columnLeft(columns) : paperSize) + margin;
     }
     wholeSize.setWidth(std::max(wholeSize.width(), left));
     return place;

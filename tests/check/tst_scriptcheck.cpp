@@ -66,7 +66,8 @@ void TestScriptCheck::texts_data()
     row("no closing quote", {"nofis apri", "nofis riga='a", "nofis chiudi"}, "2:1 error no-command",
         "The text has no closing quote: the command ends with '.");
     row("a sale without its price", {"VEND REP=1,QTY=1,DES='PIZZA'"}, "1:1 error no-command",
-        "The sale has no \",PREZZO=\" in its place: VEND REP=, ,QTY=, ,PREZZO= and ,DES=' follow each other in a sale.");
+        "The sale has no \",PREZZO=\" in its place: VEND REP=, ,QTY=, ,PREZZO= and ,DES=' follow each other in a "
+        "sale.");
     row("a byte-order mark", {"\xEF\xBB\xBFnofis apri"}, "1:1 error no-command",
         "A byte-order mark stands before the command, which the register takes for a part of it: save the file without "
         "it.");
@@ -82,7 +83,8 @@ void TestScriptCheck::texts_data()
     row("no closing command", {"nofis apri"}, "1:1 error not-closed",
         "The document that begins here is not closed: the script ends without its \"nofis chiudi\".");
     row("a document in a document", {"nofis apri", "CLEAR ", "CHIAVE REG", sale().toUtf8(), "CHIUS T=1"},
-        "2:1 error opened-twice", "\"CLEAR \" opens a document while another one is open: that one must be closed first.");
+        "2:1 error opened-twice",
+        "\"CLEAR \" opens a document while another one is open: that one must be closed first.");
     row("an apostrophe", {"nofis apri", "nofis riga='l'acqua'", "nofis chiudi"}, "2:14 error quote-in-text",
         "The apostrophe ends the register's text early: write ` in its place. The text becomes: l");
     row("nothing sold", {"CLEAR ", "CHIAVE REG", "CHIUS T=1"}, "1:1 warning no-sale",
@@ -122,8 +124,10 @@ void TestScriptCheck::suggestions_data()
     row("a rate in small letters", "perca aliq=10", "PERCA ALIQ=10");
     row("an unclosed text", "nofis riga='a", "nofis riga='a'");
     const QString mark(QChar(QChar::ByteOrderMark));
-    QTest::newRow("a byte-order mark before a command") << mark + "nofis apri" << "nofis apri";
-    QTest::newRow("a byte-order mark before another line") << mark + "Hello" << "";
+    QTest::newRow("a byte-order mark before a command") << mark + "nofis apri"
+                                                        << "nofis apri";
+    QTest::newRow("a byte-order mark before another line") << mark + "Hello"
+                                                           << "";
 }
 
 void TestScriptCheck::suggestions()
@@ -168,8 +172,9 @@ void TestScriptCheck::bytesAreNamedWithTheirEncoding()
 {
     const Findings findings = checkScript(document({"a\xE8\xE9 z"}), QTextCodec::codecForName("UTF-8"));
     QCOMPARE(placesOf(findings), QStringList("2:14 warning invalid-bytes"));
-    QCOMPARE(findings.first().text,
-             QString("In the encoding UTF-8 these bytes are no characters: E8 E9. Was the script written in another one?"));
+    QCOMPARE(
+        findings.first().text,
+        QString("In the encoding UTF-8 these bytes are no characters: E8 E9. Was the script written in another one?"));
     QCOMPARE(placesOf(checkScript(document({"a\xE8\xE9 z"}), QTextCodec::codecForName("ISO-8859-1"))), QStringList());
 }
 
