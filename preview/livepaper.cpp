@@ -60,15 +60,16 @@ LivePaper::SitePointer LivePaper::siteOf(const SettingsBytes& settings) const
     return std::make_shared<Site>(settings);
 }
 
-void LivePaper::setJobs(const QVector<PaperJob>& jobs)
+bool LivePaper::setJobs(const QVector<PaperJob>& jobs)
 {
     const auto hasJob = [](const Document& document, const PaperJob& job) { return document.job == job; };
     if (std::equal(documents.begin(), documents.end(), jobs.begin(), jobs.end(), hasJob))
-        return;
+        return false;
     documents.clear();
     for (const PaperJob& job : jobs)
         documents.push_back({job, {}});
     startOver();
+    return true;
 }
 
 void LivePaper::startOver()

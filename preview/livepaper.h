@@ -29,7 +29,8 @@ public:
 
     /// @p now: the settings as they are in the window; @p stored: as the file has them.
     void setSettings(const SettingsBytes& now, const SettingsBytes& stored);
-    void setJobs(const QVector<PaperJob>& jobs);
+    /// False when they are the same as before.
+    bool setJobs(const QVector<PaperJob>& jobs);
 
     const paper::Sheet& sheet() const { return shown.sheet; } ///< as changed() told last
     /// Why there is no sheet, or not all of it: translated sentences, a line each. Empty when it is whole.
