@@ -1,9 +1,11 @@
 #include "preview/commandline.h"
 
 #include "config/zmconfiguration.h"
+#include "toolkit/filenames.h"
 #include "toolkit/literals.h"
 
 #include <QCommandLineParser>
+#include <QFile>
 #include <QTextCodec>
 
 #include <algorithm>
@@ -125,11 +127,26 @@ QString wrongFiles(const QStringList& files, const TaskRules& rules)
     return isRight ? QString() : QString(rules.wrongFiles);
 }
 
+/// The path of the file that the caller means.
+QString pathOf(const QString& name)
+{
+    return toolkit::filePath(QFile::encodeName(name));
+}
+
+void readNames(const QCommandLineParser& parser, Call& call)
+{
+    for (const QString& name : parser.positionalArguments())
+        call.files += pathOf(name);
+    call.ownSettings = !parser.isSet(settingsOption);
+    call.settings = call.ownSettings ? ZMConfiguration::path() : pathOf(parser.value(settingsOption));
+    call.otherSettings = pathOf(parser.value(rehearseOption));
+}
+
 QString readOutput(const QCommandLineParser& parser, Call& call)
 {
     if (!parser.isSet(outputOption))
         return QString();
-    call.output = parser.value(outputOption);
+    call.output = pathOf(parser.value(outputOption));
     for (const OutputForm& known : outputForms) {
         if (call.output.endsWith(known.ending, Qt::CaseInsensitive)) {
             call.form = known.form;
@@ -192,10 +209,7 @@ QString readCall(const QStringList& arguments, Call& call)
     call.task = rules.task;
     if (call.task == Call::Task::Help || call.task == Call::Task::Version)
         return QString();
-    call.files = parser.positionalArguments();
-    call.ownSettings = !parser.isSet(settingsOption);
-    call.settings = call.ownSettings ? ZMConfiguration::path() : parser.value(settingsOption);
-    call.otherSettings = parser.value(rehearseOption);
+    readNames(parser, call);
     QString wrong = wrongOptions(parser, rules);
     if (wrong.isEmpty())
         wrong = wrongFiles(call.files, rules);

@@ -11,8 +11,10 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QTranslator>
 
+#include <algorithm>
 #include <cstdio>
 
 using toolkit::operator""_L1;
@@ -25,6 +27,16 @@ ExitStatus refuseCall(const QString& reason)
 {
     const QString program = QCoreApplication::arguments().value(0);
     return refuse(QStringLiteral("%1\nTry '%2 --help' for more information.").arg(reason, program));
+}
+
+/// Nobody means that: a drawing in the place of what it was drawn from.
+bool drawsOverItsSource(const Call& call)
+{
+    const QString output = QFileInfo(call.output).canonicalFilePath();
+    const QStringList sources = QStringList(call.files) << call.settings << call.otherSettings;
+    return !call.output.isEmpty() && !output.isEmpty()
+        && std::any_of(sources.begin(), sources.end(),
+                       [&](const QString& source) { return QFileInfo(source).canonicalFilePath() == output; });
 }
 
 using Task = ExitStatus (*)(const Call& call, const SettingsBytes& settings);
@@ -80,6 +92,8 @@ int runPaperProgram(int argc, char** argv)
     const QString wrong = readCall(arguments, call);
     if (!wrong.isEmpty())
         return refuseCall(wrong);
+    if (drawsOverItsSource(call))
+        return refuseCall(QStringLiteral("The file %1 cannot be drawn into: it is what is read.").arg(call.output));
     if (call.task == Call::Task::Help)
         return say(helpText().trimmed());
     if (call.task == Call::Task::Version)

@@ -2,12 +2,12 @@
 
 #include "check/scriptcheck.h"
 #include "preview/jobprinter.h"
-#include "toolkit/filenames.h"
 #include "toolkit/literals.h"
 
 #include <QFile>
 #include <QObject>
 
+#include <cerrno>
 #include <unistd.h>
 
 using toolkit::operator""_L1;
@@ -20,8 +20,13 @@ bool open(QFile& file, const QString& name)
 {
     if (name == "-"_L1)
         return file.open(STDIN_FILENO, QIODevice::ReadOnly);
-    file.setFileName(toolkit::filePath(QFile::encodeName(name)));
+    file.setFileName(name);
     return file.open(QIODevice::ReadOnly);
+}
+
+QString unreadable(const QString& name, const QString& reason)
+{
+    return QObject::tr("The file %1 cannot be read: %2").arg(name, reason);
 }
 
 } // namespace
@@ -33,7 +38,9 @@ Source readSource(const QString& name)
     if (open(file, name))
         source.bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
-        source.failure = QObject::tr("The file %1 cannot be read: %2").arg(name, file.errorString());
+        source.failure = unreadable(name, file.errorString());
+    else if (source.bytes.isEmpty() && file.size() > 0) // more than the toolkit reads at once: not a word of it
+        source.failure = unreadable(name, qt_error_string(EFBIG));
     else if (source.bytes.isEmpty())
         source.failure = QObject::tr("The file %1 is empty.").arg(name);
     return source;

@@ -14,7 +14,7 @@ struct Source {
     QString failure; ///< why there are none, in a translated sentence; empty when there are
 };
 
-/// Reads the file @p name; "-" is standard input. One that is empty is a failure.
+/// Reads the file with the path @p name; "-" is standard input. One that is empty is a failure.
 Source readSource(const QString& name);
 
 /// What was made of a source.

@@ -1984,5 +1984,97 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
         <source>There is not enough memory for the picture. A PDF breaks into pages.</source>
         <translation>La memoria non basta per l&apos;immagine. Un PDF si divide in pagine.</translation>
     </message>
+    <message>
+        <source>Scripts compared: %1. Different on paper: %2. Different without a trace on paper: %3.</source>
+        <translation>Script confrontati: %1. Diversi sulla carta: %2. Diversi senza traccia sulla carta: %3.</translation>
+    </message>
+    <message>
+        <source>today</source>
+        <translation>oggi</translation>
+    </message>
+    <message>
+        <source>Jobs rehearsed: %1. Different on paper: %2. Different without a trace on paper: %3.</source>
+        <translation>Lavori di stampa provati: %1. Diversi sulla carta: %2. Diversi senza traccia sulla carta: %3.</translation>
+    </message>
+    <message>
+        <source>%1 (script)</source>
+        <translation>%1 (script)</translation>
+    </message>
+    <message>
+        <source>There is no program zelmora-print: neither beside this program, nor in ../bin from there, nor on PATH.</source>
+        <translation>Il programma zelmora-print non c&apos;è: né accanto a questo programma, né in ../bin da lì, né in PATH.</translation>
+    </message>
+    <message>
+        <source>No folder for the settings can be made: %1</source>
+        <translation>Non si può creare una cartella per le impostazioni: %1</translation>
+    </message>
+    <message>
+        <source>There is no memory for the job and its script.</source>
+        <translation>Non c&apos;è memoria per il lavoro di stampa e il suo script.</translation>
+    </message>
+    <message>
+        <source>The print program was ended after %1 seconds.</source>
+        <translation>Il programma di stampa è stato chiuso dopo %1 secondi.</translation>
+    </message>
+    <message>
+        <source>The print program was ended by a signal.</source>
+        <translation>Il programma di stampa è stato chiuso da un segnale.</translation>
+    </message>
+    <message>
+        <source>The script is longer than %1 MB.</source>
+        <translation>Lo script supera i %1 MB.</translation>
+    </message>
+    <message>
+        <source>The print program cannot be started: %1</source>
+        <translation>Il programma di stampa non può essere avviato: %1</translation>
+    </message>
+    <message>
+        <source>Kitchen order</source>
+        <translation>Comanda</translation>
+    </message>
+    <message>
+        <source>Full order</source>
+        <translation>Preconto</translation>
+    </message>
+    <message>
+        <source>Delivery note</source>
+        <translation>Documento di consegna</translation>
+    </message>
+    <message>
+        <source>Fiscal receipt</source>
+        <translation>Scontrino fiscale</translation>
+    </message>
+    <message>
+        <source>Summary order</source>
+        <translation>Comanda riepilogativa</translation>
+    </message>
+    <message>
+        <source>Summary receipt</source>
+        <translation>Ricevuta riepilogativa</translation>
+    </message>
+    <message>
+        <source>Summary invoice</source>
+        <translation>Fattura riepilogativa</translation>
+    </message>
+    <message>
+        <source>Summary fiscal receipt</source>
+        <translation>Scontrino fiscale riepilogativo</translation>
+    </message>
+    <message>
+        <source>Daily report</source>
+        <translation>Chiusura di giornata</translation>
+    </message>
+    <message>
+        <source>Sold items</source>
+        <translation>Venduto</translation>
+    </message>
+    <message>
+        <source>Statement of account</source>
+        <translation>Estratto conto</translation>
+    </message>
+    <message>
+        <source>The print program reads the brace form alone, which cannot hold this of the file %1:</source>
+        <translation>Il programma di stampa legge solo la forma con le graffe, che non può contenere questo del file %1:</translation>
+    </message>
 </context>
 </TS>

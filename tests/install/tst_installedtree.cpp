@@ -19,6 +19,7 @@ private slots:
     void noPathOfTheBuildShows();
     void printProgramAndCatalogue();
     void checkProgramAndSchema();
+    void paperProgram();
     void settingsEditor();
 
     void search_data();
@@ -165,6 +166,17 @@ void TestInstalledTree::checkProgramAndSchema()
     QCOMPARE(run.exitStatus, 0);
     QVERIFY(run.standardOutput.contains("<xs:schema "));
     QCOMPARE(fileContents(workbench->installed("share/zelmora/printjob.xsd")), run.standardOutput);
+}
+
+// It finds the print program that is installed with it, and needs neither the build nor the examples.
+void TestInstalledTree::paperProgram()
+{
+    ProgramRun run(workbench->installed("bin/zelmora-paper"));
+    run.setEnvironment("XDG_RUNTIME_DIR", run.path("."));
+    run.start({"--proof", "-o", "proof.pdf"});
+    QCOMPARE(run.standardOutput, QByteArray());
+    QCOMPARE(run.exitStatus, 0);
+    QVERIFY(fileContents(run.path("proof.pdf")).startsWith("%PDF-"));
 }
 
 // It says so when there is no file, and stays open.

@@ -19,6 +19,7 @@ private slots:
     void encodings();
     void anEightBitTerminal();
     void anyFileName();
+    void aNameThatBeginsWithAColon();
     void plain_data();
     void plain();
     void plainIsWhole();
@@ -169,6 +170,18 @@ void TestPaperDrawing::anyFileName()
     QCOMPARE(run.remarks(), " Note: two\n" + QByteArray(32, '=') + "\n\none\n");
 }
 
+// To the toolkit such a name is one of its own resources.
+void TestPaperDrawing::aNameThatBeginsWithAColon()
+{
+    PaperRun run;
+    run.writeFile("./:a.xml", jobOf("one"));
+    run.writeFile("./:a.conf", simpleSettings());
+    QCOMPARE(run.statusOf({"--settings=:a.conf", "--output=:a.txt", "--plain", ":a.xml"}), 0);
+    QCOMPARE(run.fileOf("./:a.txt"), " Note: one\n" + QByteArray(32, '=') + '\n');
+    QCOMPARE(run.statusOf({"--rehearse=:a.conf", "--settings=:a.conf", ":a.xml"}), 0);
+    QCOMPARE(run.statusOf({":/samples/receipt.xml"}), 2);
+}
+
 void TestPaperDrawing::plain_data()
 {
     QTest::addColumn<QString>("job");
@@ -288,6 +301,8 @@ void TestPaperDrawing::statuses_data()
     QTest::newRow("an error in one of several")
         << QStringList {"open.txt", "good.txt"} << 1 << QByteArray("open.txt:1:1: error: ");
     QTest::newRow("a warning") << QStringList {"bytes.txt"} << 0 << QByteArray("bytes.txt:2:13: warning: ");
+    QTest::newRow("a file of 3 GB") << QStringList {"large.txt"} << 2
+                                    << QByteArray("The file large.txt cannot be read: File too large\n");
     QTest::newRow("no such file") << QStringList {"none.txt"} << 2
                                   << QByteArray("The file none.txt cannot be read: No such file or directory\n");
     QTest::newRow("a folder") << QStringList {"home"} << 2 << QByteArray("The file home cannot be read: ");
@@ -312,6 +327,8 @@ void TestPaperDrawing::statuses()
     run.writeFile("open.txt", "nofis apri\r\nnofis riga='one'\r\n");
     run.writeFile("bytes.txt", script({"\xE8"}));
     run.writeFile("empty.txt", "");
+    if (truncate(run.writeFile("large.txt", "").toUtf8().constData(), 3000000000) != 0)
+        qFatal("No file can be that large.");
     run.writeFile("words.txt", "words\n");
     run.writeFile("job.xml", jobOf("two"));
     run.writeFile("broken.xml", "<j><method name=\"printSold\"/><");

@@ -23,6 +23,7 @@ private slots:
     void aPngHasBounds();
 
     void takesTheOldOnesPlace();
+    void isNotWhatItIsDrawnFrom();
     void isNotWrittenOfAPart();
     void isWrittenWithFindings();
     void cannotBeWritten_data();
@@ -183,6 +184,25 @@ void TestPaperFiles::takesTheOldOnesPlace()
     setPermissions(run.path("b.txt"), 0640);
     QCOMPARE(run.drawn("b.txt"), framed("a.txt", {"Caffè"}));
     QCOMPARE(permissionsOf(run.path("b.txt")), mode_t(0640));
+}
+
+// A script that ends in .txt, through a link too, and settings.
+void TestPaperFiles::isNotWhatItIsDrawnFrom()
+{
+    OneScript run;
+    const QByteArray before = run.fileOf("a.txt");
+    makeLink("a.txt", run.path("link.txt"));
+    for (const char* name : {"a.txt", "home/../a.txt", "link.txt"}) {
+        run.drawn(name);
+        QCOMPARE(run.exitStatus, 2);
+        QVERIFY2(run.standardError.startsWith("The file " + QByteArray(name)
+                                              + " cannot be drawn into: it is what is read.\n"),
+                 run.standardError.constData());
+        QCOMPARE(run.fileOf("a.txt"), before);
+    }
+    run.writeFile("settings.txt", "zelmora: { };");
+    QCOMPARE(run.statusOf({"-o", "settings.txt", "--settings", "settings.txt", "a.txt"}), 2);
+    QCOMPARE(run.fileOf("settings.txt"), QByteArray("zelmora: { };"));
 }
 
 void TestPaperFiles::isNotWrittenOfAPart()
