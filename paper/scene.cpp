@@ -14,7 +14,6 @@ using registercommands::paperWidth;
 
 const int margin = 20; ///< of the drawing, and between its parts
 const int padding = 10; ///< between the edge of a paper and its rows
-const int titleHeight = 24;
 const int barWidth = 4;
 const int paperSize = paperWidth * Scene::cellWidth + 2 * padding; ///< its width
 

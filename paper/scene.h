@@ -29,6 +29,7 @@ class Scene {
 public:
     static constexpr int cellWidth = 10;
     static constexpr int cellHeight = 20;
+    static constexpr int titleHeight = 24;
 
     /// @p sheet must outlive it.
     explicit Scene(const Sheet& sheet);
@@ -40,6 +41,8 @@ public:
     /// Where a page that begins at @p top and has room for @p height ends: between two rows, or before a title. It may
     /// end a little below that room, where nothing but margin lies beyond.
     int pageEnd(int top, int height) const;
+    /// The top of row number @p row in band number @p band.
+    int rowTop(int band, int row) const { return places.at(band).rows + row * cellHeight; }
 
 private:
     struct BandPlace {

@@ -32,9 +32,14 @@ PrintedJob JobPrinter::print(const QByteArray& job)
 {
     if (!obstacle().isEmpty())
         return {{}, itsObstacle};
-    PrintRun run(program, home);
-    run.print(job);
-    return {run.script(), run.failure()};
+    const std::unique_ptr<PrintRun> run = newRun();
+    run->print(job);
+    return {run->script(), run->failure()};
+}
+
+std::unique_ptr<PrintRun> JobPrinter::newRun()
+{
+    return std::make_unique<PrintRun>(program, home);
 }
 
 } // namespace preview

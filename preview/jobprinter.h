@@ -8,6 +8,7 @@
 
 namespace preview {
 
+class PrintRun;
 struct SettingsBytes;
 
 struct PrintedJob {
@@ -25,6 +26,8 @@ public:
     /// Why none can be printed, in a translated sentence; empty when they can.
     QString obstacle();
     PrintedJob print(const QByteArray& job);
+    /// A run for an event loop to start. There must be no obstacle.
+    std::unique_ptr<PrintRun> newRun();
 
 private:
     void prepare();

@@ -53,6 +53,25 @@ void PainterCanvas::drawCell(const QRect& area, const QString& characters)
     painter.drawText(QPointF(area.x() + (area.width() - width) / 2.0, area.y() + baseline), characters);
 }
 
+/// Leaves out the cells outside of a part: of a very long row they are many.
+class PartCanvas : public PainterCanvas {
+public:
+    PartCanvas(QPainter& painter, const QRect& part)
+        : PainterCanvas(painter)
+        , part(part)
+    {
+    }
+
+    void drawCell(const QRect& area, const QString& characters) override
+    {
+        if (area.intersects(part))
+            PainterCanvas::drawCell(area, characters);
+    }
+
+private:
+    const QRect part;
+};
+
 /// Papers have a thin border here: the page is white, too.
 class PageCanvas : public PainterCanvas {
 public:
@@ -88,11 +107,35 @@ QSize drawingSize(const Sheet& sheet)
 
 void paint(QPainter& painter, const Sheet& sheet)
 {
-    const Scene scene(sheet);
+    const PartialPainting painting(sheet);
+    painting.paint(painter, QRect(QPoint(), painting.size()));
+}
+
+PartialPainting::PartialPainting(const Sheet& sheet)
+    : sheet(std::make_unique<Sheet>(sheet))
+    , scene(std::make_unique<Scene>(*this->sheet))
+{
+}
+
+PartialPainting::~PartialPainting() = default;
+
+QSize PartialPainting::size() const
+{
+    return scene->size();
+}
+
+int PartialPainting::rowTop(int band, int row) const
+{
+    return scene->rowTop(band, row);
+}
+
+void PartialPainting::paint(QPainter& painter, const QRect& part) const
+{
     painter.save();
-    painter.fillRect(QRect(QPoint(), scene.size()), colour(groundColour));
-    PainterCanvas canvas(painter);
-    scene.draw(canvas);
+    painter.fillRect(part & QRect(QPoint(), scene->size()), colour(groundColour));
+    PartCanvas canvas(painter, part);
+    const int cutRow = Scene::titleHeight; // the highest thing that is drawn as a whole or not at all
+    scene->draw(canvas, part.top() - cutRow, part.top() + part.height() + cutRow);
     painter.restore();
 }
 

@@ -5,13 +5,17 @@
 #include <QSize>
 #include <QString>
 
+#include <memory>
+
 class QPagedPaintDevice;
 class QPainter;
+class QRect;
 
 /// Drawings of a sheet with the toolkit's painter. They need a QGuiApplication, which may be one without a display
 /// ("offscreen"), and a font of fixed width.
 namespace paper {
 
+class Scene;
 struct Sheet;
 
 /// The size of the drawing in units: pixels at scale 1.
@@ -19,6 +23,24 @@ QSize drawingSize(const Sheet& sheet);
 
 /// Paints the whole sheet with its upper left corner at the origin, a unit for a unit of the painter.
 void paint(QPainter& painter, const Sheet& sheet);
+
+/// A sheet to be painted part by part, as a window shows it: where everything stands is found out once. What a part
+/// takes depends on the part alone.
+class PartialPainting {
+public:
+    explicit PartialPainting(const Sheet& sheet);
+    ~PartialPainting();
+
+    QSize size() const; ///< drawingSize()
+    /// The top of row number @p row in the band number @p band, which is there.
+    int rowTop(int band, int row) const;
+    /// As paint(), but nothing need be painted outside of @p part.
+    void paint(QPainter& painter, const QRect& part) const;
+
+private:
+    const std::unique_ptr<const Sheet> sheet;
+    const std::unique_ptr<const Scene> scene;
+};
 
 const int greatestImageSide = 30000; ///< pixels
 

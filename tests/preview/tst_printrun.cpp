@@ -1,3 +1,4 @@
+#include "preview/fakeprogram.h"
 #include "preview/printhome.h"
 #include "preview/printrun.h"
 #include "preview/samples.h"
@@ -39,28 +40,6 @@ const QString program = ZELMORA_PRINT_PROGRAM;
 std::shared_ptr<const PrintHome> exampleHome()
 {
     return std::make_shared<PrintHome>(exampleSettings());
-}
-
-/// A shell script in the print program's place, with the job's and the script's path as $1 and $2.
-class FakeProgram {
-public:
-    explicit FakeProgram(const QByteArray& commands)
-    {
-        writeBytes(path(), "#!/bin/sh\ncd '" + folder.path().toUtf8() + "'\n" + commands);
-        setPermissions(path(), 0700);
-    }
-
-    QString path() const { return folder.filePath("zelmora-print"); }
-    QByteArray contents(const QString& file) const { return fileContents(folder.filePath(file)); }
-
-private:
-    QTemporaryDir folder {scratchFolder()};
-};
-
-bool isAlive(const QByteArray& pid)
-{
-    const QByteArray state = fileContents("/proc/" + pid + "/stat");
-    return !state.isEmpty() && !state.contains(") Z ");
 }
 
 } // namespace

@@ -291,4 +291,4 @@ void TestPaperComparison::whatCannotBeRehearsed()
 }
 
 QTEST_GUILESS_MAIN(TestPaperComparison)
-#include "tst_papercomparison.moc"
+#include "tst_comparing.moc"
