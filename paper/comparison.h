@@ -16,7 +16,8 @@ struct AlignedRows {
 };
 AlignedRows alignedRows(const Rows& left, const Rows& right);
 
-/// @p rows with the parts marked as changed that are not what they were in @p before. Rows that are gone leave no trace.
+/// @p rows with the parts marked as changed that are not what they were in @p before. Rows that are gone leave no
+/// trace.
 Rows withChanges(const Rows& rows, const Rows& before);
 
 } // namespace paper

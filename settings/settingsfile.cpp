@@ -12,6 +12,7 @@
 #include <QObject>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <cerrno>
 #include <map>
 #include <optional>
@@ -70,6 +71,13 @@ bool isXmlValue(const QString& value)
     return !value.contains(markup);
 }
 
+/// However deep.
+bool holdsSetting(const QDomElement& group)
+{
+    const QVector<QDomElement> groups = SettingsFile::groupsIn(group);
+    return group.hasAttributes() || std::any_of(groups.begin(), groups.end(), holdsSetting);
+}
+
 QString shortened(const QString& name)
 {
     return name.size() <= longestName ? name : name.left(longestName) + "..."_L1;
@@ -125,6 +133,7 @@ QString SettingsFile::load(const QString& path)
     filePath = path;
     fileReview = found;
     readBytes(bytes, path, libconfig::settingsFormat(path));
+    taken.clear();
     return QString();
 }
 
@@ -230,6 +239,18 @@ QString SettingsFile::asText(const QVector<Group>& groups, int place, const QStr
     return keyOf(groups, place) + shortened(name) + " = "_L1 + groups.at(place).element.attribute(name);
 }
 
+QVector<FileRemark> SettingsFile::losses() const
+{
+    QVector<FileRemark> lost;
+    for (const FileRemark& remark : fileReview.dropped) {
+        const QString key = remark.emptyGroup.chopped(remark.emptyGroup.isEmpty() ? 0 : 1); // without its point
+        const QVector<QDomElement> groups = groupsOf(key);
+        if (std::none_of(groups.begin(), groups.end(), holdsSetting))
+            lost += remark;
+    }
+    return lost;
+}
+
 bool SettingsFile::looksLikeSettings() const
 {
     return settings::looksLikeSettings(fileReview.topLevelGroups, isBlank(contents));
@@ -241,6 +262,7 @@ void SettingsFile::beginAt(const QString& path)
     filePath = path;
     fileReview = FileReview();
     readBytes(contents, path, libconfig::settingsFormat(path));
+    taken.clear();
 }
 
 bool SettingsFile::isMissing(const QString& path)
@@ -293,6 +315,15 @@ QString SettingsFile::save(const QString& path, const Trial& trial)
     if (reason.isEmpty() && path == filePath)
         contents = trial.bytes;
     return reason;
+}
+
+void SettingsFile::moveTo(const QString& path, const Trial& trial)
+{
+    filePath = path;
+    contents = trial.bytes;
+    fileReview = reviewOf(contents, format());
+    if (!rootElement().isNull())
+        rootElement().setTagName(path);
 }
 
 } // namespace settings

@@ -4,6 +4,7 @@
 #include "check/finding.h"
 #include "config/config.h"
 #include "settings/filereview.h"
+#include "settings/treechange.h"
 
 #include <QVector>
 
@@ -53,8 +54,46 @@ public:
     /// Takes the setting @p key out of all groups in which a look-up seeks it. False when it is in none.
     bool unset(const QString& key);
 
+    // The tree, whatever stands in it (filetree.cpp). A group is the element that the tree has for it; the root element
+    // stands for the file, and what stands in it is outside every group.
+
+    /// Null when there is nothing.
+    QDomElement root() const { return rootElement(); }
+    /// The settings of @p group in their order; their values are its attributes.
+    using Config::settingNames;
+    /// The groups in @p group, in their order.
+    static QVector<QDomElement> groupsIn(const QDomElement& group);
+    /// Where @p name stands among the settings of @p group; -1 when it is none.
+    int placeOf(const QDomElement& group, const QString& name) const { return settingNames(group).indexOf(name); }
+    /// The groups that a look-up goes through for a setting in the group @p key, "zelmora.receiptdoc", in its order.
+    QVector<QDomElement> groupsOf(const QString& key) const { return groupsOf(key.split(QLatin1Char('.'))); }
+    /// What the key of @p group would be: "zelmora.receiptdoc". Empty for the root element.
+    static QString keyOf(const QDomElement& group);
+
+    // Each takes what is there for granted, and the names that namereason.h has nothing against.
+    void setValue(const QDomElement& group, const QString& name, const QString& value);
+    void addSetting(const QDomElement& group, const QString& name, const QString& value);
+    void renameSetting(const QDomElement& group, const QString& name, const QString& newName);
+    void removeSetting(const QDomElement& group, const QString& name);
+    /// The last in @p parent; when that is null, the last at top level.
+    QDomElement addGroup(const QDomElement& parent, const QString& name);
+    void renameGroup(const QDomElement& group, const QString& newName);
+    void removeGroup(const QDomElement& group);
+
+    /// What was done to the tree since it was read, or since this was last asked.
+    TreeChange takeChange();
+    /// Does what was done, or taken back, once more. takeChange() does not tell of it.
+    void apply(const TreeChange& change);
+
+    /// All groups with a setting in them, however deep, and all settings, as a list of texts: equal for files that hold
+    /// the same.
+    QStringList content() const;
+
     /// What load() found in the file's bytes.
     const FileReview& review() const { return fileReview; }
+    /// What of that is lost when the tree is written: all that the review has, but for a group that held nothing and
+    /// holds something now.
+    QVector<FileRemark> losses() const;
     /// What there is to know about them, in their order: check::checkSettings().
     check::Findings findings() const;
 
@@ -98,6 +137,9 @@ public:
     /// what becomes of the file then. Nothing is written to what is there but is no file, such as a pipe.
     QString save(const QString& path, const Trial& trial);
 
+    /// Once @p trial is written to the file @p path without a loss: that is the file from here on, and this its tree.
+    void moveTo(const QString& path, const Trial& trial);
+
 private:
     struct Group {
         QDomElement element;
@@ -109,6 +151,11 @@ private:
     QVector<QDomElement> groupsOf(const QStringList& names) const;
     QVector<QDomElement> holdersOf(const QStringList& names, const QString& name) const;
     QDomElement madeGroup(const QStringList& names);
+    void put(const QDomElement& group, const QString& name, const QString& value);
+    void take(const TreeStep& step);
+    void apply(const SettingStep& step);
+    void apply(const GroupStep& step);
+    void addContent(const QDomElement& group, QStringList& texts) const;
     static void addGroups(const QDomElement& group, int parent, QVector<Group>& groups);
     QVector<Group> writtenGroups() const;
     std::set<Setting> writtenSettings(GroupNumbers& numbers) const;
@@ -120,6 +167,7 @@ private:
     QString filePath;
     QByteArray contents; ///< of the file, as it was loaded or saved
     FileReview fileReview;
+    TreeChange taken; ///< what takeChange() tells
 };
 
 } // namespace settings

@@ -4,6 +4,7 @@
 #include <QVector>
 
 #include <algorithm>
+#include <cstdlib>
 #include <numeric>
 #include <vector>
 
@@ -40,8 +41,9 @@ int distance(const QVector<uint>& one, const QVector<uint>& other)
 /// How many slips make @p name of @p meant; more than the most where they are too many to be worth counting.
 int slips(const QString& name, const QString& meant)
 {
-    // Of other lengths nothing can be one; a character takes two units at most.
-    if (name.size() > 2 * (meant.size() + mostSlips) || meant.size() > 2 * (name.size() + mostSlips))
+    // A character takes two units at most, so that a slip makes no more difference in length: most pairs of names are
+    // told apart here.
+    if (std::abs(name.size() - meant.size()) > 2 * mostSlips)
         return mostSlips + 1;
     return distance(name.toUcs4(), meant.toUcs4());
 }
