@@ -5,6 +5,7 @@
 #include "settings/settingrows.h"
 #include "toolkit/literals.h"
 
+#include <QFileInfo>
 #include <QObject>
 
 using toolkit::operator""_L1;
@@ -191,7 +192,8 @@ const TreeFindings& EditedSettings::findings() const
 
 QString EditedSettings::save(const QString& path, const SettingsFile::Trial& trial)
 {
-    const QString reason = SettingsFile::isMissing(path) ? SettingsFile::create(path, trial) : tree.save(path, trial);
+    const bool isThere = !SettingsFile::isMissing(path) || QFileInfo(path).isSymLink();
+    const QString reason = isThere ? tree.save(path, trial) : SettingsFile::create(path, trial);
     if (reason.isEmpty() && isWhole(trial)) {
         tree.moveTo(path, trial);
         noteStored();

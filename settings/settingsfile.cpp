@@ -131,6 +131,7 @@ QString SettingsFile::load(const QString& path)
 
     contents = bytes;
     filePath = path;
+    isUnwritten = false;
     fileReview = found;
     readBytes(bytes, path, libconfig::settingsFormat(path));
     taken.clear();
@@ -260,6 +261,7 @@ void SettingsFile::beginAt(const QString& path)
 {
     contents.clear();
     filePath = path;
+    isUnwritten = true;
     fileReview = FileReview();
     readBytes(contents, path, libconfig::settingsFormat(path));
     taken.clear();
@@ -283,7 +285,8 @@ check::Findings SettingsFile::findings() const
 
 bool SettingsFile::changedOnDisk() const
 {
-    return contentsOf(filePath) != contents;
+    const std::optional<QByteArray> found = contentsOf(filePath);
+    return isUnwritten ? found && !isBlank(*found) : found != contents;
 }
 
 QString SettingsFile::keepBackup(const QString& path)
@@ -312,8 +315,10 @@ QString SettingsFile::save(const QString& path, const Trial& trial)
     if (isNoFile(path))
         return noFileReason();
     const QString reason = trial.reason.isEmpty() ? toolkit::replaceFile(path, trial.bytes) : trial.reason;
-    if (reason.isEmpty() && path == filePath)
+    if (reason.isEmpty() && path == filePath) {
         contents = trial.bytes;
+        isUnwritten = false;
+    }
     return reason;
 }
 
@@ -321,6 +326,7 @@ void SettingsFile::moveTo(const QString& path, const Trial& trial)
 {
     filePath = path;
     contents = trial.bytes;
+    isUnwritten = false;
     fileReview = reviewOf(contents, format());
     if (!rootElement().isNull())
         rootElement().setTagName(path);

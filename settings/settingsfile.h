@@ -31,6 +31,9 @@ public:
     /// Begins with an empty file, which is to be saved as @p path; nothing is there yet, or nothing that counts.
     void beginAt(const QString& path);
 
+    /// Whether it began as an empty file, and was not saved yet.
+    bool isNew() const { return isUnwritten; }
+
     /// Whether there is nothing under the name @p path, and no reason but that why it could not be loaded. Of a link,
     /// nothing where it leads.
     static bool isMissing(const QString& path);
@@ -100,9 +103,6 @@ public:
     /// Whether it is one at all, as looksLikeSettings() has it: any other text is not to be written over.
     bool looksLikeSettings() const;
 
-    /// Takes the tree over from the list that is edited. Link Zelmora::configwidgets.
-    using Config::rebuildTree;
-
     struct Trial {
         QByteArray bytes; ///< what would be written
         QString reason; ///< why nothing would be written; empty when it would
@@ -117,7 +117,8 @@ public:
     /// What would be read back from a file named @p path, which itself is not touched.
     Trial tryWriting(const QString& path) const;
 
-    /// Once a file is loaded: whether that on disk is no longer what load() or save() left there.
+    /// Once a file is loaded: whether that on disk is no longer what load() or save() left there. Of a new one: whether
+    /// there is something now.
     bool changedOnDisk() const;
 
     /// Keeps what the file @p path holds now as settings::keepBackup() does; nothing where there is no such file. Empty
@@ -167,6 +168,7 @@ private:
     QString filePath;
     QByteArray contents; ///< of the file, as it was loaded or saved
     FileReview fileReview;
+    bool isUnwritten = false; ///< it began with beginAt()
     TreeChange taken; ///< what takeChange() tells
 };
 

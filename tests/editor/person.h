@@ -77,7 +77,8 @@ public:
     }
     void type(const QString& text) { QTest::keyClicks(QApplication::focusWidget(), text); }
 
-    QTreeWidget* tree() const { return qobject_cast<QTreeWidget*>(window.centralWidget()); }
+    /// The list of all that stands in the file; once its page was shown.
+    QTreeWidget* tree() const { return window.findChild<QTreeWidget*>(); }
 
     /// The item that these labels lead to from the root's item; null when there is none.
     QTreeWidgetItem* item(const QStringList& labels) const
