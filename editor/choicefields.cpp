@@ -29,6 +29,11 @@ void colour(QWidget& widget, bool isAbsent)
     widget.setPalette(palette);
 }
 
+QString notSet(const vocabulary::Setting& setting)
+{
+    return QObject::tr("not set: %1").arg(absenceText(setting));
+}
+
 bool isKind(const SettingRow& row, SettingKind kind)
 {
     return row.setting->kind == kind && row.fitsItsField();
@@ -52,7 +57,7 @@ bool FlagField::isFor(const SettingRow& row) const
 void FlagField::show(const SettingRow& row)
 {
     box->setChecked(row.written == QStringLiteral("true"));
-    box->setText(row.isAbsent() ? QObject::tr("not set: %1").arg(absenceText(*row.setting)) : *row.written);
+    box->setText(row.isAbsent() ? notSet(*row.setting) : *row.written);
     colour(*box, row.isAbsent());
 }
 
@@ -60,7 +65,7 @@ WordField::WordField(const vocabulary::Setting& setting)
     : list(new QComboBox)
 {
     setKeys(list);
-    list->addItem(QObject::tr("not set: %1").arg(absenceText(setting)));
+    list->addItem(notSet(setting));
     for (const QLatin1String word : setting.words)
         list->addItem(word);
     list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -98,7 +103,7 @@ NumberBox::NumberBox(int least, int greatest)
 
 void NumberBox::setAbsence(const QString& text, int value)
 {
-    setSpecialValueText(text.isEmpty() ? QStringLiteral(" ") : text);
+    setSpecialValueText(text);
     absentValue = value;
 }
 
@@ -129,7 +134,7 @@ NumberField::NumberField(const vocabulary::Setting& setting)
 {
     setKeys(box);
     const bool isNumber = !setting.absent.isEmpty();
-    box->setAbsence(absenceText(setting), isNumber ? toolkit::toInteger(setting.absent) : setting.least);
+    box->setAbsence(notSet(setting), isNumber ? toolkit::toInteger(setting.absent) : setting.least);
     box->setToolTip(QObject::tr("From %1 to %2").arg(setting.least).arg(setting.greatest));
     connect(box, qOverload<int>(&QSpinBox::valueChanged), this, &NumberField::tellNumber);
 }

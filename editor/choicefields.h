@@ -38,16 +38,16 @@ private:
     QComboBox* const list;
 };
 
-/// The lines and arrows of a number, or of none: that is one below the least, shown as what absence means.
+/// A number to be typed or stepped, or none: that is one below the least, shown as what absence means.
 class NumberBox : public QSpinBox {
     Q_OBJECT
 
 public:
     NumberBox(int least, int greatest);
 
-    void setAbsence(const QString& text, int value); ///< @p value: the number that absence is
+    /// @p text: what is shown then, none that somebody types; @p value: the number that absence is.
+    void setAbsence(const QString& text, int value);
     bool isAbsent() const { return value() == minimum(); }
-    void setAbsent() { setValue(minimum()); }
     void stepBy(int steps) override; ///< from absence: from the number that it is
 
 protected:

@@ -40,8 +40,8 @@ SettingWidget::SettingWidget(EditedSettings& theSettings, const SettingRow& theR
     addButtons(*layout);
     layout->addWidget(notes, 2, 0, 1, 4);
     connect(notes, &NoteList::remedyChosen, this, [this](const Remedy& remedy) {
-        takeFocus(); // the button goes
         settings.apply(remedy);
+        takeFocus(); // the button has gone
     });
     show(theRow);
 }

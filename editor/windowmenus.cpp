@@ -63,7 +63,8 @@ void SettingsWindow::addEditMenu()
     QMenu& menu = *menuBar()->addMenu(QObject::tr("&Edit"));
     connect(&menu, &QMenu::aboutToShow, this, &SettingsWindow::updateActions);
     undoAction = addTo(menu, QString(), QKeySequence::Undo, &SettingsWindow::undo);
-    redoAction = addTo(menu, QString(), QKeySequence::Redo, &SettingsWindow::redo);
+    redoAction = addTo(menu, QString(), QKeySequence(), &SettingsWindow::redo);
+    redoAction->setShortcuts({QKeySequence(QStringLiteral("Ctrl+Shift+Z")), QKeySequence(QStringLiteral("Ctrl+Y"))});
     menu.addSeparator();
     menu.addActions(filePage->commands());
     menu.addSeparator();
