@@ -106,6 +106,16 @@ PlacedSettings PlacedSettings::of(const QByteArray& bytes, const QString& format
     return result;
 }
 
+PlacedSettings PlacedSettings::told(const std::function<void(libconfig::SettingsListener&)>& tell)
+{
+    PlacedSettings result;
+    result.xml = true;
+    Builder builder(result);
+    tell(builder);
+    builder.finish();
+    return result;
+}
+
 std::optional<PlacedSetting> PlacedSettings::find(const QString& key) const
 {
     const PlacedGroup* const first = firstGroup();

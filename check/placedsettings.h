@@ -5,6 +5,7 @@
 
 #include <QVector>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -36,6 +37,10 @@ public:
     /// @p format is "cfg" or "xml". Takes time and memory in proportion to @p bytes.
     static PlacedSettings of(const QByteArray& bytes, const QString& format);
 
+    /// Of settings that stand in no file: @p tell tells a listener all of them, with places that mean something to the
+    /// caller, in their order. They have no form that slips could be in.
+    static PlacedSettings told(const std::function<void(libconfig::SettingsListener&)>& tell);
+
     struct Skipped {
         QString text;
         toolkit::TextPlace place;
@@ -52,6 +57,7 @@ public:
     const PlacedGroup& topLevel() const { return top; }
     /// In the order of the file.
     const QVector<Skipped>& skippedTexts() const { return skipped; }
+    /// Whether it is XML, or no file at all: of these no slips are to be found but those that the scan tells.
     bool isXml() const { return xml; }
     /// Where the XML breaks off, or the file ends.
     const libconfig::SettingsEnd& end() const { return itsEnd; }

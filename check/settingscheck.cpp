@@ -32,7 +32,11 @@ Findings ofHiddenXml(const PlacedSettings& settings)
 
 Findings checkSettings(const QByteArray& bytes, const QString& format, const QString& path)
 {
-    const PlacedSettings settings = PlacedSettings::of(bytes, format);
+    return checkSettings(PlacedSettings::of(bytes, format), path);
+}
+
+Findings checkSettings(const PlacedSettings& settings, const QString& path)
+{
     Findings findings = ofHiddenXml(settings);
     if (!findings.isEmpty())
         return findings;

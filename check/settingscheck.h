@@ -8,6 +8,8 @@
 
 namespace check {
 
+class PlacedSettings;
+
 /// What there is to know about the settings file that holds @p bytes, in the brace format ("cfg") or XML ("xml"), in
 /// the order of the file. A finding stands at the name of the setting or the group, or at the text, that it is about.
 ///
@@ -15,6 +17,8 @@ namespace check {
 /// the settings name is looked for as the programs do it, from the working folder. Takes time and memory in proportion
 /// to the bytes.
 Findings checkSettings(const QByteArray& bytes, const QString& format, const QString& path);
+/// The same of settings that were read, or told, before.
+Findings checkSettings(const PlacedSettings& settings, const QString& path);
 
 } // namespace check
 

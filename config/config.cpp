@@ -86,19 +86,23 @@ QStringList Config::settingNames(const QDomElement& group) const
     return order->names(group);
 }
 
-QDomElement Config::addGroup(QDomElement parent, const QString& name)
+QDomElement Config::madeRoot()
 {
-    if (parent.isNull() && rootElement().isNull())
+    if (rootElement().isNull())
         document->appendChild(newElement(*document, fileName));
-    const QDomElement group = newElement(*document, name);
-    (parent.isNull() ? rootElement() : parent).appendChild(group);
-    return group;
+    return rootElement();
 }
 
-void Config::setSetting(QDomElement group, const QString& name, const QString& value)
+QDomElement Config::newGroup(const QString& name)
+{
+    return newElement(*document, name);
+}
+
+void Config::insertSetting(QDomElement group, int place, const QString& name, const QString& value)
 {
     QStringList names = settingNames(group);
-    setSetting(group, names, name, value);
+    names.insert(place, name);
+    group.setAttribute(name, value);
     order->set(group, names);
 }
 

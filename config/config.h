@@ -126,11 +126,12 @@ protected:
     void readBytes(const QByteArray& bytes, const QString& name, const QString& fileFormat);
     /// The names of a group's settings in their order; in that of their names when the group came from elsewhere.
     QStringList settingNames(const QDomElement& group) const;
-    /// A new group, the last in @p parent; when that is null, the last at top level. It must get a setting, or it is
-    /// never written.
-    QDomElement addGroup(QDomElement parent, const QString& name);
-    /// Gives a setting of @p group its value. One that is new comes after the others.
-    void setSetting(QDomElement group, const QString& name, const QString& value);
+    /// The root element, which is made where nothing was read.
+    QDomElement madeRoot();
+    /// A new group, which stands nowhere yet. It must get a setting, or it is never written.
+    QDomElement newGroup(const QString& name);
+    /// Puts a setting that @p group has not into it, at @p place of its settings.
+    void insertSetting(QDomElement group, int place, const QString& name, const QString& value);
     /// Takes a setting out of @p group, if it is there.
     void removeSetting(QDomElement group, const QString& name);
     /// Writes the tree in the format @p fileFormat, as buildConfigFile() does. Empty when that succeeded, else the

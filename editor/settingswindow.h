@@ -1,26 +1,35 @@
 #ifndef ZELMORA_EDITOR_SETTINGSWINDOW_H
 #define ZELMORA_EDITOR_SETTINGSWINDOW_H
 
-#include "settings/settingsfile.h"
+#include "settings/editedsettings.h"
 
+#include <QFileSystemWatcher>
 #include <QMainWindow>
 
+class FilePage;
+class GroupList;
+class GroupTable;
+class Notice;
 class QAction;
 class QFileDialog;
+class QLabel;
 class QLineEdit;
-class QTreeWidget;
-class QTreeWidgetItem;
+class QMenu;
+class QSplitter;
+class QTabWidget;
 
-/// The settings editor: one file as a tree of groups, settings and values, of which the values can be edited. Nothing
-/// is lost without a word: what saving would drop or change is asked before and kept beside the file, what cannot be
-/// saved stays in the window, and a file that does not look like settings can only be read.
+/// The settings editor: the settings that the suite's programs read, described and changed in a table for each group,
+/// and on a second page all that stands in the file. Nothing is lost without a word: what saving would drop or change
+/// is asked before and kept beside the file, what cannot be saved stays in the window, and a file that does not look
+/// like settings can only be read.
 class SettingsWindow : public QMainWindow {
     Q_OBJECT
 
 public:
     /// @p firstPath is opened as soon as the window stands on the screen, with all of it, so that boxes stand over it;
-    /// when it is empty, none is.
+    /// when it is empty, none is. Where there is no such file, the window begins with an empty one.
     explicit SettingsWindow(const QString& firstPath = QString());
+    ~SettingsWindow() override;
 
     /// Shows the file @p path. False, after a message, when it cannot be read: then the window shows what it
     /// showed before.
@@ -31,45 +40,77 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void addActions();
-    void addFindBar();
+    // What it is made of, and what it shows (settingswindow.cpp).
+    void addPages();
+    QWidget* newNotices();
+    void showSettings();
+    void follow(const settings::TreeChange& change);
+    void showState();
+    void showNotices();
+    void showPage();
+    bool isFilePage() const;
 
-    void open();
-    bool save();
-    bool saveAs();
-    void reload();
+    // Menus (windowmenus.cpp).
+    void addMenus();
+    void addFileMenu();
+    void addEditMenu();
+    void addPageMenu();
+    void addHelpMenu();
+    QAction* addTo(QMenu& menu, const QString& text, const QKeySequence& key, void (SettingsWindow::*command)());
+    void showRecentFiles(QMenu& menu);
+    void updateActions();
+    void undo();
+    void redo();
+    void editValue();
+    void showHelp();
+    void showAbout();
+
+    // Finding (windowfinding.cpp).
+    void addFindBar();
     void startFinding();
+    void find();
     void findNext();
 
+    // Reading and writing (windowfiles.cpp).
+    void openFirst(const QString& path);
+    void open();
+    void openRecent(const QString& path);
+    void save();
+    void saveAs();
+    void reload();
+    void quit() { close(); }
     QString chosenPath(QFileDialog& dialog);
     bool saveTo(const QString& path);
-    void finishEditing();
     bool mayDiscardChanges();
-    QStringList lossesOf(const QString& path, const settings::SettingsFile::Trial& trial) const;
     bool mayBeWritten(const QString& path, const settings::SettingsFile::Trial& trial);
     bool confirmed(const QString& warning);
     void sayWhatIsWrong();
-    void showTree();
-    void unfoldTree();
-    void editCurrentValue();
-    void showPath();
+    void noteOpened();
+    void watch();
+    bool hasUnsaved() const;
 
-    QStringList shownValues() const;
-    void noteStored();
-    void noteUnstored();
-    void noteEdit();
-    bool isTypingAnotherValue() const;
-    void updateSave();
+    settings::EditedSettings settings;
+    QFileSystemWatcher watcher;
 
-    settings::SettingsFile file;
-    QTreeWidget* tree = nullptr;
+    GroupList* groups = nullptr;
+    GroupTable* table = nullptr;
+    FilePage* filePage = nullptr;
+    QSplitter* splitter = nullptr; ///< of the first page
+    QTabWidget* pages = nullptr;
+
+    Notice* firstStart = nullptr;
+    Notice* notWritable = nullptr;
+    Notice* changedByOthers = nullptr;
+    Notice* besideGroups = nullptr;
+
     QLineEdit* findField = nullptr;
+    QLabel* hits = nullptr;
+
     QAction* saveAction = nullptr;
     QAction* saveAsAction = nullptr;
     QAction* reloadAction = nullptr;
-    QStringList storedValues; ///< all values, as they were last read or written
-    bool isReadOnly = false; ///< a file that does not look like settings
-    bool isStored = true; ///< false after a failure: then the file is not what was last read or written
+    QAction* undoAction = nullptr;
+    QAction* redoAction = nullptr;
 };
 
 #endif

@@ -3,8 +3,7 @@
 
 #include <QStyledItemDelegate>
 
-/// The cell in which a value is edited. It refuses what a settings file cannot hold in a value, with a reason beside
-/// the cell; what was typed or pasted does not get in.
+/// The cell of a list in which a value is edited: a ValueEdit.
 class ValueDelegate : public QStyledItemDelegate {
     Q_OBJECT
 

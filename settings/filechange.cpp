@@ -38,12 +38,6 @@ QString FileChange::begin()
     return reason.isEmpty() ? QString() : QObject::tr("The file %1 cannot be read: %2").arg(path, reason);
 }
 
-bool FileChange::set(const QString& key, const QString& value)
-{
-    added = key;
-    return file.set(key, value);
-}
-
 QString FileChange::tryWriting()
 {
     tried = file.tryWriting(path);
@@ -57,7 +51,7 @@ QString FileChange::tryWriting()
 
 QStringList FileChange::losses() const
 {
-    return shownLosses(file, added) + shownSettings(tried.changed, file);
+    return shownLosses(file) + shownSettings(tried.changed, file);
 }
 
 QString FileChange::save()

@@ -24,8 +24,6 @@ public:
     QString begin();
 
     SettingsFile file; ///< to be changed after begin()
-    /// SettingsFile::set().
-    bool set(const QString& key, const QString& value);
 
     /// To be called when the file was changed: what it would hold, and why it can't.
     QString tryWriting();
@@ -43,7 +41,6 @@ private:
     const QString path;
     FolderLock lock;
     bool isNew = false;
-    QString added; ///< the key that was set
     SettingsFile::Trial tried;
 };
 

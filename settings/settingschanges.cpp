@@ -21,7 +21,7 @@ QStringList namesOf(const QString& key)
 }
 
 /// The groups of one name in @p parent, in the order of the file.
-QVector<QDomElement> childrenOf(const QDomElement& parent, const QString& name)
+QVector<QDomElement> namesakesIn(const QDomElement& parent, const QString& name)
 {
     QVector<QDomElement> found;
     for (QDomElement child = parent.firstChildElement(name); !child.isNull(); child = child.nextSiblingElement(name))
@@ -46,7 +46,7 @@ QVector<QDomElement> SettingsFile::groupsOf(const QStringList& names) const
     for (const QString& name : names.mid(1)) {
         QVector<QDomElement> inside;
         for (const QDomElement& group : std::as_const(groups))
-            inside += childrenOf(group, name);
+            inside += namesakesIn(group, name);
         groups = inside;
     }
     return groups;
@@ -89,12 +89,11 @@ bool SettingsFile::set(const QString& key, const QString& newValue)
     const auto answers = [&](const QDomElement& group) { return !group.attribute(name).isEmpty(); };
     const auto answering = std::find_if(holders.constBegin(), holders.constEnd(), answers);
     const QDomElement target = answering == holders.constEnd() ? holders.first() : *answering;
-    bool changes = !target.hasAttribute(name) || target.attribute(name) != newValue;
-    if (changes)
-        setSetting(target, name, newValue);
+    const bool changes = !target.hasAttribute(name) || target.attribute(name) != newValue;
     if (newValue.isEmpty()) // or the next group of the name would answer
-        std::for_each(holders.begin(), holders.end(),
-                      [&](const QDomElement& group) { setSetting(group, name, newValue); });
+        std::for_each(holders.begin(), holders.end(), [&](const QDomElement& group) { put(group, name, newValue); });
+    else
+        put(target, name, newValue);
     return changes;
 }
 

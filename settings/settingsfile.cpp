@@ -13,6 +13,7 @@
 #include <QObject>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <cerrno>
 #include <map>
 #include <optional>
@@ -71,6 +72,13 @@ bool isXmlValue(const QString& value)
     return !value.contains(markup);
 }
 
+/// However deep.
+bool holdsSetting(const QDomElement& group)
+{
+    const QVector<QDomElement> groups = SettingsFile::groupsIn(group);
+    return group.hasAttributes() || std::any_of(groups.begin(), groups.end(), holdsSetting);
+}
+
 QString shownName(const QString& name)
 {
     return check::shown(name, longestName);
@@ -124,8 +132,10 @@ QString SettingsFile::load(const QString& path)
 
     contents = bytes;
     filePath = path;
+    isUnwritten = false;
     fileReview = found;
     readBytes(bytes, path, libconfig::settingsFormat(path));
+    taken.clear();
     return QString();
 }
 
@@ -231,6 +241,18 @@ QString SettingsFile::asText(const QVector<Group>& groups, int place, const QStr
     return keyOf(groups, place) + shownName(name) + " = "_L1 + groups.at(place).element.attribute(name);
 }
 
+QVector<FileRemark> SettingsFile::losses() const
+{
+    QVector<FileRemark> lost;
+    for (const FileRemark& remark : fileReview.dropped) {
+        const QString key = remark.emptyGroup.chopped(remark.emptyGroup.isEmpty() ? 0 : 1); // without its point
+        const QVector<QDomElement> groups = groupsOf(key);
+        if (std::none_of(groups.begin(), groups.end(), holdsSetting))
+            lost += remark;
+    }
+    return lost;
+}
+
 bool SettingsFile::looksLikeSettings() const
 {
     return settings::looksLikeSettings(fileReview.topLevelGroups, isBlank(contents));
@@ -240,8 +262,10 @@ void SettingsFile::beginAt(const QString& path)
 {
     contents.clear();
     filePath = path;
+    isUnwritten = true;
     fileReview = FileReview();
     readBytes(contents, path, libconfig::settingsFormat(path));
+    taken.clear();
 }
 
 bool SettingsFile::isMissing(const QString& path)
@@ -262,7 +286,8 @@ check::Findings SettingsFile::findings() const
 
 bool SettingsFile::changedOnDisk() const
 {
-    return contentsOf(filePath) != contents;
+    const std::optional<QByteArray> found = contentsOf(filePath);
+    return isUnwritten ? found && !isBlank(*found) : found != contents;
 }
 
 QString SettingsFile::keepBackup(const QString& path)
@@ -291,9 +316,21 @@ QString SettingsFile::save(const QString& path, const Trial& trial)
     if (isNoFile(path))
         return noFileReason();
     const QString reason = trial.reason.isEmpty() ? toolkit::replaceFile(path, trial.bytes) : trial.reason;
-    if (reason.isEmpty() && path == filePath)
+    if (reason.isEmpty() && path == filePath) {
         contents = trial.bytes;
+        isUnwritten = false;
+    }
     return reason;
+}
+
+void SettingsFile::moveTo(const QString& path, const Trial& trial)
+{
+    filePath = path;
+    contents = trial.bytes;
+    isUnwritten = false;
+    fileReview = reviewOf(contents, format());
+    if (!rootElement().isNull())
+        rootElement().setTagName(path);
 }
 
 } // namespace settings

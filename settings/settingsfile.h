@@ -4,6 +4,7 @@
 #include "check/finding.h"
 #include "config/config.h"
 #include "settings/filereview.h"
+#include "settings/treechange.h"
 
 #include <QVector>
 
@@ -30,6 +31,9 @@ public:
     /// Begins with an empty file, which is to be saved as @p path; nothing is there yet, or nothing that counts.
     void beginAt(const QString& path);
 
+    /// Whether it began as an empty file, and was not saved yet.
+    bool isNew() const { return isUnwritten; }
+
     /// Whether there is nothing under the name @p path, and no reason but that why it could not be loaded. Of a link,
     /// nothing where it leads.
     static bool isMissing(const QString& path);
@@ -53,16 +57,51 @@ public:
     /// Takes the setting @p key out of all groups in which a look-up seeks it. False when it is in none.
     bool unset(const QString& key);
 
+    // The tree, whatever stands in it (filetree.cpp). A group is the element that the tree has for it; the root element
+    // stands for the file, and what stands in it is outside every group.
+
+    /// Null when there is nothing.
+    QDomElement root() const { return rootElement(); }
+    /// The settings of @p group in their order; their values are its attributes.
+    using Config::settingNames;
+    /// The groups in @p group, in their order.
+    static QVector<QDomElement> groupsIn(const QDomElement& group);
+    /// Where @p name stands among the settings of @p group; -1 when it is none.
+    int placeOf(const QDomElement& group, const QString& name) const { return settingNames(group).indexOf(name); }
+    /// The groups that a look-up goes through for a setting in the group @p key, "zelmora.receiptdoc", in its order.
+    QVector<QDomElement> groupsOf(const QString& key) const { return groupsOf(key.split(QLatin1Char('.'))); }
+    /// What the key of @p group would be: "zelmora.receiptdoc". Empty for the root element.
+    static QString keyOf(const QDomElement& group);
+
+    // Each takes what is there for granted, and the names that namereason.h has nothing against.
+    void setValue(const QDomElement& group, const QString& name, const QString& value);
+    void addSetting(const QDomElement& group, const QString& name, const QString& value);
+    void renameSetting(const QDomElement& group, const QString& name, const QString& newName);
+    void removeSetting(const QDomElement& group, const QString& name);
+    /// The last in @p parent; when that is null, the last at top level.
+    QDomElement addGroup(const QDomElement& parent, const QString& name);
+    void renameGroup(const QDomElement& group, const QString& newName);
+    void removeGroup(const QDomElement& group);
+
+    /// What was done to the tree since it was read, or since this was last asked.
+    TreeChange takeChange();
+    /// Does what was done, or taken back, once more. takeChange() does not tell of it.
+    void apply(const TreeChange& change);
+
+    /// All groups with a setting in them, however deep, and all settings, as a list of texts: equal for files that hold
+    /// the same.
+    QStringList content() const;
+
     /// What load() found in the file's bytes.
     const FileReview& review() const { return fileReview; }
+    /// What of that is lost when the tree is written: all that the review has, but for a group that held nothing and
+    /// holds something now.
+    QVector<FileRemark> losses() const;
     /// What there is to know about them, in their order: check::checkSettings().
     check::Findings findings() const;
 
     /// Whether it is one at all, as looksLikeSettings() has it: any other text is not to be written over.
     bool looksLikeSettings() const;
-
-    /// Takes the tree over from the list that is edited. Link Zelmora::configwidgets.
-    using Config::rebuildTree;
 
     struct Trial {
         QByteArray bytes; ///< what would be written
@@ -78,7 +117,8 @@ public:
     /// What would be read back from a file named @p path, which itself is not touched.
     Trial tryWriting(const QString& path) const;
 
-    /// Once a file is loaded: whether that on disk is no longer what load() or save() left there.
+    /// Once a file is loaded: whether that on disk is no longer what load() or save() left there. Of a new one: whether
+    /// there is something now.
     bool changedOnDisk() const;
 
     /// Keeps what the file @p path holds now as settings::keepBackup() does; nothing where there is no such file. Empty
@@ -98,6 +138,9 @@ public:
     /// what becomes of the file then. Nothing is written to what is there but is no file, such as a pipe.
     QString save(const QString& path, const Trial& trial);
 
+    /// Once @p trial is written to the file @p path without a loss: that is the file from here on, and this its tree.
+    void moveTo(const QString& path, const Trial& trial);
+
 private:
     struct Group {
         QDomElement element;
@@ -109,6 +152,11 @@ private:
     QVector<QDomElement> groupsOf(const QStringList& names) const;
     QVector<QDomElement> holdersOf(const QStringList& names, const QString& name) const;
     QDomElement madeGroup(const QStringList& names);
+    void put(const QDomElement& group, const QString& name, const QString& value);
+    void take(const TreeStep& step);
+    void apply(const SettingStep& step);
+    void apply(const GroupStep& step);
+    void addContent(const QDomElement& group, QStringList& texts) const;
     static void addGroups(const QDomElement& group, int parent, QVector<Group>& groups);
     QVector<Group> writtenGroups() const;
     std::set<Setting> writtenSettings(GroupNumbers& numbers) const;
@@ -120,6 +168,8 @@ private:
     QString filePath;
     QByteArray contents; ///< of the file, as it was loaded or saved
     FileReview fileReview;
+    bool isUnwritten = false; ///< it began with beginAt()
+    TreeChange taken; ///< what takeChange() tells
 };
 
 } // namespace settings

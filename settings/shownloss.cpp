@@ -38,12 +38,10 @@ QString shown(const QString& text, const SettingsFile& file)
 
 } // namespace
 
-QStringList shownLosses(const SettingsFile& file, const QString& added)
+QStringList shownLosses(const SettingsFile& file)
 {
     QStringList texts;
-    for (const FileRemark& remark : file.review().dropped) {
-        if (!remark.emptyGroup.isEmpty() && added.startsWith(remark.emptyGroup))
-            continue;
+    for (const FileRemark& remark : file.losses()) {
         const int first = remark.place.line;
         const int last = first + remark.text.count(QLatin1Char('\n'));
         const QString text = shown(remark.text, file);

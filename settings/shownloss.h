@@ -9,8 +9,8 @@ namespace settings {
 class SettingsFile;
 
 /// What a file that is written from @p file would lack: each in one line of text, after the number of its line, or
-/// lines. What is long is cut, and a secret is "***". An empty group is no loss when the setting @p added stands in it.
-QStringList shownLosses(const SettingsFile& file, const QString& added = {});
+/// lines. What is long is cut, and a secret is "***".
+QStringList shownLosses(const SettingsFile& file);
 
 /// @p texts, "key = value" each, likewise.
 QStringList shownSettings(const QStringList& texts, const SettingsFile& file);

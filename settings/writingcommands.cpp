@@ -149,7 +149,7 @@ Status setValue(const Call& call)
                      .arg(key, key.section(QLatin1Char('.'), 0, 0));
     if (!reason.isEmpty())
         return complain(Refused, reason);
-    return change.set(key, value) ? finish(change, call) : Done;
+    return change.file.set(key, value) ? finish(change, call) : Done;
 }
 
 Status unsetValue(const Call& call)

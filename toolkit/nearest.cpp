@@ -4,8 +4,8 @@
 #include <QVector>
 
 #include <algorithm>
-#include <numeric>
-#include <vector>
+#include <array>
+#include <cstdlib>
 
 namespace toolkit {
 
@@ -14,34 +14,39 @@ namespace {
 const int mostSlips = 2;
 
 /// How many characters must be put in, taken out or replaced to make one of the other; where that is more than the most
-/// slips, some number beyond those.
+/// slips, some number beyond those. Beginnings whose lengths differ by more than these are not looked at.
 int distance(const QVector<uint>& one, const QVector<uint>& other)
 {
-    std::vector<int> row(static_cast<std::size_t>(other.size())
-                         + 1); // from the characters of one so far to each beginning of the other
-    std::iota(row.begin(), row.end(), 0);
-    for (const uint character : one) {
-        int diagonal = row[0]++;
-        int fewest = row[0]; // what is still to come only adds to it
-        auto cell = row.begin();
-        for (const uint otherCharacter : other) {
-            const int replaced = diagonal + (character == otherCharacter ? 0 : 1);
-            const int left = *cell++;
-            diagonal = *cell;
-            *cell = std::min({replaced, diagonal + 1, left + 1});
-            fewest = std::min(fewest, *cell);
+    const int tooMany = mostSlips + 1;
+    if (std::abs(one.size() - other.size()) > mostSlips)
+        return tooMany;
+    // From the characters of one so far to the beginnings of the other that are shorter by the most slips, up to those
+    // that are longer by these; a border on each side.
+    std::array<int, 2 * mostSlips + 3> row;
+    row.fill(tooMany);
+    for (int longer = 0; longer <= mostSlips; ++longer)
+        row[static_cast<std::size_t>(mostSlips + 1 + longer)] = longer;
+    for (int done = 1; done <= one.size(); ++done) {
+        for (int cell = 1; cell <= 2 * mostSlips + 1; ++cell) {
+            const auto place = static_cast<std::size_t>(cell);
+            const int length = done + cell - mostSlips - 1;
+            const bool isOutside = length < 0 || length > other.size();
+            const bool isSame = length > 0 && !isOutside && one.at(done - 1) == other.at(length - 1);
+            const int replaced = length > 0 ? row[place] + (isSame ? 0 : 1) : tooMany;
+            row[place] = isOutside ? tooMany : std::min({replaced, row[place - 1] + 1, row[place + 1] + 1});
         }
-        if (fewest > mostSlips)
-            return fewest;
+        if (*std::min_element(row.begin(), row.end()) > mostSlips)
+            return tooMany;
     }
-    return row.back();
+    return row[static_cast<std::size_t>(other.size() - one.size() + mostSlips + 1)];
 }
 
 /// How many slips make @p name of @p meant; more than the most where they are too many to be worth counting.
 int slips(const QString& name, const QString& meant)
 {
-    // Of other lengths nothing can be one; a character takes two units at most.
-    if (name.size() > 2 * (meant.size() + mostSlips) || meant.size() > 2 * (name.size() + mostSlips))
+    // A character takes two units at most, so that a slip makes no more difference in length: most pairs of names are
+    // told apart here.
+    if (std::abs(name.size() - meant.size()) > 2 * mostSlips)
         return mostSlips + 1;
     return distance(name.toUcs4(), meant.toUcs4());
 }

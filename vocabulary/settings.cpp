@@ -108,18 +108,18 @@ constexpr Setting documentSettings[] = {
 };
 
 constexpr SettingGroup groupTable[] = {
-    {"language"_L1, QT_TRANSLATE_NOOP("QObject", "The language of the labels."), language},
-    {"logger"_L1, QT_TRANSLATE_NOOP("QObject", "The log of the suite's programs."), logger},
-    {"db"_L1, QT_TRANSLATE_NOOP("QObject", "The database of the suite's programs."), database},
-    {"bin"_L1, QT_TRANSLATE_NOOP("QObject", "The suite's programs."), programs},
-    {"doc"_L1, QT_TRANSLATE_NOOP("QObject", "Kitchen orders."), documentSettings, true},
-    {"prefiscaldoc"_L1, QT_TRANSLATE_NOOP("QObject", "Whole orders with prices."), documentSettings, true},
-    {"fiscaldoc"_L1, QT_TRANSLATE_NOOP("QObject", "Fiscal receipts."), documentSettings, true},
-    {"receiptdoc"_L1, QT_TRANSLATE_NOOP("QObject", "Receipts."), documentSettings, true},
-    {"invoicedoc"_L1, QT_TRANSLATE_NOOP("QObject", "Invoices."), documentSettings, true},
-    {"deliverydoc"_L1, QT_TRANSLATE_NOOP("QObject", "Delivery notes."), documentSettings, true},
-    {"reportdoc"_L1, QT_TRANSLATE_NOOP("QObject", "Reports and statements of account."), documentSettings, true},
-    {"solddoc"_L1, QT_TRANSLATE_NOOP("QObject", "Lists of dishes sold."), documentSettings, true},
+    {"language"_L1, QT_TRANSLATE_NOOP("QObject", "Language"), QT_TRANSLATE_NOOP("QObject", "The language of the labels."), language},
+    {"logger"_L1, QT_TRANSLATE_NOOP("QObject", "Log"), QT_TRANSLATE_NOOP("QObject", "The log of the suite's programs."), logger},
+    {"db"_L1, QT_TRANSLATE_NOOP("QObject", "Database"), QT_TRANSLATE_NOOP("QObject", "The database of the suite's programs."), database},
+    {"bin"_L1, QT_TRANSLATE_NOOP("QObject", "Programs"), QT_TRANSLATE_NOOP("QObject", "The suite's programs."), programs},
+    {"doc"_L1, QT_TRANSLATE_NOOP("QObject", "Kitchen order"), QT_TRANSLATE_NOOP("QObject", "Kitchen orders."), documentSettings, true},
+    {"prefiscaldoc"_L1, QT_TRANSLATE_NOOP("QObject", "Order with prices"), QT_TRANSLATE_NOOP("QObject", "Whole orders with prices."), documentSettings, true},
+    {"fiscaldoc"_L1, QT_TRANSLATE_NOOP("QObject", "Fiscal receipt"), QT_TRANSLATE_NOOP("QObject", "Fiscal receipts."), documentSettings, true},
+    {"receiptdoc"_L1, QT_TRANSLATE_NOOP("QObject", "Receipt"), QT_TRANSLATE_NOOP("QObject", "Receipts."), documentSettings, true},
+    {"invoicedoc"_L1, QT_TRANSLATE_NOOP("QObject", "Invoice"), QT_TRANSLATE_NOOP("QObject", "Invoices."), documentSettings, true},
+    {"deliverydoc"_L1, QT_TRANSLATE_NOOP("QObject", "Delivery note"), QT_TRANSLATE_NOOP("QObject", "Delivery notes."), documentSettings, true},
+    {"reportdoc"_L1, QT_TRANSLATE_NOOP("QObject", "Report and statement"), QT_TRANSLATE_NOOP("QObject", "Reports and statements of account."), documentSettings, true},
+    {"solddoc"_L1, QT_TRANSLATE_NOOP("QObject", "Dishes sold"), QT_TRANSLATE_NOOP("QObject", "Lists of dishes sold."), documentSettings, true},
 };
 
 // clang-format on

@@ -41,6 +41,7 @@ struct Setting {
 /// A group below "zelmora".
 struct SettingGroup {
     QLatin1String name;
+    const char* title; ///< its plain name, to be translated
     const char* description; ///< to be translated
     Table<Setting> settings;
     bool isDocument = false; ///< all of these share one table of settings

@@ -5,7 +5,10 @@
 
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStatusBar>
@@ -13,6 +16,7 @@
 #include <QTreeWidget>
 #include <QtTest>
 
+#include <algorithm>
 #include <functional>
 
 /// The person before a settings window: reads it, presses keys, and answers the boxes that come up.
@@ -43,6 +47,23 @@ public:
             return true;
         };
     }
+    void willName(const QString& name) ///< in a box that asks for a name; one that is refused is cancelled
+    {
+        answers += [this, name](QWidget* box) {
+            auto* const field = box->findChild<QLineEdit*>();
+            if (!field)
+                return false;
+            field->selectAll();
+            QTest::keyClicks(field, name);
+            for (const QLabel* label : box->findChildren<QLabel*>())
+                refusal = label->text(); // the last one says why
+            QTest::keyClick(field, Qt::Key_Return);
+            if (box->isVisible())
+                QTest::keyClick(field, Qt::Key_Escape);
+            return true;
+        };
+    }
+    QString refusal; ///< of the name that was typed last; empty when it was taken
     void willType(const QString& path) ///< into a file dialog; nothing cancels it
     {
         answers += [path](QWidget* box) {
@@ -68,16 +89,14 @@ public:
 
     void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
-        // As a desktop does when a box has gone.
-        window.activateWindow();
-        if (!QTest::qWaitForWindowActive(&window))
-            qFatal("The window is not active.");
+        activate();
         QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
         QCoreApplication::processEvents(); // a cell hands its text over when the key has gone its way
     }
     void type(const QString& text) { QTest::keyClicks(QApplication::focusWidget(), text); }
 
-    QTreeWidget* tree() const { return qobject_cast<QTreeWidget*>(window.centralWidget()); }
+    /// The list of all that stands in the file; once its page was shown.
+    QTreeWidget* tree() const { return window.findChild<QTreeWidget*>(); }
 
     /// The item that these labels lead to from the root's item; null when there is none.
     QTreeWidgetItem* item(const QStringList& labels) const
@@ -108,6 +127,54 @@ public:
         return labels;
     }
     void goTo(const QStringList& labels) { tree()->setCurrentItem(item(labels)); }
+    /// The field or the button of that name, as it is read to those who cannot see it; null when none is shown.
+    template <class Kind>
+    Kind* named(const QString& name) const
+    {
+        for (Kind* candidate : window.findChildren<Kind*>()) {
+            if (candidate->isVisible() && candidate->accessibleName() == name)
+                return candidate;
+        }
+        return nullptr;
+    }
+    /// The button with that text; null when none is shown.
+    QAbstractButton* button(const QString& text) const
+    {
+        for (QAbstractButton* candidate : window.findChildren<QAbstractButton*>()) {
+            if (candidate->isVisible() && candidate->text() == text)
+                return candidate;
+        }
+        return nullptr;
+    }
+    /// Whether some text on the window holds @p text.
+    bool reads(const QString& text) const
+    {
+        const auto labels = window.findChildren<QLabel*>();
+        return std::any_of(labels.begin(), labels.end(),
+                           [&](const QLabel* label) { return label->isVisible() && label->text().contains(text); });
+    }
+    void focus(QWidget* widget) ///< by Tab, however many times
+    {
+        widget->setFocus(Qt::TabFocusReason);
+    }
+    /// Chooses an entry of a menu.
+    void choose(const QString& menu, const QString& entry)
+    {
+        for (const QAction* candidate : window.menuBar()->actions()) {
+            if (candidate->text() != menu)
+                continue;
+            emit candidate->menu()->aboutToShow();
+            for (QAction* action : candidate->menu()->actions()) {
+                if (action->text() == entry && action->isEnabled()) {
+                    action->trigger();
+                    activate();
+                    return;
+                }
+            }
+        }
+        qFatal("There is no %s in the menu.", qPrintable(entry));
+    }
+
     bool isEditing() const { return tree()->findChild<QLineEdit*>() != nullptr; }
 
     /// Gives the setting another value; nothing is saved.
@@ -122,6 +189,14 @@ public:
     QString status() const { return window.statusBar()->currentMessage(); }
 
 private:
+    /// As a desktop does when a box has gone.
+    void activate()
+    {
+        window.activateWindow();
+        if (!QTest::qWaitForWindowActive(&window))
+            qFatal("The window is not active.");
+    }
+
     using Answer = std::function<bool(QWidget*)>;
 
     void answer()

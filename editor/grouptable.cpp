@@ -1,0 +1,134 @@
+#include "editor/grouptable.h"
+
+#include "editor/notelist.h"
+#include "editor/settingwidget.h"
+#include "settings/editedsettings.h"
+
+#include <QLabel>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+using settings::EditedSettings;
+using settings::GroupRows;
+using settings::Remedy;
+using settings::Search;
+using settings::SettingRow;
+using vocabulary::Setting;
+using vocabulary::SettingGroup;
+
+namespace {
+
+bool areSameSettings(const QVector<SettingWidget*>& widgets, const QVector<SettingRow>& rows)
+{
+    return std::equal(widgets.begin(), widgets.end(), rows.begin(), rows.end(),
+                      [](const SettingWidget* widget, const SettingRow& row) { return widget->row().key == row.key; });
+}
+
+} // namespace
+
+GroupTable::GroupTable(EditedSettings& theSettings)
+    : settings(theSettings)
+    , lines(new QVBoxLayout)
+    , description(new QLabel)
+    , notes(new NoteList)
+    , table(new QWidget)
+{
+    auto* const contents = new QWidget;
+    auto* const layout = new QVBoxLayout(contents);
+    layout->setContentsMargins(0, 0, 0, 0);
+    description->setWordWrap(true);
+    description->setMargin(6);
+    notes->setContentsMargins(6, 0, 6, 6);
+    lines->setContentsMargins(0, 0, 0, 0);
+    lines->setSpacing(0);
+    table->setLayout(lines);
+    layout->addWidget(description);
+    layout->addWidget(notes);
+    layout->addWidget(table);
+    layout->addStretch(1);
+    setWidget(contents);
+    setWidgetResizable(true);
+    setFocusPolicy(Qt::NoFocus); // its fields have the keyboard
+    connect(notes, &NoteList::remedyChosen, this, [this](const Remedy& remedy) { settings.apply(remedy); });
+}
+
+void GroupTable::showGroup(const SettingGroup& group)
+{
+    shownGroup = &group;
+    description->setText(QObject::tr(group.description));
+    verticalScrollBar()->setValue(0);
+    refresh();
+}
+
+void GroupTable::refresh()
+{
+    const GroupRows found = rowsOf(settings, *shownGroup);
+    notes->show(found.notes, found.furtherNotes);
+    if (!areSameSettings(rows, found.rows)) {
+        for (SettingWidget* const widget : std::as_const(rows)) {
+            widget->hide();
+            widget->deleteLater(); // it may be what has just told of a change
+        }
+        rows.clear();
+        for (const SettingRow& row : found.rows)
+            rows += newRow(row);
+    }
+    for (int i = 0; i < rows.size(); ++i)
+        rows.at(i)->show(found.rows.at(i));
+    table->setEnabled(settings.isEditable() && settings.file().reaches(QStringLiteral("zelmora.a")));
+}
+
+SettingWidget* GroupTable::newRow(const SettingRow& row)
+{
+    auto* const widget = new SettingWidget(settings, row);
+    lines->addWidget(widget);
+    return widget;
+}
+
+void GroupTable::filter(const Search& search)
+{
+    const auto hasIt = [&](const SettingWidget* widget) { return search.finds(widget->row()); };
+    const bool isAny = std::any_of(rows.begin(), rows.end(), hasIt);
+    for (SettingWidget* const widget : rows)
+        widget->setVisible(!isAny || hasIt(widget));
+}
+
+/// -1 when none has the keyboard.
+int GroupTable::currentRow() const
+{
+    const auto current = std::find_if(rows.begin(), rows.end(), [this](const SettingWidget* widget) {
+        return widget->isAncestorOf(window()->focusWidget());
+    });
+    return current == rows.end() ? -1 : static_cast<int>(current - rows.begin());
+}
+
+const Setting* GroupTable::currentSetting() const
+{
+    const int row = currentRow();
+    return row < 0 ? nullptr : rows.at(row)->row().setting;
+}
+
+void GroupTable::takeFocus()
+{
+    takeFocusFrom(0);
+}
+
+bool GroupTable::goOn()
+{
+    return takeFocusFrom(currentRow() + 1);
+}
+
+bool GroupTable::takeFocusFrom(int first)
+{
+    for (int i = first; i < rows.size(); ++i) {
+        if (rows.at(i)->isVisibleTo(this)) {
+            rows.at(i)->takeFocus();
+            ensureWidgetVisible(rows.at(i));
+            return true;
+        }
+    }
+    return false;
+}

@@ -1,0 +1,87 @@
+#include "editor/notelist.h"
+
+#include "editor/icons.h"
+#include "toolkit/literals.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QStyle>
+
+using toolkit::operator""_L1;
+using settings::Note;
+using settings::Remedy;
+
+namespace {
+
+const int longestText = 300; ///< of what a note says
+const int longestBefore = 24; ///< of what a button shows of a wrong text
+
+QLabel* newText(const QString& text)
+{
+    auto* const label = new QLabel(text.size() <= longestText ? text : text.left(longestText) + QStringLiteral("..."));
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
+}
+
+/// By which two lists are told apart.
+QVector<QString> textsOf(const QVector<Note>& notes, int further)
+{
+    QVector<QString> texts {QString::number(further)};
+    for (const Note& note : notes)
+        texts << note.text << (note.remedy ? note.remedy->before + note.remedy->after : QString());
+    return texts;
+}
+
+} // namespace
+
+NoteList::NoteList()
+    : lines(new QVBoxLayout(this))
+{
+    lines->setContentsMargins(0, 0, 0, 0);
+    hide();
+}
+
+void NoteList::show(const QVector<Note>& notes, int further)
+{
+    const QVector<QString> texts = textsOf(notes, further);
+    if (texts == shown)
+        return; // a button that was just pressed stays
+    shown = texts;
+    for (QWidget* const line : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        line->hide();
+        line->deleteLater(); // it may be the one that was pressed
+    }
+    for (const Note& note : notes)
+        add(note);
+    if (further > 0)
+        lines->addWidget(newText(QObject::tr("and %1 more").arg(further)));
+    setVisible(!notes.isEmpty());
+}
+
+void NoteList::add(const Note& note)
+{
+    auto* const line = new QWidget;
+    auto* const layout = new QHBoxLayout(line);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto* const picture = new QLabel;
+    picture->setPixmap(icons::severity(note.severity).pixmap(style()->pixelMetric(QStyle::PM_SmallIconSize)));
+    layout->addWidget(picture, 0, Qt::AlignTop);
+    layout->addWidget(newText(note.text), 1);
+    if (note.remedy)
+        layout->addWidget(newButton(*note.remedy), 0, Qt::AlignTop);
+    lines->addWidget(line);
+}
+
+QWidget* NoteList::newButton(const Remedy& remedy)
+{
+    const QString before = remedy.before.simplified();
+    const QString shownBefore = before.size() <= longestBefore ? before : before.left(longestBefore) + "..."_L1;
+    const QString change = QStringLiteral("%1 \u2192 %2").arg(shownBefore, remedy.after); // an arrow
+    const QString text = QObject::tr("Put it right: %1").arg(change);
+    auto* const button = new QPushButton(QString(text).replace(QLatin1Char('&'), "&&"_L1)); // no letter of it is a key
+    button->setAccessibleName(text);
+    connect(button, &QPushButton::clicked, this, [this, remedy] { emit remedyChosen(remedy); });
+    return button;
+}

@@ -1,0 +1,49 @@
+#ifndef ZELMORA_EDITOR_SETTINGWIDGET_H
+#define ZELMORA_EDITOR_SETTINGWIDGET_H
+
+#include "settings/settingrows.h"
+
+#include <QFrame>
+
+class NoteList;
+class QGridLayout;
+class QLabel;
+class QToolButton;
+class ValueField;
+
+namespace settings {
+class EditedSettings;
+}
+
+/// A row of the table: the setting's name and what it does, its field, the ways back, and what is wrong with it.
+class SettingWidget : public QFrame {
+    Q_OBJECT
+
+public:
+    SettingWidget(settings::EditedSettings& settings, const settings::SettingRow& row);
+
+    void show(const settings::SettingRow& row);
+    const settings::SettingRow& row() const { return shownRow; }
+    void takeFocus();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void addNames(QGridLayout& layout);
+    void addButtons(QGridLayout& layout);
+    void takeField();
+    void showNames();
+    void showButtons();
+
+    settings::EditedSettings& settings;
+    settings::SettingRow shownRow;
+    QLabel* const name;
+    QLabel* const description;
+    ValueField* field = nullptr;
+    QToolButton* const backButton;
+    QToolButton* const noneButton;
+    NoteList* const notes;
+};
+
+#endif

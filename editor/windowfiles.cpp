@@ -1,0 +1,254 @@
+// Files: opened, saved and closed without losing what nobody gave up.
+
+#include "editor/filepage.h"
+#include "editor/message.h"
+#include "editor/placement.h"
+#include "editor/settingswindow.h"
+#include "settings/recentfiles.h"
+#include "settings/savequestions.h"
+#include "toolkit/literals.h"
+
+#include <QCloseEvent>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QSettings>
+#include <QStatusBar>
+
+using settings::SettingsFile;
+using toolkit::operator""_L1;
+
+namespace {
+
+const QString recentKey = QStringLiteral("recent");
+
+/// As much of a list as is read at a glance, and as there is in a question that somebody must be able to answer; the
+/// rest is counted.
+const int linesToGlanceAt = 12;
+const int linesToDecideBy = 1000;
+const int longestLine = 100;
+const int longestFinding = 300; // they say what will happen and what to do
+
+QString oneLine(const QString& text, int longest)
+{
+    const QString line = text.simplified();
+    return line.size() <= longest ? line : line.left(longest) + "..."_L1;
+}
+
+/// What is wrong with the file; what the programs make of it all the same is no matter for a box.
+QStringList withLines(const check::Findings& findings)
+{
+    QStringList texts;
+    for (const check::Finding& finding : findings) {
+        if (finding.severity != check::Severity::Note)
+            texts += QObject::tr("line %1: %2").arg(QString::number(finding.place.line), finding.text);
+    }
+    return texts;
+}
+
+QString bulletList(const QStringList& texts, int mostLines = linesToGlanceAt, int longest = longestLine)
+{
+    QString list;
+    for (const QString& text : texts.mid(0, mostLines))
+        list += "\n\xB7 "_L1 + oneLine(text, longest);
+    if (texts.size() > mostLines)
+        list += "\n"_L1 + QObject::tr("and %1 more").arg(texts.size() - mostLines);
+    return list;
+}
+
+} // namespace
+
+/// Where there is none yet, it begins with nothing.
+void SettingsWindow::openFirst(const QString& path)
+{
+    const QString whole = QFileInfo(path).absoluteFilePath();
+    if (!SettingsFile::isMissing(whole)) {
+        openFile(whole);
+        return;
+    }
+    settings.beginAt(whole);
+    showSettings();
+}
+
+bool SettingsWindow::openFile(const QString& path)
+{
+    const QString reason = settings.load(QFileInfo(path).absoluteFilePath());
+    if (!reason.isEmpty()) {
+        Message(this, QStyle::SP_MessageBoxCritical, QObject::tr("The file %1 cannot be read: %2").arg(path, reason))
+            .ask();
+        return false;
+    }
+    showSettings();
+    noteOpened();
+    sayWhatIsWrong();
+    return true;
+}
+
+void SettingsWindow::noteOpened()
+{
+    QSettings store;
+    store.setValue(recentKey, settings::withRecent(store.value(recentKey).toStringList(), settings.file().path()));
+}
+
+void SettingsWindow::sayWhatIsWrong()
+{
+    const SettingsFile& file = settings.file();
+    if (!settings.isEditable()) {
+        Message(this, QStyle::SP_MessageBoxWarning,
+                QObject::tr("The file %1 does not look like the settings of the suite: none of its outermost groups is "
+                            "named zelmora. It is open for reading only, since saving would leave little of it.")
+                    .arg(file.path()))
+            .ask();
+        return;
+    }
+    const QStringList warnings = withLines(file.findings());
+    if (!warnings.isEmpty())
+        Message(this, QStyle::SP_MessageBoxWarning,
+                QObject::tr("In this file:") + bulletList(warnings, linesToGlanceAt, longestFinding))
+            .ask();
+}
+
+/// Of the file, which may be replaced by another, and of its folder, in which that happens.
+void SettingsWindow::watch()
+{
+    const QFileInfo file(settings.file().path());
+    QStringList paths;
+    if (!settings.file().path().isEmpty())
+        paths = QStringList {file.path(), file.filePath()};
+    for (const QString& path : watcher.files() + watcher.directories()) {
+        if (!paths.contains(path))
+            watcher.removePath(path);
+    }
+    for (const QString& path : paths) {
+        if (QFileInfo::exists(path) && !watcher.files().contains(path) && !watcher.directories().contains(path))
+            watcher.addPath(path);
+    }
+}
+
+void SettingsWindow::open()
+{
+    if (!mayDiscardChanges())
+        return;
+    QFileDialog dialog(this, QObject::tr("Open"));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    const QString path = chosenPath(dialog);
+    if (!path.isEmpty())
+        openFile(path);
+}
+
+void SettingsWindow::openRecent(const QString& path)
+{
+    if (mayDiscardChanges())
+        openFile(path);
+}
+
+/// Empty when none is chosen.
+QString SettingsWindow::chosenPath(QFileDialog& dialog)
+{
+    const QFileInfo current(settings.file().path());
+    dialog.setDirectory(current.path());
+    dialog.selectFile(current.fileName());
+    settleOnScreen(dialog);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+void SettingsWindow::save()
+{
+    saveTo(settings.file().path());
+}
+
+void SettingsWindow::saveAs()
+{
+    QFileDialog dialog(this, QObject::tr("Save as"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    const QString path = chosenPath(dialog);
+    if (!path.isEmpty())
+        saveTo(path);
+}
+
+bool SettingsWindow::saveTo(const QString& path)
+{
+    filePage->finishEditing();
+    const SettingsFile::Trial trial = settings.tryWriting(path);
+    if (!mayBeWritten(path, trial))
+        return false;
+    if (settings.file().isNew())
+        QDir().mkpath(QFileInfo(path).path());
+    const bool isWhole = settings.isWhole(trial);
+    const QString reason = settings.save(path, trial);
+    if (!reason.isEmpty()) {
+        Message(
+            this, QStyle::SP_MessageBoxCritical,
+            QObject::tr("The file %1 cannot be written: %2\nYour changes are still in this window.").arg(path, reason))
+            .ask();
+        return false;
+    }
+    // The window shows what the file holds now; where that cannot be read, this is still the only copy.
+    if (!isWhole && !openFile(path)) {
+        settings.noteUnstored();
+        return false;
+    }
+    noteOpened();
+    statusBar()->showMessage(QObject::tr("Saved."));
+    return true;
+}
+
+/// Asks what there is to ask. What is lost then is kept beside the file; so is another file that is written over, of
+/// which the dialog has asked.
+bool SettingsWindow::mayBeWritten(const QString& path, const SettingsFile::Trial& trial)
+{
+    const QVector<settings::SaveQuestion> questions = questionsBeforeSaving(settings.file(), path, trial);
+    for (const settings::SaveQuestion& question : questions) {
+        if (!confirmed(question.text + bulletList(question.lines, linesToDecideBy)))
+            return false;
+    }
+    if (questions.isEmpty() && path == settings.file().path())
+        return true;
+    const QString reason = SettingsFile::keepBackup(path);
+    return reason.isEmpty()
+        || confirmed(
+               QObject::tr("The file as it is now cannot be kept as %1: %2").arg(path + QLatin1Char('~'), reason));
+}
+
+bool SettingsWindow::confirmed(const QString& warning)
+{
+    Message message(this, QStyle::SP_MessageBoxWarning, warning, QDialogButtonBox::Save | QDialogButtonBox::Cancel,
+                    QDialogButtonBox::Cancel);
+    message.setButtonText(QDialogButtonBox::Save, QObject::tr("Save all the same"));
+    return message.ask() == QDialogButtonBox::Save;
+}
+
+void SettingsWindow::reload()
+{
+    if (mayDiscardChanges())
+        openFile(settings.file().path());
+}
+
+/// The text of a cell that is being edited too.
+bool SettingsWindow::hasUnsaved() const
+{
+    return isWindowModified() || filePage->isTypingAnotherValue();
+}
+
+/// True when nothing has changed, when the changes are saved now, or when they may go.
+bool SettingsWindow::mayDiscardChanges()
+{
+    filePage->finishEditing();
+    if (!isWindowModified())
+        return true;
+    const Message::Button answer =
+        Message(this, QStyle::SP_MessageBoxWarning, QObject::tr("The settings have changed. Save the changes?"),
+                QDialogButtonBox::Save | QDialogButtonBox::Discard | QDialogButtonBox::Cancel, QDialogButtonBox::Save)
+            .ask();
+    return answer == QDialogButtonBox::Discard || (answer == QDialogButtonBox::Save && saveTo(settings.file().path()));
+}
+
+void SettingsWindow::closeEvent(QCloseEvent* event)
+{
+    if (!mayDiscardChanges()) {
+        event->ignore();
+        return;
+    }
+    QSettings().setValue(QStringLiteral("geometry"), saveGeometry());
+    event->accept();
+}

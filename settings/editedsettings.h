@@ -1,0 +1,112 @@
+#ifndef ZELMORA_SETTINGS_EDITEDSETTINGS_H
+#define ZELMORA_SETTINGS_EDITEDSETTINGS_H
+
+#include "settings/history.h"
+#include "settings/settingsfile.h"
+#include "settings/treefindings.h"
+
+#include <QHash>
+
+#include <functional>
+#include <optional>
+
+namespace settings {
+
+struct Remedy;
+
+/// A settings file while somebody changes it: what it held, what it would hold, and every change on the way, to be
+/// taken back and done again. All that shows it is told of each change.
+class EditedSettings {
+public:
+    /// Hears what was done to the tree; nothing when another tree has taken its place, or what the file holds has
+    /// changed.
+    using Listener = std::function<void(const TreeChange& change)>;
+
+    void setListener(const Listener& newListener) { listener = newListener; }
+
+    // The file.
+
+    /// SettingsFile::load(). No change can be taken back any more.
+    QString load(const QString& path);
+    /// SettingsFile::beginAt(), likewise.
+    void beginAt(const QString& path);
+    const SettingsFile& file() const { return tree; }
+    /// False for a text that does not look like settings: it is to be read only.
+    bool isEditable() const { return editable; }
+    /// Whether no setting stands in it.
+    bool isEmpty() const { return tree.content().isEmpty(); }
+
+    // Changes of what some program reads, by whole keys. Nothing happens where no look-up reaches.
+
+    /// SettingsFile::set().
+    void set(const QString& key, const QString& value);
+    /// As it is typed, letter by letter: all together one change. Without a letter a setting that the file has is
+    /// empty, and another one is absent.
+    void type(const QString& key, const QString& value);
+    /// What is typed from here on is another change.
+    void endTyping() { history.endTyping(); }
+    /// SettingsFile::unset().
+    void unset(const QString& key);
+    /// Gives the setting what the file has for it: its value, or none.
+    void restore(const QString& key);
+    void apply(const Remedy& remedy);
+    /// fillWithSettings().
+    void fill();
+
+    // Changes of whatever stands in the tree: as SettingsFile has them.
+
+    void setValue(const QDomElement& group, const QString& name, const QString& value);
+    void addSetting(const QDomElement& group, const QString& name);
+    void addGroup(const QDomElement& parent, const QString& name);
+    void renameSetting(const QDomElement& group, const QString& name, const QString& newName);
+    void renameGroup(const QDomElement& group, const QString& newName);
+    void removeSetting(const QDomElement& group, const QString& name);
+    void removeGroup(const QDomElement& group);
+
+    bool canUndo() const { return history.canUndo(); }
+    bool canRedo() const { return history.canRedo(); }
+    QString undoText() const { return history.undoText(); } ///< what would be taken back, for a menu
+    QString redoText() const { return history.redoText(); }
+    void undo();
+    void redo();
+
+    // What there is to know.
+
+    /// Whether it is another content than that of the file, as far as that is known. A group without settings is none.
+    bool isModified() const;
+    /// What the file had for @p key when it was last read or written; nothing when it had no such setting.
+    std::optional<QString> stored(const QString& key) const { return storedValues.value(key); }
+    /// findingsOf() the tree as it is now; worked out when they are asked for.
+    const TreeFindings& findings() const;
+
+    // Saving.
+
+    SettingsFile::Trial tryWriting(const QString& path) const { return tree.tryWriting(path); }
+    /// Whether a file with what @p trial holds has all that is here: else it is to be read again when it is saved.
+    bool isWhole(const SettingsFile::Trial& trial) const { return trial.changed.isEmpty() && tree.losses().isEmpty(); }
+    /// SettingsFile::save(), or create() where there is no such file: for the user alone. When it is whole, it is the
+    /// file that is edited from here on, and the changes can still be taken back.
+    QString save(const QString& path, const SettingsFile::Trial& trial);
+    /// Nobody knows what the file holds: whatever is here counts as another content, until it is saved or read.
+    void noteUnstored();
+
+private:
+    void record(const QString& text, const QString& typing = QString());
+    void noteRead();
+    void noteStored();
+    void tell(const TreeChange& change);
+
+    SettingsFile tree;
+    History history;
+    Listener listener = [](const TreeChange&) {};
+    bool editable = false;
+    bool isContentKnown = true; ///< of the file
+    QStringList storedContent;
+    QHash<QString, std::optional<QString>> storedValues; ///< of all settings that some program reads
+    mutable std::optional<TreeFindings> knownFindings; ///< of the tree as it is
+    mutable std::optional<bool> knownModified;
+};
+
+} // namespace settings
+
+#endif

@@ -1,0 +1,391 @@
+#include "settings/editedfile.h"
+#include "settings/remedies.h"
+#include "support/processstate.h"
+
+#include <QtTest>
+
+#include <functional>
+
+using settings::TreeChange;
+
+/// A settings file while somebody changes it: every change, back and forth, and whether it differs from the file.
+class TestEditedSettings : public QObject {
+    Q_OBJECT
+
+private slots:
+    void changes_data();
+    void changes();
+    void nothingChanges_data();
+    void nothingChanges();
+    void typingIsOneChange();
+    void typingGoesOnOnlyInOneSetting();
+    void typedToNothing_data();
+    void typedToNothing();
+    void aNewChangeForgetsWhatWasTakenBack();
+    void saysWhatWouldBeTakenBack();
+    void goesBackBeyondASave();
+    void savesUnderAnotherName();
+    void whatIsNotWholeIsToBeReadAgain();
+    void aNewFileIsForItsUserAlone();
+    void comparesWithWhatTheFileHolds();
+    void anEmptyGroupIsNoChange();
+    void nobodyKnowsWhatAFailureLeaves();
+    void tellsOfEachChange();
+    void fillsAnEmptyFile();
+};
+
+namespace {
+
+using Action = std::function<void(EditedFile&)>;
+
+const QByteArray begin = "zelmora: { db: { dbname = \"1\"; username = \"2\"; }; bin: { path = \"3\"; }; };";
+
+} // namespace
+
+Q_DECLARE_METATYPE(Action)
+
+void TestEditedSettings::changes_data()
+{
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<Action>("action");
+    QTest::addColumn<QByteArray>("after");
+    const auto row = [](const char* name, const Action& action, const QByteArray& after) {
+        QTest::newRow(name) << begin << action << after;
+    };
+    row(
+        "another value", [](EditedFile& file) { file.set("zelmora.db.dbname", "7"); },
+        "zelmora: { db: { dbname = \"7\"; username = \"2\"; }; bin: { path = \"3\"; }; };");
+    row(
+        "a new setting", [](EditedFile& file) { file.set("zelmora.db.hostname", "7"); },
+        "zelmora: { db: { dbname = \"1\"; username = \"2\"; hostname = \"7\"; }; bin: { path = \"3\"; }; };");
+    row(
+        "a new group", [](EditedFile& file) { file.set("zelmora.logger.filename", "7"); },
+        "zelmora: { db: { dbname = \"1\"; username = \"2\"; }; bin: { path = \"3\"; }; logger: { filename = \"7\"; }; "
+        "};");
+    row(
+        "a setting less", [](EditedFile& file) { file.unset("zelmora.db.dbname"); },
+        "zelmora: { db: { username = \"2\"; }; bin: { path = \"3\"; }; };");
+    row(
+        "the last setting of a group less", [](EditedFile& file) { file.unset("zelmora.bin.path"); },
+        "zelmora: { db: { dbname = \"1\"; username = \"2\"; }; };");
+    row(
+        "a setting of another name, in its place",
+        [](EditedFile& file) {
+            file.renameSetting(file.group({"zelmora", "db"}), "dbname", "n");
+        },
+        "zelmora: { db: { n = \"1\"; username = \"2\"; }; bin: { path = \"3\"; }; };");
+    row(
+        "a group of another name, in its place",
+        [](EditedFile& file) {
+            file.renameGroup(file.group({"zelmora", "db"}), "c");
+        },
+        "zelmora: { c: { dbname = \"1\"; username = \"2\"; }; bin: { path = \"3\"; }; };");
+    row(
+        "a setting taken out of the list",
+        [](EditedFile& file) {
+            file.removeSetting(file.group({"zelmora", "db"}), "dbname");
+        },
+        "zelmora: { db: { username = \"2\"; }; bin: { path = \"3\"; }; };");
+    row(
+        "the first group taken out of the list",
+        [](EditedFile& file) {
+            file.removeGroup(file.group({"zelmora", "db"}));
+        },
+        "zelmora: { bin: { path = \"3\"; }; };");
+    row(
+        "all of it taken out of the list", [](EditedFile& file) { file.removeGroup(file.group({"zelmora"})); }, "");
+    row(
+        "a setting added to the list",
+        [](EditedFile& file) {
+            file.addSetting(file.group({"zelmora", "bin"}), "n");
+        },
+        "zelmora: { db: { dbname = \"1\"; username = \"2\"; }; bin: { path = \"3\"; n = \"\"; }; };");
+    row(
+        "a value in the list",
+        [](EditedFile& file) {
+            file.setValue(file.group({"zelmora", "bin"}), "path", "7");
+        },
+        "zelmora: { db: { dbname = \"1\"; username = \"2\"; }; bin: { path = \"7\"; }; };");
+    QTest::newRow("the first setting of all")
+        << QByteArray() << Action([](EditedFile& file) { file.set("zelmora.logger.filename", "7"); })
+        << QByteArray("zelmora: { logger: { filename = \"7\"; }; };");
+    QTest::newRow("an empty value, in all groups of the name")
+        << QByteArray("zelmora: { db: { dbname = \"1\"; }; db: { dbname = \"2\"; }; };")
+        << Action([](EditedFile& file) { file.set("zelmora.db.dbname", ""); })
+        << QByteArray("zelmora: { db: { dbname = \"\"; }; db: { dbname = \"\"; }; };");
+    QTest::newRow("in the one of two groups that answers")
+        << QByteArray("zelmora: { db: { username = \"1\"; }; db: { dbname = \"2\"; }; };")
+        << Action([](EditedFile& file) { file.set("zelmora.db.dbname", "7"); })
+        << QByteArray("zelmora: { db: { username = \"1\"; }; db: { dbname = \"7\"; }; };");
+}
+
+// Done, taken back, done once more, and taken back again.
+void TestEditedSettings::changes()
+{
+    QFETCH(QByteArray, before);
+    QFETCH(Action, action);
+    QFETCH(QByteArray, after);
+    EditedFile file(before);
+    QVERIFY(!file.canUndo());
+    action(file);
+    for (int turn = 0; turn < 2; ++turn) {
+        QCOMPARE(file.now(), after);
+        QVERIFY(file.isModified());
+        QVERIFY(file.canUndo() && !file.canRedo());
+        file.undo();
+        QCOMPARE(file.now(), before);
+        QVERIFY(!file.isModified());
+        QVERIFY(!file.canUndo() && file.canRedo());
+        file.redo();
+    }
+}
+
+void TestEditedSettings::nothingChanges_data()
+{
+    QTest::addColumn<Action>("action");
+    const auto row = [](const char* name, const Action& action) { QTest::newRow(name) << action; };
+    row("the value that there is", [](EditedFile& file) { file.set("zelmora.db.dbname", "1"); });
+    row("the value that there is, in the list", [](EditedFile& file) {
+        file.setValue(file.group({"zelmora", "db"}), "dbname", "1");
+    });
+    row("what is absent taken out", [](EditedFile& file) { file.unset("zelmora.db.hostname"); });
+    row("restored unchanged", [](EditedFile& file) { file.restore("zelmora.db.dbname"); });
+    row("where no look-up reaches", [](EditedFile& file) { file.set("other.db.dbname", "1"); });
+}
+
+void TestEditedSettings::nothingChanges()
+{
+    QFETCH(Action, action);
+    EditedFile file(begin);
+    int changes = 0;
+    file.setListener([&](const TreeChange&) { ++changes; });
+    action(file);
+    QVERIFY(!file.canUndo());
+    QCOMPARE(changes, 0);
+    QCOMPARE(file.now(), begin);
+}
+
+void TestEditedSettings::typingIsOneChange()
+{
+    EditedFile file(begin);
+    for (const char* text : {"", "4", "48"})
+        file.type("zelmora.db.dbname", text);
+    QCOMPARE(file.now(), QByteArray(begin).replace("dbname = \"1\"", "dbname = \"48\""));
+    file.undo();
+    QCOMPARE(file.now(), begin);
+    QVERIFY(!file.canUndo());
+    file.redo();
+    QCOMPARE(file.now(), QByteArray(begin).replace("dbname = \"1\"", "dbname = \"48\""));
+}
+
+void TestEditedSettings::typingGoesOnOnlyInOneSetting()
+{
+    EditedFile file(begin);
+    file.type("zelmora.db.dbname", "7");
+    file.type("zelmora.db.username", "8"); // another setting
+    file.endTyping(); // the field is left
+    file.type("zelmora.db.username", "9");
+    file.undo();
+    QCOMPARE(file.now(), QByteArray(begin).replace("\"1\"", "\"7\"").replace("\"2\"", "\"8\""));
+    file.type("zelmora.db.username", "6"); // after a change that was taken back
+    file.undo();
+    QCOMPARE(file.now(), QByteArray(begin).replace("\"1\"", "\"7\"").replace("\"2\"", "\"8\""));
+    file.undo();
+    QCOMPARE(file.now(), QByteArray(begin).replace("\"1\"", "\"7\""));
+    file.undo();
+    QVERIFY(!file.canUndo());
+}
+
+void TestEditedSettings::typedToNothing_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QByteArray>("after");
+    QTest::addColumn<bool>("isChange");
+    QTest::newRow("of a setting that the file has")
+        << "zelmora.db.dbname" << QByteArray(begin).replace("dbname = \"1\"", "dbname = \"\"") << true;
+    QTest::newRow("of a setting that the file lacks") << "zelmora.db.hostname" << begin << false;
+    QTest::newRow("of a group that the file lacks")
+        << "zelmora.logger.filename" << begin << true; // an empty group is left
+}
+
+void TestEditedSettings::typedToNothing()
+{
+    QFETCH(QString, key);
+    QFETCH(QByteArray, after);
+    QFETCH(bool, isChange);
+    EditedFile file(begin);
+    file.set("zelmora.bin.path", "4");
+    for (const char* text : {"7", "78", "7", ""})
+        file.type(key, text);
+    QCOMPARE(file.now(), after.replace("\"3\"", "\"4\""));
+    if (isChange)
+        file.undo();
+    file.type(key, "5");
+    file.undo();
+    QCOMPARE(file.now(), QByteArray(begin).replace("\"3\"", "\"4\""));
+    file.undo();
+    QVERIFY(!file.canUndo());
+}
+
+void TestEditedSettings::aNewChangeForgetsWhatWasTakenBack()
+{
+    EditedFile file(begin);
+    file.set("zelmora.db.dbname", "7");
+    file.set("zelmora.db.dbname", "8");
+    file.undo();
+    file.set("zelmora.db.username", "9");
+    QVERIFY(!file.canRedo());
+    file.undo();
+    QCOMPARE(file.now(), QByteArray(begin).replace("\"1\"", "\"7\""));
+}
+
+void TestEditedSettings::saysWhatWouldBeTakenBack()
+{
+    EditedFile file(begin);
+    QCOMPARE(file.undoText(), QString());
+    QCOMPARE(file.redoText(), QString());
+    file.set("zelmora.db.dbname", "7");
+    file.removeGroup(file.group({"zelmora", "bin"}));
+    QCOMPARE(file.undoText(), QString("bin"));
+    file.undo();
+    QCOMPARE(file.undoText(), QString("zelmora.db.dbname"));
+    QCOMPARE(file.redoText(), QString("bin"));
+}
+
+void TestEditedSettings::goesBackBeyondASave()
+{
+    EditedFile file(begin);
+    file.type("zelmora.db.dbname", "7");
+    QCOMPARE(file.save(file.path, file.tryWriting(file.path)), QString());
+    QVERIFY(!file.isModified());
+    QCOMPARE(file.stored("zelmora.db.dbname"), std::optional<QString>("7"));
+    file.type("zelmora.db.dbname", "78"); // what was saved stays a step of its own
+    file.undo();
+    QVERIFY(!file.isModified());
+    file.undo();
+    QVERIFY(file.isModified());
+    QCOMPARE(file.now(), begin);
+    QCOMPARE(fileContents(file.path).simplified(), QByteArray(begin).replace("\"1\"", "\"7\""));
+    file.redo();
+    QVERIFY(!file.isModified());
+}
+
+void TestEditedSettings::savesUnderAnotherName()
+{
+    EditedFile file(begin);
+    file.set("zelmora.db.dbname", "7");
+    const QString other = QFileInfo(file.path).path() + "/b.xml";
+    QCOMPARE(file.save(other, file.tryWriting(other)), QString());
+    QCOMPARE(file.file().path(), other);
+    QCOMPARE(file.file().root().tagName(), other);
+    QVERIFY(!file.isModified());
+    QVERIFY(!file.file().changedOnDisk());
+    QCOMPARE(fileContents(file.path), begin);
+    file.undo();
+    QVERIFY(file.isModified());
+    QCOMPARE(file.now(), begin);
+}
+
+// The window reads it then, so that it shows what the file holds.
+void TestEditedSettings::whatIsNotWholeIsToBeReadAgain()
+{
+    EditedFile file(begin + "other: { b = 1; };");
+    const auto trial = file.tryWriting(file.path);
+    QVERIFY(!file.isWhole(trial));
+    QCOMPARE(file.save(file.path, trial), QString());
+    QCOMPARE(fileContents(file.path).simplified(), begin);
+
+    EditedFile filled("zelmora: { db: { dbname = 1; }; bin: { }; };");
+    QVERIFY(!filled.isWhole(filled.tryWriting(filled.path))); // the group b, which holds nothing
+    filled.set("zelmora.bin.path", "2");
+    QVERIFY(filled.isWhole(filled.tryWriting(filled.path)));
+
+    EditedFile xml("<zelmora a='x;y'/>", "a.xml");
+    QVERIFY(xml.isWhole(xml.tryWriting("a.xml")));
+    QVERIFY(!xml.isWhole(xml.tryWriting("a.conf")));
+}
+
+void TestEditedSettings::aNewFileIsForItsUserAlone()
+{
+    EditedFile file(begin);
+    const QString path = QFileInfo(file.path).path() + "/new.conf";
+    QCOMPARE(file.save(path, file.tryWriting(path)), QString());
+    QCOMPARE(permissionsOf(path), mode_t(0600));
+}
+
+void TestEditedSettings::comparesWithWhatTheFileHolds()
+{
+    EditedFile file("zelmora: { receiptdoc: { paperWidth = 32; }; };");
+    const QString key = "zelmora.receiptdoc.paperWidth";
+    QCOMPARE(file.stored(key), std::optional<QString>("32"));
+    file.set(key, "40");
+    QVERIFY(file.isModified());
+    QCOMPARE(file.stored(key), std::optional<QString>("32"));
+    file.set(key, "32");
+    QVERIFY(!file.isModified());
+    file.set(key, "40");
+    file.restore(key);
+    QVERIFY(!file.isModified());
+
+    file.set("zelmora.receiptdoc.printDate", "true");
+    QVERIFY(file.isModified());
+    file.restore("zelmora.receiptdoc.printDate");
+    QVERIFY(!file.isModified());
+    QCOMPARE(file.now(), QByteArray("zelmora: { receiptdoc: { paperWidth = \"32\"; }; };"));
+}
+
+void TestEditedSettings::anEmptyGroupIsNoChange()
+{
+    EditedFile file(begin);
+    file.addGroup(file.group({"zelmora"}), "c");
+    QVERIFY(file.canUndo());
+    QVERIFY(!file.isModified());
+    file.addGroup(file.group({"zelmora", "c"}), "d");
+    QVERIFY(!file.isModified());
+    file.addSetting(file.group({"zelmora", "c", "d"}), "n");
+    QVERIFY(file.isModified());
+}
+
+void TestEditedSettings::nobodyKnowsWhatAFailureLeaves()
+{
+    EditedFile file(begin);
+    file.set("zelmora.db.dbname", "7");
+    {
+        const FileSizeLimit limit(0);
+        QVERIFY(!file.save(file.path, file.tryWriting(file.path)).isEmpty());
+    }
+    file.undo();
+    QVERIFY(file.isModified());
+    QCOMPARE(file.save(file.path, file.tryWriting(file.path)), QString());
+    QVERIFY(!file.isModified());
+}
+
+void TestEditedSettings::tellsOfEachChange()
+{
+    EditedFile file(begin);
+    QVector<int> steps;
+    file.setListener([&](const TreeChange& change) { steps += change.size(); });
+    file.set("zelmora.logger.filename", "7"); // the group, and the setting in it
+    file.undo();
+    file.redo();
+    file.type("zelmora.db.dbname", "7");
+    file.type("zelmora.db.dbname", "78");
+    file.undo(); // both at once
+    QCOMPARE(file.save(file.path, file.tryWriting(file.path)), QString()); // what the file holds has changed
+    QCOMPARE(steps, QVector<int>({2, 2, 2, 1, 1, 1, 0}));
+}
+
+void TestEditedSettings::fillsAnEmptyFile()
+{
+    EditedFile file(" \n");
+    QVERIFY(file.isEmpty());
+    file.fill();
+    QVERIFY(!file.isEmpty());
+    QCOMPARE(file.file().value("zelmora.receiptdoc.paperWidth"), QString("32"));
+    file.undo();
+    QVERIFY(file.isEmpty());
+    QVERIFY(!file.canUndo());
+}
+
+QTEST_GUILESS_MAIN(TestEditedSettings)
+#include "tst_editedsettings.moc"
