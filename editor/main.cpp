@@ -2,6 +2,7 @@
 #include "config/zmconfiguration.h"
 #include "editor/commandline.h"
 #include "editor/settingswindow.h"
+#include "preview/scratchfolders.h"
 #include "toolkit/literals.h"
 
 #include <QApplication>
@@ -16,6 +17,7 @@ int main(int argc, char** argv)
 
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    preview::takeEndingSignals(); // before the toolkit starts threads
     QApplication application(argc, argv);
     refuseRemainingOptions();
     QApplication::setOrganizationName(QStringLiteral("zelmora"));

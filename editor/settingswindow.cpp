@@ -67,6 +67,7 @@ void SettingsWindow::addPages()
         table->showGroup(group);
         find(); // its rows too
     });
+    addPaper();
 
     pages = new QTabWidget;
     pages->addTab(splitter, QObject::tr("Settings"));
@@ -113,6 +114,7 @@ void SettingsWindow::showSettings()
 {
     filePage->forget();
     table->showGroup(groups->current());
+    paper->setGroup(groups->current().name);
     showState();
     showPage();
 }
@@ -143,6 +145,7 @@ void SettingsWindow::showState()
     setWindowTitle((path.isEmpty() ? QObject::tr("no file") : path) + mark + "[*] - "_L1 + QObject::tr("Settings"));
     setWindowModified(settings.isModified());
     groups->refresh();
+    showPaper();
     showNotices();
     updateActions();
     find();

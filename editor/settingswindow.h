@@ -1,6 +1,7 @@
 #ifndef ZELMORA_EDITOR_SETTINGSWINDOW_H
 #define ZELMORA_EDITOR_SETTINGSWINDOW_H
 
+#include "preview/settingsbytes.h"
 #include "settings/editedsettings.h"
 
 #include <QFileSystemWatcher>
@@ -10,6 +11,7 @@ class FilePage;
 class GroupList;
 class GroupTable;
 class Notice;
+class PaperPane;
 class QAction;
 class QFileDialog;
 class QLabel;
@@ -19,9 +21,9 @@ class QSplitter;
 class QTabWidget;
 
 /// The settings editor: the settings that the suite's programs read, described and changed in a table for each group,
-/// and on a second page all that stands in the file. Nothing is lost without a word: what saving would drop or change
-/// is asked before and kept beside the file, what cannot be saved stays in the window, and a file that does not look
-/// like settings can only be read.
+/// beside them the paper that they make, and on a second page all that stands in the file. Nothing is lost without a
+/// word: what saving would drop or change is asked before and kept beside the file, what cannot be saved stays in the
+/// window, and a file that does not look like settings can only be read.
 class SettingsWindow : public QMainWindow {
     Q_OBJECT
 
@@ -38,6 +40,7 @@ public:
 protected:
     bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     // What it is made of, and what it shows (settingswindow.cpp).
@@ -65,6 +68,11 @@ private:
     void showHelp();
     void showAbout();
 
+    // The paper (windowpaper.cpp).
+    void addPaper();
+    void addPaperMenu();
+    void showPaper();
+
     // Finding (windowfinding.cpp).
     void addFindBar();
     void startFinding();
@@ -91,9 +99,11 @@ private:
 
     settings::EditedSettings settings;
     QFileSystemWatcher watcher;
+    preview::SettingsBytes storedSettings; ///< as the file has them
 
     GroupList* groups = nullptr;
     GroupTable* table = nullptr;
+    PaperPane* paper = nullptr;
     FilePage* filePage = nullptr;
     QSplitter* splitter = nullptr; ///< of the first page
     QTabWidget* pages = nullptr;

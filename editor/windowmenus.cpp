@@ -23,6 +23,7 @@ void SettingsWindow::addMenus()
     addFileMenu();
     addEditMenu();
     addPageMenu();
+    addPaperMenu();
     addHelpMenu();
 }
 

@@ -6,6 +6,10 @@
 
 #include <optional>
 
+namespace settings {
+class SettingsFile;
+}
+
 namespace preview {
 
 /// Settings as the print program reads them.
@@ -16,6 +20,8 @@ struct SettingsBytes {
 
 /// Those of the file @p path: XML where its name ends in ".xml", which is converted; any other byte for byte.
 SettingsBytes readSettings(const QString& path);
+/// Those of @p file as it is in memory, saved or not.
+SettingsBytes settingsOf(const settings::SettingsFile& file);
 /// The user's own, which need not be there.
 SettingsBytes readOwnSettings();
 

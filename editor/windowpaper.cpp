@@ -1,0 +1,47 @@
+// The paper beside the settings.
+
+#include "editor/grouplist.h"
+#include "editor/paperpane.h"
+#include "editor/settingswindow.h"
+
+#include <QMenu>
+#include <QMenuBar>
+#include <QSplitter>
+
+namespace {
+
+/// Below that the settings take all the room; in widths of an "x", since they grow with the letters.
+const int narrowestWithPaper = 100;
+
+} // namespace
+
+void SettingsWindow::addPaper()
+{
+    paper = new PaperPane;
+    splitter->addWidget(paper);
+    splitter->setStretchFactor(splitter->indexOf(paper), 1);
+    connect(groups, &GroupList::chosen, paper,
+            [this](const vocabulary::SettingGroup& group) { paper->setGroup(group.name); });
+}
+
+void SettingsWindow::addPaperMenu()
+{
+    QMenu* const menu = paper->paperMenu();
+    menu->setTitle(QObject::tr("&Paper"));
+    menuBar()->addMenu(menu);
+}
+
+/// As the print program would find the settings if they were saved now; what differs from the file is marked there.
+void SettingsWindow::showPaper()
+{
+    const preview::SettingsBytes now = preview::settingsOf(settings.file());
+    if (!settings.isModified())
+        storedSettings = now;
+    paper->setSettings(now, storedSettings);
+}
+
+void SettingsWindow::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    paper->setVisible(width() >= narrowestWithPaper * fontMetrics().averageCharWidth());
+}
