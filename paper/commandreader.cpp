@@ -37,9 +37,10 @@ constexpr Form forms[] = {
     {Command::Payment, {}, mealTicket},
 };
 
+/// Begin and end of a form have no common part that a line could have once.
 bool fits(const Form& form, const QString& line)
 {
-    return line.size() >= form.begin.size() + form.end.size() && line.startsWith(form.begin) && line.endsWith(form.end);
+    return line.startsWith(form.begin) && line.endsWith(form.end);
 }
 
 /// The text of @p line from @p begin on goes to the first quote.

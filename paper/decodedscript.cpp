@@ -70,8 +70,10 @@ DecodedScript ByteDecoder::decode()
 void ByteDecoder::take(const QString& characters, int end)
 {
     const int replaced = characters.lastIndexOf(QChar::ReplacementCharacter);
-    if (replaced >= 0 && bytes.mid(begin, end - begin) != genuine)
-        addInvalid(end - encoded(codec, characters.mid(replaced + 1)).size());
+    if (replaced >= 0 && bytes.mid(begin, end - begin) != genuine) {
+        const bool isAll = replaced + 1 == characters.size();
+        addInvalid(isAll ? end : end - encoded(codec, characters.mid(replaced + 1)).size());
+    }
     script.text += characters;
     begin = end;
 }

@@ -79,7 +79,7 @@ Scene::BandPlace Scene::placeBand(const Sheet::Band& band, int top)
         place.most += mostColumns(band, i);
         place.lefts += left;
         const int columns = drawnColumns(band.at(i), place.most.last());
-        left += std::max(paperSize, columnLeft(columns) + padding) + margin;
+        left += (columns > paperWidth ? columnLeft(columns) : paperSize) + margin;
     }
     wholeSize.setWidth(std::max(wholeSize.width(), left));
     return place;
@@ -123,10 +123,12 @@ void Scene::drawRow(Canvas& canvas, const Row& row, int most, QPoint begin) cons
 int Scene::pageEnd(int top, int height) const
 {
     const int end = top + height;
-    const auto cut =
-        std::find_if(places.begin(), places.end(), [end](const BandPlace& place) { return end <= place.bottom; });
-    if (cut == places.end() || end <= cut->top)
-        return std::min(end, wholeSize.height());
+    const auto cut = std::find_if(places.begin(), places.end(),
+                                  [end](const BandPlace& place) { return end < place.bottom - padding; });
+    if (cut == places.end())
+        return wholeSize.height(); // what is left is margin
+    if (end <= cut->top)
+        return cut->top;
     const int rows = (end - cut->rows) / cellHeight;
     const int between = end < cut->rows + cellHeight ? cut->top : cut->rows + rows * cellHeight;
     return between > top ? between : end;

@@ -37,7 +37,8 @@ public:
     /// Draws the rows and titles that lie between @p top and @p bottom as a whole; papers are cut there.
     void draw(Canvas& canvas, int top, int bottom) const;
     void draw(Canvas& canvas) const { draw(canvas, 0, wholeSize.height()); }
-    /// Where a page that begins at @p top and has room for @p height ends: between two rows, if it can.
+    /// Where a page that begins at @p top and has room for @p height ends: between two rows, or before a title. It may
+    /// end a little below that room, where nothing but margin lies beyond.
     int pageEnd(int top, int height) const;
 
 private:

@@ -643,6 +643,9 @@ void TestCheckProgram::traceOfAScript()
 /// A job of 200 MB goes through where memory would not hold it.
 void TestCheckProgram::jobsAreReadPieceByPiece()
 {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    QSKIP("The sanitizers need more memory than the limit.");
+#endif
     CheckRun run;
     run.setSettings(widths);
     run.startShell("{ echo '<job><method name=\"printFullOrderReceipt\"/>'; yes '<!-- nothing to print -->' | head -c "

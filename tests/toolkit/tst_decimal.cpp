@@ -19,7 +19,10 @@ private slots:
     void order();
     void hundredths_data();
     void hundredths();
+    void rounding_data();
+    void rounding();
     void manyGreatProducts();
+    void productsThatHaveNoRoom();
     void decimalsOfATextAreAsked();
 };
 
@@ -220,6 +223,34 @@ void TestDecimal::hundredths()
 }
 
 /// A million of the greatest products and no digit is lost, a hundredth of the least included.
+void TestDecimal::rounding_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("rounded");
+    const auto row = [](const char* name, const QString& text, const char* rounded) {
+        QTest::newRow(name) << text << rounded;
+    };
+    row("zero", "0", "0.00");
+    row("hundredths stay", "-1.25", "-1.25");
+    row("down", "0.124", "0.12");
+    row("up", "0.126", "0.13");
+    row("just between two", "0.125", "0.13");
+    row("a bit below that", "0.12499999999999999999999999999", "0.12");
+    row("just between two below zero", "-0.125", "-0.12");
+    row("a bit below that one", "-0.12500000000000000000000000001", "-0.13");
+    row("a bit above it", "-0.12499999999999999999999999999", "-0.12");
+    row("down to zero", "0.0049", "0.00");
+    row("half of a hundredth below zero is zero, without a sign", "-0.005", "0.00");
+    row("a bit more than that", "-0.0051", "-0.01");
+    row("over many nines", "999999999999999999999.995", "1000000000000000000000.00");
+}
+
+void TestDecimal::rounding()
+{
+    QFETCH(QString, text);
+    QTEST(number(text).roundedToHundredths().text(), "rounded");
+}
+
 void TestDecimal::manyGreatProducts()
 {
     const QString least = "0." + QString(28, '0') + "1";
@@ -229,6 +260,26 @@ void TestDecimal::manyGreatProducts()
         sum += greatest;
     sum += (number(least) * number(least)).hundredth();
     QCOMPARE(sum.text(), QString(29, '9') + "8" + QString(29, '0') + "1000000." + QString(59, '0') + "1");
+}
+
+void TestDecimal::productsThatHaveNoRoom()
+{
+    const auto product = [](const Decimal& left, const Decimal& right) {
+        const std::optional<Decimal> found = Decimal::product(left, right);
+        return found ? found->text() : QString("none");
+    };
+    const Decimal million(1000000);
+    const Decimal great = number('1' + QString(29, '0')); // 10^29
+    const Decimal small = number("0." + QString(28, '0') + '1'); // 10^-29
+    QCOMPARE(product(number("-1.5"), number("2.5")), QString("-3.75"));
+    QCOMPARE(product(number(nines), number(nines)), QString(29, '9') + '8' + QString(29, '0') + "1.00");
+    QCOMPARE(product(great * great, million * million), '1' + QString(70, '0') + ".00");
+    QCOMPARE(product(great * great, million * million * Decimal(100)), QString("none")); // 10^72
+    QCOMPARE(product(great * great, great * great), QString("none"));
+    QCOMPARE(product(small * small, number("0.001")), "0." + QString(60, '0') + '1');
+    QCOMPARE(product(small * small, number("0.0001")), QString("none")); // a hundredth of it has no room
+    QCOMPARE(product(small * small, small), QString("none"));
+    QCOMPARE(product(Decimal(), great * great), QString("0.00"));
 }
 
 void TestDecimal::decimalsOfATextAreAsked()
