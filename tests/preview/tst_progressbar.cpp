@@ -96,7 +96,7 @@ void TestProgressBar::isGoneAtTheEnd()
         bar.show(999);
         terminal.shown();
     }
-    QCOMPARE(terminal.shown(), '\r' + QByteArray(42 + 10, ' ') + '\r'); // "[...] 1000/1000"
+    QCOMPARE(terminal.shown(), '\r' + QByteArray(43 + 9, ' ') + '\r'); // "[...] 1000/1000"
 }
 
 void TestProgressBar::isNotWrittenToAFile()
