@@ -64,8 +64,8 @@ void TestCatalogue::holdsEveryMarkedText()
     const QString marked = folder.filePath("marked.ts");
     QProcess lupdate;
     QStringList arguments {"-silent"};
-    for (const char* sources : {"app", "check", "config", "db", "driver", "editor", "log", "paper", "print", "settings",
-                                "toolkit", "util", "vocabulary"})
+    for (const char* sources : {"app", "check", "config", "db", "driver", "editor", "log", "paper", "preview", "print",
+                                "settings", "toolkit", "util", "vocabulary"})
         arguments += QString(ZELMORA_TRANSLATIONS "/../") + sources;
     lupdate.start(ZELMORA_LUPDATE, arguments + QStringList {"-ts", marked});
     QVERIFY(lupdate.waitForFinished());

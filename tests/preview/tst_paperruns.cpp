@@ -276,8 +276,10 @@ void TestPaperRuns::whatIsLeftBySignals()
 void TestPaperRuns::anIgnoredSignalStaysIgnored()
 {
     const Place place;
-    place.makePrintProgram("own/deep", "kill -s HUP $PPID; printf \"nofis apri\\nnofis chiudi\\n\" > \"$2\"");
+    place.makePrintProgram("own/deep",
+                           "kill -s HUP $PPID; sleep 0.5; printf \"nofis apri\\nnofis chiudi\\n\" > \"$2\"");
     PaperRun run(place.program());
+    run.setEnvironment("PATH", "/usr/bin:/bin");
     run.writeFile("a.xml", "<j/>");
     run.startShell("trap '' HUP; exec \"$program\" --plain a.xml");
     QCOMPARE(run.remarks(), QByteArray());

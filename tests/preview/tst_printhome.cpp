@@ -20,7 +20,7 @@ using preview::PrintHome;
 
 void TestPrintHome::holdsTheSettingsByteForByte()
 {
-    const QByteArray settings("zelmora: {\r\n doc: { a = \xE8\0; };\n};", 33);
+    const QByteArray settings = QByteArrayLiteral("zelmora: {\r\n doc: { a = \xE8\0; };\n};");
     const PrintHome home(settings);
     QCOMPARE(home.reason(), QString());
     QCOMPARE(fileContents(home.path() + "/.zelmora/conf/zelmora.conf"), settings);

@@ -45,7 +45,8 @@ using preview::readSettings;
 void TestSettingsBytes::theBraceFormIsTakenByteForByte()
 {
     const Folder folder;
-    for (const QByteArray& bytes : {QByteArray("zelmora: { doc: { a = \xE8; };\r\n}; and\0more", 42), QByteArray("")}) {
+    for (const QByteArray& bytes :
+         {QByteArrayLiteral("zelmora: { doc: { a = \xE8; };\r\n}; and\0more"), QByteArray("")}) {
         const preview::SettingsBytes settings = readSettings(folder.file("a.conf", bytes));
         QCOMPARE(settings.reason, QString());
         QVERIFY(settings.bytes.has_value());

@@ -3,7 +3,7 @@
 #include <QtTest>
 
 /// `zelmora-paper --compare` and `--rehearse`.
-class TestPaperComparison : public QObject {
+class TestPaperPairs : public QObject {
     Q_OBJECT
 
 private slots:
@@ -52,7 +52,7 @@ QStringList linesWith(const QByteArray& drawing, const QString& text)
 
 } // namespace
 
-void TestPaperComparison::sameScripts()
+void TestPaperPairs::sameScripts()
 {
     PaperRun run;
     run.writeFile("a.txt", script({"one"}));
@@ -62,7 +62,7 @@ void TestPaperComparison::sameScripts()
     QCOMPARE(run.standardError, QByteArray());
 }
 
-void TestPaperComparison::differentScripts()
+void TestPaperPairs::differentScripts()
 {
     PaperRun run;
     run.writeFile("a.txt", script({"one", "two"}));
@@ -76,7 +76,7 @@ void TestPaperComparison::differentScripts()
     QVERIFY(run.standardOutput.endsWith(scripts(1, 1, 0)));
 }
 
-void TestPaperComparison::onlyTheDocumentsThatDiffer()
+void TestPaperPairs::onlyTheDocumentsThatDiffer()
 {
     PaperRun run;
     run.writeFile("a.txt", script({"one"}) + script({"two"}));
@@ -87,7 +87,7 @@ void TestPaperComparison::onlyTheDocumentsThatDiffer()
     QVERIFY(run.standardOutput.endsWith(scripts(1, 1, 0)));
 }
 
-void TestPaperComparison::aDocumentMore()
+void TestPaperPairs::aDocumentMore()
 {
     PaperRun run;
     run.writeFile("a.txt", script({"one"}));
@@ -97,7 +97,7 @@ void TestPaperComparison::aDocumentMore()
     QVERIFY(!run.standardOutput.contains("│one"));
 }
 
-void TestPaperComparison::differentWithoutATrace()
+void TestPaperPairs::differentWithoutATrace()
 {
     PaperRun run;
     run.writeFile("a.txt", script({"one"}));
@@ -106,7 +106,7 @@ void TestPaperComparison::differentWithoutATrace()
     QCOMPARE(run.standardOutput, scripts(1, 0, 1));
 }
 
-void TestPaperComparison::findingsDoNotCount()
+void TestPaperPairs::findingsDoNotCount()
 {
     PaperRun run;
     run.writeFile("a.txt", "nofis apri\r\n");
@@ -116,7 +116,7 @@ void TestPaperComparison::findingsDoNotCount()
     QCOMPARE(run.standardOutput, scripts(1, 0, 1));
 }
 
-void TestPaperComparison::intoAFile()
+void TestPaperPairs::intoAFile()
 {
     PaperRun run;
     run.writeFile("a.txt", script({"one"}));
@@ -130,7 +130,7 @@ void TestPaperComparison::intoAFile()
     QCOMPARE(run.fileOf("c.txt"), QByteArray("before"));
 }
 
-void TestPaperComparison::folders()
+void TestPaperPairs::folders()
 {
     PaperRun run;
     QDir(run.path(".")).mkpath("old/sub");
@@ -158,7 +158,7 @@ void TestPaperComparison::folders()
 }
 
 // With a slash at its end, through a link to it; a link in it leads out of the folder, or round in a circle.
-void TestPaperComparison::wholeFoldersAreRead()
+void TestPaperPairs::wholeFoldersAreRead()
 {
     PaperRun run;
     QDir(run.path(".")).mkpath("old/sub");
@@ -175,7 +175,7 @@ void TestPaperComparison::wholeFoldersAreRead()
     QVERIFY(run.standardOutput.endsWith(scripts(1, 1, 0)));
 }
 
-void TestPaperComparison::encodings()
+void TestPaperPairs::encodings()
 {
     PaperRun run;
     run.writeFile("a.txt", script({"\xE8"}));
@@ -186,7 +186,7 @@ void TestPaperComparison::encodings()
     QVERIFY(run.standardOutput.contains("│é"));
 }
 
-void TestPaperComparison::whatCannotBeCompared_data()
+void TestPaperPairs::whatCannotBeCompared_data()
 {
     QTest::addColumn<QStringList>("files");
     QTest::addColumn<QByteArray>("message");
@@ -203,7 +203,7 @@ void TestPaperComparison::whatCannotBeCompared_data()
                                    << QByteArray("The file empty.txt is empty.\n");
 }
 
-void TestPaperComparison::whatCannotBeCompared()
+void TestPaperPairs::whatCannotBeCompared()
 {
     QFETCH(QStringList, files);
     QFETCH(QByteArray, message);
@@ -218,7 +218,7 @@ void TestPaperComparison::whatCannotBeCompared()
     QCOMPARE(run.standardOutput, QByteArray());
 }
 
-void TestPaperComparison::rehearsalWithoutAChange()
+void TestPaperPairs::rehearsalWithoutAChange()
 {
     PaperRun run;
     run.setSettings(simpleSettings());
@@ -230,7 +230,7 @@ void TestPaperComparison::rehearsalWithoutAChange()
     QCOMPARE(run.standardError, QByteArray());
 }
 
-void TestPaperComparison::rehearsalOfAChange()
+void TestPaperPairs::rehearsalOfAChange()
 {
     PaperRun run;
     run.setSettings(simpleSettings());
@@ -243,7 +243,7 @@ void TestPaperComparison::rehearsalOfAChange()
     QVERIFY(run.standardOutput.endsWith(jobs(2, 1, 0)));
 }
 
-void TestPaperComparison::rehearsalOfOtherSettingsThanTodays()
+void TestPaperPairs::rehearsalOfOtherSettingsThanTodays()
 {
     PaperRun run;
     run.writeFile("today.conf", simpleSettings());
@@ -256,7 +256,7 @@ void TestPaperComparison::rehearsalOfOtherSettingsThanTodays()
     QVERIFY(run.standardOutput.startsWith("-, today"));
 }
 
-void TestPaperComparison::whatCannotBeRehearsed_data()
+void TestPaperPairs::whatCannotBeRehearsed_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QByteArray>("message");
@@ -275,7 +275,7 @@ void TestPaperComparison::whatCannotBeRehearsed_data()
                       "  zelmora.doc.style = a;b\n");
 }
 
-void TestPaperComparison::whatCannotBeRehearsed()
+void TestPaperPairs::whatCannotBeRehearsed()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QByteArray, message);
@@ -290,5 +290,10 @@ void TestPaperComparison::whatCannotBeRehearsed()
     QCOMPARE(run.standardOutput, QByteArray());
 }
 
+<<<<<<<< HEAD:tests/preview/tst_comparing.cpp
 QTEST_GUILESS_MAIN(TestPaperComparison)
 #include "tst_comparing.moc"
+========
+QTEST_GUILESS_MAIN(TestPaperPairs)
+#include "tst_paperpairs.moc"
+>>>>>>>> lane-preview:tests/preview/tst_paperpairs.cpp
