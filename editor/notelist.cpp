@@ -3,10 +3,11 @@
 #include "editor/icons.h"
 #include "toolkit/literals.h"
 
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QStyle>
+#include <QVBoxLayout>
 
 using toolkit::operator""_L1;
 using settings::Note;
@@ -63,14 +64,15 @@ void NoteList::show(const QVector<Note>& notes, int further)
 void NoteList::add(const Note& note)
 {
     auto* const line = new QWidget;
-    auto* const layout = new QHBoxLayout(line);
+    auto* const layout = new QGridLayout(line);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setColumnStretch(1, 1);
     auto* const picture = new QLabel;
     picture->setPixmap(icons::severity(note.severity).pixmap(style()->pixelMetric(QStyle::PM_SmallIconSize)));
-    layout->addWidget(picture, 0, Qt::AlignTop);
-    layout->addWidget(newText(note.text), 1);
+    layout->addWidget(picture, 0, 0, Qt::AlignTop);
+    layout->addWidget(newText(note.text), 0, 1);
     if (note.remedy)
-        layout->addWidget(newButton(*note.remedy), 0, Qt::AlignTop);
+        layout->addWidget(newButton(*note.remedy), 1, 1, Qt::AlignLeft);
     lines->addWidget(line);
 }
 

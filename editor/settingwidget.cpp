@@ -106,7 +106,10 @@ void SettingWidget::show(const SettingRow& row)
     if (!field->isFor(row) && !field->holdsFocus()) // somebody may be typing in it
         takeField();
     field->show(row);
-    field->describe(row.setting->key, QObject::tr(row.setting->description));
+    const QString absence = row.isAbsent()
+        ? QLatin1Char(' ') + QObject::tr("not set: %1").arg(settings::absenceText(*row.setting))
+        : QString();
+    field->describe(row.setting->key, QObject::tr(row.setting->description) + absence);
     showNames();
     showButtons();
     notes->show(row.notes);

@@ -32,7 +32,9 @@ bool TextField::isFor(const SettingRow& row) const
 void TextField::show(const SettingRow& row)
 {
     edit->setValue(row.written.value_or(QString()));
-    edit->setPlaceholderText(settings::absenceText(*row.setting));
+    const QString absence = settings::absenceText(*row.setting);
+    edit->setPlaceholderText(absence);
+    edit->setToolTip(row.isAbsent() ? QObject::tr("not set: %1").arg(absence) : QString()); // it may be long
     if (!edit->hasFocus())
         edit->setCursorPosition(0); // its beginning says more than its end
 }

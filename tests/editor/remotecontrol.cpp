@@ -1,19 +1,21 @@
 // A person at the keyboard of a program that runs in a process of its own, and the desktop around it. Reads lines on
 // standard input:
 //
-//     press <key sequence>      type <text>      resize <width> <height>      show      measure      attributes
+//     press <key sequence>      type <text>      resize <width> <height>      show      buttons      measure
+//     attributes
 //
 // and answers "show" by a line on standard output: the window's title, then the text of a message, or the labels of the
-// menus and the label of the current item, all joined by "|". The answer to "measure" is where things are: the screen,
-// the main window, its status line, and the window with the keyboard with its undermost button, each a name, x, y,
-// width and height; windows with their frames. The answer to "attributes" is the names of those that the application
-// has.
+// menus and the label of the current item, all joined by "|". The answer to "buttons" is the texts of those of a box,
+// in the order of the alphabet. The answer to "measure" is where things are: the screen, the main window, its status
+// line, and the window with the keyboard with its undermost button, each a name, x, y, width and height; windows with
+// their frames. The answer to "attributes" is the names of those that the application has.
 
 #include <QAbstractButton>
 #include <QGenericPlugin>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QMetaEnum>
+#include <QPushButton>
 #include <QScreen>
 #include <QSocketNotifier>
 #include <QStatusBar>
@@ -52,6 +54,8 @@ private:
         const QString argument = line.section(' ', 1);
         if (command == "show")
             std::puts(shown().join('|').replace('\n', ' ').toUtf8().constData());
+        else if (command == "buttons")
+            std::puts(buttons().join('|').toUtf8().constData());
         else if (command == "measure")
             std::puts(measured().join('|').toUtf8().constData());
         else if (command == "attributes")
@@ -107,6 +111,16 @@ private:
             if (tree->currentItem())
                 texts += tree->currentItem()->text(0);
         }
+        return texts;
+    }
+
+    static QStringList buttons()
+    {
+        QStringList texts;
+        const auto* const box = QApplication::activeModalWidget();
+        for (const auto* button : box ? box->findChildren<QPushButton*>() : QList<QPushButton*>())
+            texts += button->text();
+        texts.sort();
         return texts;
     }
 

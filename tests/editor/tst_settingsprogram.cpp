@@ -65,6 +65,7 @@ public:
     void press(const char* keys) { send(QByteArray("press ") + keys); }
     void type(const QByteArray& text) { send("type " + text); }
     void resize(const QByteArray& size) { send("resize " + size); }
+    QStringList buttons() { return answerTo("buttons").split('|'); } ///< of a box
     QStringList attributes() { return answerTo("attributes").split('|'); } ///< of the application
 
     /// Whether what is shown becomes @p expected.
@@ -367,6 +368,7 @@ void TestSettingsProgram::speaksTheLanguageOfTheDocuments()
     editor.type("x");
     editor.press("Ctrl+Q");
     COMPARE_SHOWN(editor, "Impostazioni|Le impostazioni sono state modificate. Salvare le modifiche?");
+    QCOMPARE(editor.buttons(), QStringList({"Annulla", "Salva", "Scarta"})); // the toolkit's own texts
 }
 
 /// The lines of a receipt's script from the titles of the columns to the total, with plain line ends.
