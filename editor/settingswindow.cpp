@@ -6,6 +6,7 @@
 #include "editor/icons.h"
 #include "editor/notelist.h"
 #include "editor/notice.h"
+#include "editor/paperpane.h"
 #include "editor/placement.h"
 #include "toolkit/literals.h"
 
@@ -23,7 +24,7 @@ using toolkit::operator""_L1;
 
 namespace {
 
-const QSize firstSize(800, 640);
+const QSize firstSize(1080, 720);
 const QString geometryKey = QStringLiteral("geometry");
 
 } // namespace
@@ -61,7 +62,6 @@ void SettingsWindow::addPages()
     splitter = new QSplitter;
     splitter->addWidget(groups);
     splitter->addWidget(table);
-    splitter->setStretchFactor(1, 1);
     splitter->setChildrenCollapsible(false);
     connect(groups, &GroupList::chosen, this, [this](const vocabulary::SettingGroup& group) {
         table->showGroup(group);

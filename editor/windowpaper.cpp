@@ -11,7 +11,9 @@
 namespace {
 
 /// Below that the settings take all the room; in widths of an "x", since they grow with the letters.
-const int narrowestWithPaper = 100;
+const int narrowestWithPaper = 90;
+
+const int firstShare = 400;
 
 } // namespace
 
@@ -19,7 +21,10 @@ void SettingsWindow::addPaper()
 {
     paper = new PaperPane;
     splitter->addWidget(paper);
-    splitter->setStretchFactor(splitter->indexOf(paper), 1);
+    // The groups keep the room that their names take, the others share the rest.
+    splitter->setStretchFactor(1, 1);
+    splitter->setStretchFactor(2, 1);
+    splitter->setSizes({groups->sizeHint().width(), firstShare, firstShare});
     connect(groups, &GroupList::chosen, paper,
             [this](const vocabulary::SettingGroup& group) { paper->setGroup(group.name); });
 }
