@@ -80,8 +80,8 @@ void ByteDecoder::take(const QString& characters, int end)
 
 void ByteDecoder::addInvalid(int end)
 {
-    const bool goesOn = !script.invalid.isEmpty() && script.invalid.last().begin + script.invalid.last().length == begin
-        && script.text.endsWith(QChar::ReplacementCharacter);
+    const bool goesOn =
+        !script.invalid.isEmpty() && script.invalid.last().begin + script.invalid.last().length == begin;
     if (goesOn)
         script.invalid.last().length = end - script.invalid.last().begin;
     else

@@ -156,6 +156,8 @@ void TestScriptCheck::linesThatAreAlwaysTooLong_data()
         {"2:45 note too-wide", "7:45 note too-wide"});
     row("a column of eleven characters", document({"    10%   11650.00    1165.00   12815.001 "}),
         {"2:45 warning too-wide"});
+    row("a first column that is too short", document({"  10%    1650.00     165.00    1815.00"}),
+        {"2:45 warning too-wide"});
     row("a column of two words", document({"    10%   1 650.00     165.00    1815.00 "}), {"2:45 warning too-wide"});
     row("another long line", document({QByteArray(33, 'x')}), {"2:45 warning too-wide"});
     row("another one beside it", document({rate, QByteArray(33, 'x'), QByteArray(33, 'x')}),

@@ -40,6 +40,8 @@ void TestScriptEncodings::texts_data()
     row("a character right behind an invalid byte", "UTF-8", "\xE8\xC3\xA8", "\uFFFD\u00E8", {"2:13 invalid-bytes e8"});
     row("an invalid byte and a replacement character of the script's own", "UTF-8", "\xE8-\xEF\xBF\xBD",
         "\uFFFD-\uFFFD", {"2:13 invalid-bytes e8"});
+    row("a replacement character of the script's own between two", "UTF-8", "\xE8\xEF\xBF\xBD\xE8 ",
+        "\uFFFD\uFFFD\uFFFD ", {"2:13 invalid-bytes e8", "2:15 invalid-bytes e8"});
     row("a column is a character, also behind invalid bytes", "UTF-8", "\xC3\xA8\xE8\xC3\xA8\xE8 ",
         "\u00E8\uFFFD\u00E8\uFFFD ", {"2:14 invalid-bytes e8", "2:16 invalid-bytes e8"});
     row("a quote behind an invalid byte ends the text", "UTF-8", "a\xE8", "a\uFFFD", {"2:14 invalid-bytes e8"});
