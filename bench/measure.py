@@ -20,8 +20,8 @@ from pathlib import Path
 BENCH = Path(__file__).resolve().parent
 MEGABYTE = 1_000_000
 
-# Standard output is nowhere: the check's findings, and nothing of the others.
-SILENT = [(os.POSIX_SPAWN_OPEN, 1, os.devnull, os.O_WRONLY, 0)]
+# Standard output and standard error are nowhere: findings and drawings, and nothing of the others.
+SILENT = [(os.POSIX_SPAWN_OPEN, stream, os.devnull, os.O_WRONLY, 0) for stream in (1, 2)]
 
 SMALL, LARGE = 20, 100_000
 FEW, MANY = 1_000, 1_000_000
@@ -66,7 +66,8 @@ def contestants(build, job, scripts):
     return {
         "program": Contestant("zelmora-print", build / "bin/zelmora-print", job, scripts / "program.txt"),
         "check": Contestant("zelmora-check", build / "bin/zelmora-check", job),
-        "paper": Contestant("zelmora-paper", build / "bin/zelmora-paper", job.parent / "script.txt"),
+        # Texts with apostrophes are errors to the register.
+        "paper": Contestant("zelmora-paper", build / "bin/zelmora-paper", job.parent / "script.txt", status=1),
         "app": Contestant("empty application", build / "bin/bench-emptyapp"),
         "handler": Contestant("reader, empty handler", build / "bin/bench-emptyhandler", job),
         "xsltproc": Contestant(

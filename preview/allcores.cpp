@@ -8,6 +8,7 @@
 #include <atomic>
 #include <chrono>
 #include <future>
+#include <system_error>
 #include <vector>
 
 namespace preview {
@@ -47,6 +48,19 @@ private:
     std::atomic<int> done {0};
 };
 
+/// As many as there are cores; fewer, and perhaps none, where the system gives no more.
+std::vector<std::future<void>> start(Work& work, int count)
+{
+    std::vector<std::future<void>> workers;
+    try {
+        for (int i = std::min(count, QThread::idealThreadCount()); i > 0; --i)
+            workers.push_back(std::async(std::launch::async, [&work] { work.doAll(); }));
+    } catch (const std::system_error&) {
+        // Those that there are do it all.
+    }
+    return workers;
+}
+
 } // namespace
 
 void onAllCores(int count, const std::function<void(int)>& work)
@@ -55,9 +69,9 @@ void onAllCores(int count, const std::function<void(int)>& work)
         return work(0); // a thread and a bar for nothing
     Work shared(count, work);
     ProgressBar bar(count);
-    std::vector<std::future<void>> workers;
-    for (int i = std::min(count, QThread::idealThreadCount()); i > 0; --i)
-        workers.push_back(std::async(std::launch::async, [&shared] { shared.doAll(); }));
+    std::vector<std::future<void>> workers = start(shared, count);
+    if (workers.empty())
+        shared.doAll();
     for (std::future<void>& worker : workers) {
         while (worker.wait_for(barInterval) != std::future_status::ready)
             bar.show(shared.piecesDone());

@@ -8,6 +8,7 @@
 #include <mutex>
 #include <pthread.h>
 #include <stdlib.h>
+#include <system_error>
 #include <thread>
 
 namespace preview {
@@ -85,7 +86,11 @@ void takeEndingSignals()
     std::call_once(once, [] {
         const sigset_t ending = endingSignals();
         pthread_sigmask(SIG_BLOCK, &ending, &formerMask);
-        std::thread(waitForSignal, ending).detach();
+        try {
+            std::thread(waitForSignal, ending).detach();
+        } catch (const std::system_error&) { // there is none to be had: they end the process at once
+            pthread_sigmask(SIG_SETMASK, &formerMask, nullptr);
+        }
     });
 }
 
