@@ -330,12 +330,13 @@ void TestLivePaper::anotherJobEndsTheOlderRun()
     const FakeProgram fake(hangingProgram + notingProgram);
     usePrintProgram(fake.path());
     LivePaper live;
-    live.setJobs({{"x", "hang"}});
+    live.setJobs({{"x", "hang"}, {"y", "hang"}, {"z", "waits"}});
     QTRY_VERIFY(!fake.contents("pid").isEmpty());
     live.setJobs({{"x", "hello"}});
     QVERIFY(!isAlive(fake.contents("pid").trimmed()));
     QVERIFY(isShown(live));
     QCOMPARE(shownLines(live.sheet()), QStringList("hello"));
+    QCOMPARE(runsOf(fake), 1); // what waited is not printed any more
 }
 
 // Its end is told, and waits in the queue of the loop while the change comes.
