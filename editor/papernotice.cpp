@@ -1,5 +1,6 @@
 #include "editor/papernotice.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QTextDocument>
@@ -26,6 +27,8 @@ PaperNotice::PaperNotice(QWidget* parent)
     line->setMinimumWidth(0);
     line->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     line->setAccessibleName(QObject::tr("About the paper"));
+    connect(line->document()->documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged, this,
+            &PaperNotice::fitHeight);
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(picture, 0, Qt::AlignTop);
@@ -39,7 +42,6 @@ void PaperNotice::tell(const QString& text, QStyle::StandardPixmap icon)
     picture->setPixmap(style()->standardIcon(icon).pixmap(side));
     line->setPlainText(text);
     show();
-    fitHeight();
 }
 
 void PaperNotice::clear()
@@ -51,11 +53,6 @@ void PaperNotice::clear()
 QString PaperNotice::text() const
 {
     return line->toPlainText();
-}
-
-void PaperNotice::resizeEvent(QResizeEvent*)
-{
-    fitHeight();
 }
 
 void PaperNotice::fitHeight()

@@ -20,9 +20,6 @@ public:
     void clear();
     QString text() const;
 
-protected:
-    void resizeEvent(QResizeEvent* event) override;
-
 private:
     void fitHeight();
 

@@ -119,7 +119,6 @@ QAction* PaperPane::addAction(const QString& text, const QKeySequence& key, void
 {
     QAction* const action = menu->addAction(text, this, command);
     action->setShortcut(key);
-    QWidget::addAction(action); // a menu that is not shown gives no keys to the window
     return action;
 }
 

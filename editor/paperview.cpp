@@ -20,6 +20,9 @@ constexpr double scales[] = {0.25, 0.35, 0.5, 0.7, 0.85, 1, 1.25, 1.5, 2, 2.5, 3
 const double leastScale = *std::begin(scales);
 const double greatestScale = *std::rbegin(scales);
 
+const QColor focusColour(0, 80, 160);
+const int focusWidth = 2;
+
 const int wheelStep = 120; ///< eighths of a degree: a notch of most wheels
 // What is told to who does not see it, so that it takes no time.
 const int mostRowsTold = 500;
@@ -195,6 +198,28 @@ void PaperView::paintEvent(QPaintEvent* event)
     painter.scale(scale(), scale());
     const QRectF part = painter.transform().inverted().mapRect(QRectF(event->rect()));
     painting->paint(painter, part.toAlignedRect());
+    if (hasFocus())
+        paintFocus(painter);
+}
+
+/// A frame, which stands out from the ground whatever the window's colours are.
+void PaperView::paintFocus(QPainter& painter) const
+{
+    painter.resetTransform();
+    painter.setPen(QPen(focusColour, focusWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
+}
+
+void PaperView::focusInEvent(QFocusEvent* event)
+{
+    QAbstractScrollArea::focusInEvent(event);
+    viewport()->update();
+}
+
+void PaperView::focusOutEvent(QFocusEvent* event)
+{
+    QAbstractScrollArea::focusOutEvent(event);
+    viewport()->update();
 }
 
 void PaperView::resizeEvent(QResizeEvent*)

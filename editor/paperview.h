@@ -42,10 +42,13 @@ signals:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    void paintFocus(QPainter& painter) const;
     void setSheet(const paper::Sheet& newSheet);
     void bringInSight(int top, int height);
     void setScale(std::optional<double> newScale);

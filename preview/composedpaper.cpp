@@ -2,11 +2,13 @@
 
 #include "paper/comparison.h"
 #include "preview/papersource.h"
+#include "toolkit/literals.h"
 
 #include <QObject>
-#include <QSet>
 
 #include <algorithm>
+
+using toolkit::operator""_L1;
 
 namespace preview {
 
@@ -48,7 +50,7 @@ QString inSentences(const QStringList& troubles, const QVector<PrintedPaper>& pa
     QStringList sentences;
     for (int i = 0; i < troubles.size(); ++i) {
         if (!troubles.at(i).isEmpty())
-            sentences += QObject::tr("%1: %2").arg(papers.at(i).title, troubles.at(i));
+            sentences += papers.at(i).title + ": "_L1 + troubles.at(i);
     }
     return sentences.join(QLatin1Char('\n'));
 }

@@ -35,8 +35,10 @@ private slots:
     void showsTheDrawing();
     void isInTheMiddle();
     void isSharpOnAFineScreen();
+    void showsThatKeysGoToIt();
     void tellsItsText();
     void tellsTheBeginningOfALongText();
+    void tellsTheBeginningOfALongRow();
     void aLongPaperScrollsAtOnce();
     void aLongRowScrollsAtOnce();
 };
@@ -317,6 +319,7 @@ void TestPaperView::showsTheDrawing()
     ShownView view(sheet, {500, 397});
     view.makeAsWideAsTheDrawing();
     view.verticalScrollBar()->setValue(top);
+    view.clearFocus(); // it has a frame
     QCOMPARE(picture(view), drawing(sheet).copy(QRect(QPoint(0, view.top()), view.viewport()->size())));
 }
 
@@ -341,7 +344,18 @@ void TestPaperView::isSharpOnAFineScreen()
     const paper::Sheet sheet = sheetOf(rows(10));
     ShownView view(sheet, {500, 200});
     view.makeAsWideAsTheDrawing();
+    view.clearFocus();
     QCOMPARE(picture(view, 2), drawing(sheet, 2).copy(QRect(QPoint(0, 0), view.viewport()->size() * 2)));
+}
+
+void TestPaperView::showsThatKeysGoToIt()
+{
+    ShownView view(sheetOf(rows(3)));
+    const QColor frame(0, 80, 160);
+    QCOMPARE(picture(view).pixelColor(0, 0), frame);
+    QCOMPARE(picture(view).pixelColor(view.viewport()->width() - 1, view.viewport()->height() - 1), frame);
+    view.clearFocus();
+    QCOMPARE(picture(view).pixelColor(0, 0), QColor(0xC8, 0xC8, 0xC8));
 }
 
 void TestPaperView::tellsItsText()
@@ -358,6 +372,12 @@ void TestPaperView::tellsTheBeginningOfALongText()
     const QString text = view.accessibleDescription();
     QVERIFY(text.startsWith("Receipt\nrow 0\n"));
     QVERIFY2(text.endsWith("\nrow 499\nand 99500 more"), qPrintable(text.right(50)));
+}
+
+void TestPaperView::tellsTheBeginningOfALongRow()
+{
+    const ShownView view(sheetOf({{QString(100000, 'x')}}));
+    QCOMPARE(view.accessibleDescription(), "Receipt\n" + QString(1000, 'x') + '\n');
 }
 
 /// What it takes to see twenty places of a view, from its beginning to its end.

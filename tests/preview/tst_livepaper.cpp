@@ -22,11 +22,13 @@ private slots:
     void marksWhatChanged();
     void whatIsSavedIsNoChange();
     void settingsThatCannotBeReadMarkNothing();
+    void settingsThatDoNotPrintMarkNothing();
     void allThirteenForTheLanguage();
     void withoutJobsThereIsNoPaper();
 
     void severalChangesAtOnceAreOne();
     void printsTheSameOnce();
+    void keepsNoMoreHomesThanItNeeds();
     void anotherJobIsPrinted();
     void aChangeEndsTheOlderRun();
     void anotherJobEndsTheOlderRun();
@@ -182,6 +184,18 @@ void TestLivePaper::settingsThatCannotBeReadMarkNothing()
     QCOMPARE(live.trouble(), QString());
 }
 
+void TestLivePaper::settingsThatDoNotPrintMarkNothing()
+{
+    const FakeProgram fake("grep -q bad \"$HOME/.zelmora/conf/zelmora.conf\" && kill -s SEGV $$\n" + notingProgram);
+    usePrintProgram(fake.path());
+    LivePaper live;
+    live.setSettings(bytes("good"), bytes("bad"));
+    live.setJobs({{"x", "hello"}});
+    QVERIFY(isShown(live));
+    QCOMPARE(shownLines(live.sheet()), QStringList("hello"));
+    QCOMPARE(live.trouble(), QString());
+}
+
 void TestLivePaper::allThirteenForTheLanguage()
 {
     preview::PaperChoice choice;
@@ -245,13 +259,30 @@ void TestLivePaper::printsTheSameOnce()
     live.setSettings(bytes("c"), bytes("c")); // saved
     QVERIFY(isShown(live));
     QCOMPARE(runsOf(fake), 3);
+    QSignalSpy begun(&live, &LivePaper::begun);
     live.setSettings(bytes("c"), bytes("c"));
-    live.setJobs({{"x", "hello"}});
-    QTest::qWait(100);
-    QCOMPARE(runsOf(fake), 3);
+    QVERIFY(!live.setJobs({{"x", "hello"}}));
+    QCOMPARE(begun.size(), 0);
     live.setSettings(bytes("b"), bytes("c"));
     QVERIFY(isShown(live));
     QCOMPARE(runsOf(fake), 4);
+}
+
+// One for the settings in the window, and one for those of the file.
+void TestLivePaper::keepsNoMoreHomesThanItNeeds()
+{
+    const QTemporaryDir temporary(scratchFolder());
+    qputenv("TMPDIR", temporary.path().toUtf8());
+    auto live = std::make_unique<LivePaper>();
+    live->setJobs({{"x", jobOf("hello")}});
+    for (const char* settings : {"a", "b", "c", "d"}) {
+        live->setSettings(bytes(settings), bytes("stored"));
+        QVERIFY(isShown(*live));
+        QCOMPARE(filesIn(temporary.path()).size(), 2);
+    }
+    live.reset();
+    QCOMPARE(filesIn(temporary.path()), QStringList());
+    qunsetenv("TMPDIR");
 }
 
 void TestLivePaper::anotherJobIsPrinted()
@@ -299,12 +330,13 @@ void TestLivePaper::anotherJobEndsTheOlderRun()
     const FakeProgram fake(hangingProgram + notingProgram);
     usePrintProgram(fake.path());
     LivePaper live;
-    live.setJobs({{"x", "hang"}});
+    live.setJobs({{"x", "hang"}, {"y", "hang"}, {"z", "waits"}});
     QTRY_VERIFY(!fake.contents("pid").isEmpty());
     live.setJobs({{"x", "hello"}});
     QVERIFY(!isAlive(fake.contents("pid").trimmed()));
     QVERIFY(isShown(live));
     QCOMPARE(shownLines(live.sheet()), QStringList("hello"));
+    QCOMPARE(runsOf(fake), 1); // what waited is not printed any more
 }
 
 // Its end is told, and waits in the queue of the loop while the change comes.
@@ -316,8 +348,8 @@ void TestLivePaper::anEarlierRunIsNotHeardOf()
         LivePaper live;
         QSignalSpy changed(&live, &LivePaper::changed);
         live.setSettings(bytes("a"), bytes("a"));
-        live.setJobs({{"x", "first"}});
-        QTest::qWait(wait); // where the first one is by then is as it happens
+        live.setJobs({{"a", "first"}, {"b", "first"}, {"c", "first"}, {"d", "first"}});
+        QTest::qWait(wait); // where the first ones are by then is as it happens
         changed.clear();
         live.setJobs({{"y", "second"}, {"z", "third"}});
         QVERIFY(changed.wait());
