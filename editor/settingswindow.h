@@ -15,6 +15,7 @@ class QFileDialog;
 class QLabel;
 class QLineEdit;
 class QMenu;
+class QPushButton;
 class QSplitter;
 class QTabWidget;
 
@@ -57,6 +58,7 @@ private:
     void addPageMenu();
     void addHelpMenu();
     QAction* addTo(QMenu& menu, const QString& text, const QKeySequence& key, void (SettingsWindow::*command)());
+    QStringList recentFiles() const;
     void showRecentFiles(QMenu& menu);
     void updateActions();
     void undo();
@@ -99,6 +101,7 @@ private:
     QTabWidget* pages = nullptr;
 
     Notice* firstStart = nullptr;
+    QPushButton* recentButton = nullptr; ///< of that
     Notice* notWritable = nullptr;
     Notice* changedByOthers = nullptr;
     Notice* besideGroups = nullptr;
