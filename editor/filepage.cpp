@@ -60,7 +60,10 @@ QAction* FilePage::newCommand(const QString& text, void (FilePage::*command)())
 
 void FilePage::forget()
 {
-    delete tree;
+    if (!tree)
+        return;
+    tree->setParent(nullptr);
+    tree->deleteLater(); // it may be what has just told of a key
     tree = nullptr;
 }
 

@@ -12,6 +12,7 @@
 
 #include <QEvent>
 #include <QFileInfo>
+#include <QMenu>
 #include <QPushButton>
 #include <QSettings>
 #include <QSplitter>
@@ -26,6 +27,40 @@ namespace {
 
 const QSize firstSize(1080, 720);
 const QString geometryKey = QStringLiteral("geometry");
+
+// What the bars say of an open file; empty when there is nothing to say.
+
+QString firstStartText(const settings::EditedSettings& settings)
+{
+    const QString path = settings.file().path();
+    if (!settings.isEditable() || !settings.isEmpty())
+        return QString();
+    return QFileInfo::exists(path) ? QObject::tr("The file %1 has no settings yet.").arg(path)
+                                   : QObject::tr("There is no file %1 yet.").arg(path);
+}
+
+QString notWritableText(const QString& path)
+{
+    const QFileInfo file(path);
+    if (!file.exists() || file.isWritable())
+        return QString();
+    return QObject::tr("The file %1 may not be written: save under another name.").arg(path);
+}
+
+QString changedText(const settings::SettingsFile& file)
+{
+    if (!file.changedOnDisk())
+        return QString();
+    return QObject::tr("Another program has changed or removed the file %1 since it was opened.").arg(file.path());
+}
+
+/// What a box said when the file was opened needs no bar; but what can be put right is offered.
+QString besideText(const settings::EditedSettings& settings)
+{
+    const QVector<settings::Note> notes = notesBesideGroups(settings);
+    const bool isRemedied = !notes.isEmpty() && notes.first().remedy;
+    return isRemedied && settings.isEditable() ? notes.first().text : QString();
+}
 
 } // namespace
 
@@ -89,6 +124,10 @@ QWidget* SettingsWindow::newNotices()
     changedByOthers = new Notice(Severity::Warning);
     besideGroups = new Notice(Severity::Warning);
     firstStart->addButton(QObject::tr("Begin with a complete file"), [this] { settings.fill(); });
+    recentButton = firstStart->addButton(QObject::tr("Open &recent"), [] {}); // its menu does it
+    auto* const recent = new QMenu(recentButton);
+    connect(recent, &QMenu::aboutToShow, recent, [this, recent] { showRecentFiles(*recent); });
+    recentButton->setMenu(recent);
     notWritable->addButton(QObject::tr("Save as..."), [this] { saveAs(); });
     changedByOthers->addButton(QObject::tr("Read it again"), [this] { reload(); });
     besideGroups->addButton(QObject::tr("Put it right"), [this] {
@@ -154,26 +193,12 @@ void SettingsWindow::showState()
 /// What others do to the file shows at once too.
 void SettingsWindow::showNotices()
 {
-    const settings::SettingsFile& file = settings.file();
-    const QString path = file.path();
-    const bool isOpen = !path.isEmpty();
-    const bool isThere = isOpen && QFileInfo::exists(path);
-    QString text;
-    if (isOpen && settings.isEditable() && settings.isEmpty())
-        text = (isThere ? QObject::tr("The file %1 has no settings yet.") : QObject::tr("There is no file %1 yet."))
-                   .arg(path);
-    firstStart->tell(text);
-    text.clear();
-    if (isThere && !QFileInfo(path).isWritable())
-        text = QObject::tr("The file %1 may not be written: save under another name.").arg(path);
-    notWritable->tell(text);
-    text.clear();
-    if (isOpen && file.changedOnDisk())
-        text = QObject::tr("Another program has changed or removed the file %1 since it was opened.").arg(path);
-    changedByOthers->tell(text);
-    const QVector<settings::Note> notes = isOpen ? notesBesideGroups(settings) : QVector<settings::Note>();
-    const bool isRemedied = !notes.isEmpty() && notes.first().remedy;
-    besideGroups->tell(isRemedied && settings.isEditable() ? notes.first().text : QString());
+    const bool isOpen = !settings.file().path().isEmpty();
+    firstStart->tell(isOpen ? firstStartText(settings) : QString());
+    recentButton->setVisible(!recentFiles().isEmpty());
+    notWritable->tell(isOpen ? notWritableText(settings.file().path()) : QString());
+    changedByOthers->tell(isOpen ? changedText(settings.file()) : QString());
+    besideGroups->tell(isOpen ? besideText(settings) : QString());
     updateActions();
     watch();
 }

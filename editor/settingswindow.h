@@ -17,6 +17,7 @@ class QFileDialog;
 class QLabel;
 class QLineEdit;
 class QMenu;
+class QPushButton;
 class QSplitter;
 class QTabWidget;
 
@@ -60,6 +61,7 @@ private:
     void addPageMenu();
     void addHelpMenu();
     QAction* addTo(QMenu& menu, const QString& text, const QKeySequence& key, void (SettingsWindow::*command)());
+    QStringList recentFiles() const;
     void showRecentFiles(QMenu& menu);
     void updateActions();
     void undo();
@@ -109,6 +111,7 @@ private:
     QTabWidget* pages = nullptr;
 
     Notice* firstStart = nullptr;
+    QPushButton* recentButton = nullptr; ///< of that
     Notice* notWritable = nullptr;
     Notice* changedByOthers = nullptr;
     Notice* besideGroups = nullptr;

@@ -49,11 +49,15 @@ void SettingsWindow::addFileMenu()
     addTo(menu, QObject::tr("&Quit"), QKeySequence(QStringLiteral("Ctrl+Q")), &SettingsWindow::quit);
 }
 
+QStringList SettingsWindow::recentFiles() const
+{
+    return settings::recentOnes(QSettings().value(QStringLiteral("recent")).toStringList(), settings.file().path());
+}
+
 void SettingsWindow::showRecentFiles(QMenu& menu)
 {
     menu.clear();
-    const QStringList files =
-        settings::recentOnes(QSettings().value(QStringLiteral("recent")).toStringList(), settings.file().path());
+    const QStringList files = recentFiles();
     for (const QString& file : files)
         menu.addAction(QString(file).replace(QLatin1Char('&'), "&&"_L1), this, [this, file] { openRecent(file); });
     menu.setEnabled(!files.isEmpty());

@@ -268,10 +268,6 @@
         <translation>Salva &amp;con nome...</translation>
     </message>
     <message>
-        <source>&amp;Reload</source>
-        <translation>&amp;Ricarica</translation>
-    </message>
-    <message>
         <source>&amp;Quit</source>
         <translation>&amp;Esci</translation>
     </message>
@@ -290,6 +286,252 @@
     <message>
         <source>Find &amp;next</source>
         <translation>Trova &amp;successivo</translation>
+    </message>
+    <message>
+        <source>%1 found</source>
+        <translation>%1 trovati</translation>
+    </message>
+    <message>
+        <source>&amp;About Zelmora settings</source>
+        <translation>&amp;Informazioni su Zelmora impostazioni</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Aiuto</translation>
+    </message>
+    <message>
+        <source>&amp;Redo %1</source>
+        <translation>&amp;Ripristina %1</translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>A&amp;nnulla %1</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Visualizza</translation>
+    </message>
+    <message>
+        <source>A setting outside every group is never found: choose a group first.</source>
+        <translation>Un&apos;impostazione fuori da ogni gruppo non viene mai trovata: scegliere prima un gruppo.</translation>
+    </message>
+    <message>
+        <source>Add a &amp;group...</source>
+        <translation>Aggiungi un &amp;gruppo...</translation>
+    </message>
+    <message>
+        <source>Add a &amp;setting...</source>
+        <translation>Aggiungi un&apos;i&amp;mpostazione...</translation>
+    </message>
+    <message>
+        <source>All settings as in the file</source>
+        <translation>Tutte le impostazioni come nel file</translation>
+    </message>
+    <message>
+        <source>Another program has changed or removed the file %1 since it was opened.</source>
+        <translation>Un altro programma ha modificato o rimosso il file %1 dopo l&apos;apertura.</translation>
+    </message>
+    <message>
+        <source>Back to what the file has: %1</source>
+        <translation>Torna a quello che ha il file: %1</translation>
+    </message>
+    <message>
+        <source>Back to what the file has: nothing</source>
+        <translation>Torna a quello che ha il file: nulla</translation>
+    </message>
+    <message>
+        <source>Begin with a complete file</source>
+        <translation>Comincia con un file completo</translation>
+    </message>
+    <message>
+        <source>Choose a folder</source>
+        <translation>Scegli una cartella</translation>
+    </message>
+    <message>
+        <source>Database</source>
+        <translation>Banca dati</translation>
+    </message>
+    <message>
+        <source>Delivery note</source>
+        <translation>Bolla di consegna</translation>
+    </message>
+    <message>
+        <source>Dishes sold</source>
+        <translation>Piatti venduti</translation>
+    </message>
+    <message>
+        <source>Each setting has its own help: go to its field and press F1.</source>
+        <translation>Ogni impostazione ha il suo aiuto: andare nel suo campo e premere F1.</translation>
+    </message>
+    <message>
+        <source>Fiscal receipt</source>
+        <translation>Scontrino fiscale</translation>
+    </message>
+    <message>
+        <source>From %1 to %2</source>
+        <translation>Da %1 a %2</translation>
+    </message>
+    <message>
+        <source>Groups of settings</source>
+        <translation>Gruppi di impostazioni</translation>
+    </message>
+    <message>
+        <source>Help on this &amp;setting</source>
+        <translation>Aiuto su questa &amp;impostazione</translation>
+    </message>
+    <message>
+        <source>It takes: %1.</source>
+        <translation>Accetta: %1.</translation>
+    </message>
+    <message>
+        <source>Kitchen order</source>
+        <translation>Comanda</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Lingua</translation>
+    </message>
+    <message>
+        <source>Log</source>
+        <translation>Registro dei messaggi</translation>
+    </message>
+    <message>
+        <source>No program would find &quot;%1&quot;: a name holds no point, no &quot;:&quot;, &quot;=&quot; or &quot;}&quot;, no character that Western European languages lack, and no blank at its ends.</source>
+        <translation>Nessun programma troverebbe &quot;%1&quot;: un nome non contiene punti, &quot;:&quot;, &quot;=&quot; o &quot;}&quot;, né caratteri estranei alle lingue dell&apos;Europa occidentale, né spazi alle estremità.</translation>
+    </message>
+    <message>
+        <source>No program would find &quot;%1&quot;: a name in XML begins with a letter, and has letters, digits, &quot;-&quot; and &quot;_&quot;.</source>
+        <translation>Nessun programma troverebbe &quot;%1&quot;: in XML un nome comincia con una lettera e contiene lettere, cifre, &quot;-&quot; e &quot;_&quot;.</translation>
+    </message>
+    <message>
+        <source>Nothing that this document prints depends on it.</source>
+        <translation>Nulla di ciò che questo documento stampa ne dipende.</translation>
+    </message>
+    <message>
+        <source>Only the first group at the top is read: a second one beside it would never be found.</source>
+        <translation>Viene letto solo il primo gruppo più esterno: un secondo accanto non verrebbe mai trovato.</translation>
+    </message>
+    <message>
+        <source>Open &amp;recent</source>
+        <translation>Apri &amp;recenti</translation>
+    </message>
+    <message>
+        <source>Order with prices</source>
+        <translation>Preconto</translation>
+    </message>
+    <message>
+        <source>Programs</source>
+        <translation>Programmi</translation>
+    </message>
+    <message>
+        <source>Put it right</source>
+        <translation>Correggi</translation>
+    </message>
+    <message>
+        <source>Put it right: %1</source>
+        <translation>Correggi: %1</translation>
+    </message>
+    <message>
+        <source>Re&amp;load</source>
+        <translation>Ri&amp;carica</translation>
+    </message>
+    <message>
+        <source>Re&amp;move</source>
+        <translation>Rim&amp;uovi</translation>
+    </message>
+    <message>
+        <source>Re&amp;name...</source>
+        <translation>Ri&amp;nomina...</translation>
+    </message>
+    <message>
+        <source>Read it again</source>
+        <translation>Rileggi</translation>
+    </message>
+    <message>
+        <source>Report and statement</source>
+        <translation>Chiusura ed estratto conto</translation>
+    </message>
+    <message>
+        <source>Save as...</source>
+        <translation>Salva con nome...</translation>
+    </message>
+    <message>
+        <source>Show the value</source>
+        <translation>Mostra il valore</translation>
+    </message>
+    <message>
+        <source>Take %1 out of the file</source>
+        <translation>Togli %1 dal file</translation>
+    </message>
+    <message>
+        <source>Take back the change of %1</source>
+        <translation>Annulla la modifica di %1</translation>
+    </message>
+    <message>
+        <source>Take it out of the file; then holds: %1</source>
+        <translation>Togli dal file; allora vale: %1</translation>
+    </message>
+    <message>
+        <source>The file %1 has no settings yet.</source>
+        <translation>Il file %1 non ha ancora impostazioni.</translation>
+    </message>
+    <message>
+        <source>The file %1 may not be written: save under another name.</source>
+        <translation>Il file %1 non può essere scritto: salvare con un altro nome.</translation>
+    </message>
+    <message>
+        <source>The name of the new group:</source>
+        <translation>Il nome del nuovo gruppo:</translation>
+    </message>
+    <message>
+        <source>The name of the new setting in &quot;%1&quot;:</source>
+        <translation>Il nome della nuova impostazione in &quot;%1&quot;:</translation>
+    </message>
+    <message>
+        <source>The new name of &quot;%1&quot;:</source>
+        <translation>Il nuovo nome di &quot;%1&quot;:</translation>
+    </message>
+    <message>
+        <source>There is a group &quot;%1&quot; here already.</source>
+        <translation>Qui c&apos;è già un gruppo &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>There is a setting &quot;%1&quot; here already.</source>
+        <translation>Qui c&apos;è già un&apos;impostazione &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>There is no file %1 yet.</source>
+        <translation>Il file %1 non c&apos;è ancora.</translation>
+    </message>
+    <message>
+        <source>What these print depends on it: %1.</source>
+        <translation>Ne dipende ciò che stampano: %1.</translation>
+    </message>
+    <message>
+        <source>Without it: %1.</source>
+        <translation>Senza: %1.</translation>
+    </message>
+    <message>
+        <source>Zelmora settings %1
+Changes the settings of the suite, and shows what is wrong with them.</source>
+        <translation>Zelmora impostazioni %1
+Modifica le impostazioni della suite e mostra che cosa non va.</translation>
+    </message>
+    <message>
+        <source>a complete file</source>
+        <translation>file completo</translation>
+    </message>
+    <message>
+        <source>changed</source>
+        <translation>modificata</translation>
+    </message>
+    <message>
+        <source>not set: %1</source>
+        <translation>assente: %1</translation>
+    </message>
+    <message>
+        <source>something is wrong</source>
+        <translation>qualcosa non va</translation>
     </message>
     <message>
         <source>Find</source>

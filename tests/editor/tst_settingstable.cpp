@@ -781,6 +781,15 @@ void TestSettingsTable::opensRecentFiles()
     QCOMPARE(recent->actions().size(), 1);
     recent->actions().first()->trigger();
     QCOMPARE(window->windowTitle(), other + "[*] - Settings");
+    QVERIFY(!person->button("Open &recent"));
+
+    writeBytes(path, ""); // a file to begin with offers them too
+    window->openFile(path);
+    auto* const offer = qobject_cast<QPushButton*>(person->button("Open &recent"));
+    QVERIFY(offer);
+    emit offer->menu()->aboutToShow();
+    offer->menu()->actions().first()->trigger();
+    QCOMPARE(window->windowTitle(), other + "[*] - Settings");
 }
 
 void TestSettingsTable::helps()

@@ -15,6 +15,7 @@ class TestEditedSettings : public QObject {
 private slots:
     void changes_data();
     void changes();
+    void stepsAreTakenBackFromTheLast();
     void nothingChanges_data();
     void nothingChanges();
     void typingIsOneChange();
@@ -138,6 +139,23 @@ void TestEditedSettings::changes()
         QVERIFY(!file.canUndo() && file.canRedo());
         file.redo();
     }
+}
+
+// The place of each is that which it had when those before it were gone.
+void TestEditedSettings::stepsAreTakenBackFromTheLast()
+{
+    EditedFile edited(begin);
+    settings::SettingsFile file;
+    QCOMPARE(file.load(edited.path), QString());
+    const QDomElement group = file.groupsOf("zelmora.db").value(0);
+    file.removeSetting(group, "dbname");
+    file.removeSetting(group, "username");
+    const TreeChange change = file.takeChange();
+    QCOMPARE(change.size(), 2);
+    QVERIFY(file.takeChange().isEmpty());
+    file.apply(reversed(change));
+    QCOMPARE(file.tryWriting(edited.path).bytes.simplified(), begin);
+    QVERIFY(file.takeChange().isEmpty());
 }
 
 void TestEditedSettings::nothingChanges_data()
