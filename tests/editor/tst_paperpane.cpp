@@ -358,10 +358,9 @@ void TestPaperPane::saysThatItPrints()
     QTRY_VERIFY(!notice()->isVisible());
     usePrintProgram(ZELMORA_PRINT_PROGRAM);
     setSettings(exampleSettings(), exampleSettings());
-    for (int i = 0; i < 100; ++i) { // what takes no time is not said, and not afterwards either
-        QTest::qWait(5);
-        QVERIFY(!notice()->isVisible());
-    }
+    QTRY_VERIFY(text().contains("VENDUTO DEL GIORNO"));
+    QTest::qWait(400); // longer than it takes to be said
+    QVERIFY(!notice()->isVisible());
 }
 
 void TestPaperPane::aLongNoticeHasRoom()
