@@ -18,6 +18,8 @@ using settings::SettingsFile;
 
 namespace {
 
+const int leastHeight = 40; ///< of the list, on a small screen with bars above it
+
 bool isValue(const QTreeWidgetItem* item)
 {
     return item && item->flags().testFlag(Qt::ItemIsEditable);
@@ -76,6 +78,7 @@ void FilePage::build()
     tree->setItemDelegate(new ValueDelegate(tree));
     tree->setEditTriggers(settings.isEditable() ? QAbstractItemView::DoubleClicked : QAbstractItemView::NoEditTriggers);
     unfold();
+    tree->setMinimumHeight(leastHeight);
     layout->insertWidget(0, tree, 1);
     tree->addActions(commandActions);
     tree->setContextMenuPolicy(Qt::ActionsContextMenu);

@@ -51,6 +51,7 @@ GroupTable::GroupTable(EditedSettings& theSettings)
     layout->addStretch(1);
     setWidget(contents);
     setWidgetResizable(true);
+    setMinimumHeight(40); // on a small screen with bars above it
     setFocusPolicy(Qt::NoFocus); // its fields have the keyboard
     connect(notes, &NoteList::remedyChosen, this, [this](const Remedy& remedy) { settings.apply(remedy); });
 }

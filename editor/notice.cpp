@@ -6,10 +6,17 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStyle>
+#include <QVBoxLayout>
+
+namespace {
+
+const int leastTextWidth = 80; ///< whatever word stands in it: the window fits the screen
+
+} // namespace
 
 Notice::Notice(check::Severity severity)
     : label(new QLabel)
-    , line(new QHBoxLayout(this))
+    , buttons(new QVBoxLayout)
 {
     setFrameShape(StyledPanel);
     setAutoFillBackground(true);
@@ -19,22 +26,27 @@ Notice::Notice(check::Severity severity)
     picture->setPixmap(icons::severity(severity).pixmap(side));
     label->setWordWrap(true);
     label->setTextFormat(Qt::PlainText); // it may hold what the file holds
+    label->setMinimumWidth(leastTextWidth);
+    auto* const line = new QHBoxLayout(this);
     line->addWidget(picture);
     line->addWidget(label, 1);
+    line->addLayout(buttons);
     hide();
 }
 
 QPushButton* Notice::addButton(const QString& text, const std::function<void()>& action)
 {
     auto* const button = new QPushButton(text);
-    line->addWidget(button);
+    buttons->addWidget(button);
     connect(button, &QPushButton::clicked, this, action);
     return button;
 }
 
 void Notice::tell(const QString& text)
 {
-    label->setText(text);
+    const QString breakable =
+        QString(text).replace(QLatin1Char('/'), QStringLiteral("/\u200B")); // or a long path is cut
+    label->setText(breakable);
     setAccessibleName(text);
     setVisible(!text.isEmpty());
 }

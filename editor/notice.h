@@ -7,9 +7,9 @@
 
 #include <functional>
 
-class QHBoxLayout;
 class QLabel;
 class QPushButton;
+class QVBoxLayout;
 
 /// A bar above what is shown, that says something about it and what can be done. Hidden while there is nothing to say.
 class Notice : public QFrame {
@@ -22,7 +22,7 @@ public:
 
 private:
     QLabel* const label;
-    QHBoxLayout* const line;
+    QVBoxLayout* const buttons;
 };
 
 #endif

@@ -111,7 +111,7 @@ void SettingsWindow::addPages()
 
     auto* const contents = new QWidget;
     auto* const layout = new QVBoxLayout(contents);
-    layout->setContentsMargins(4, 4, 4, 4);
+    layout->setContentsMargins(4, 0, 4, 0);
     layout->addWidget(newNotices());
     layout->addWidget(pages, 1);
     setCentralWidget(contents);

@@ -149,9 +149,11 @@ public:
     /// Whether some text on the window holds @p text.
     bool reads(const QString& text) const
     {
+        const QChar breakHere(0x200B); // is not seen
         const auto labels = window.findChildren<QLabel*>();
-        return std::any_of(labels.begin(), labels.end(),
-                           [&](const QLabel* label) { return label->isVisible() && label->text().contains(text); });
+        return std::any_of(labels.begin(), labels.end(), [&](const QLabel* label) {
+            return label->isVisible() && label->text().remove(breakHere).contains(text);
+        });
     }
     void focus(QWidget* widget) ///< by Tab, however many times
     {
