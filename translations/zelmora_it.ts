@@ -2318,5 +2318,89 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
         <source>The print program reads the brace form alone, which cannot hold this of the file %1:</source>
         <translation>Il programma di stampa legge solo la forma con le graffe, che non può contenere questo del file %1:</translation>
     </message>
+    <message>
+        <source>All documents</source>
+        <translation>Tutti i documenti</translation>
+    </message>
+    <message>
+        <source>The file %1 is no job: a job is XML, and begins with &quot;&lt;&quot;.</source>
+        <translation>Il file %1 non è un lavoro di stampa: un lavoro è XML e comincia con &quot;&lt;&quot;.</translation>
+    </message>
+    <message>
+        <source>Nothing of this job is printed. zelmora-check says why.</source>
+        <translation>Di questo lavoro non viene stampato nulla. zelmora-check dice perché.</translation>
+    </message>
+    <message>
+        <source>The script has no closing command, since the job breaks off. zelmora-check says where.</source>
+        <translation>Lo script non ha il comando di chiusura, perché il lavoro si interrompe. zelmora-check dice dove.</translation>
+    </message>
+    <message>
+        <source>About the paper</source>
+        <translation>Avviso sulla carta</translation>
+    </message>
+    <message>
+        <source>Save the paper</source>
+        <translation>Salva la carta</translation>
+    </message>
+    <message>
+        <source>The paper cannot be printed.</source>
+        <translation>La carta non può essere stampata.</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>Documento</translation>
+    </message>
+    <message>
+        <source>Paper</source>
+        <translation>Carta</translation>
+    </message>
+    <message>
+        <source>Here stands the paper of a document, as it prints with these settings.
+
+Choose the settings of a document, such as Receipt.</source>
+        <translation>Qui sta la carta di un documento, come viene stampata con queste impostazioni.
+
+Scegliere le impostazioni di un documento, per esempio Ricevuta.</translation>
+    </message>
+    <message>
+        <source>A &amp;job of your own...</source>
+        <translation>Un proprio &amp;lavoro...</translation>
+    </message>
+    <message>
+        <source>A job of your own</source>
+        <translation>Un proprio lavoro</translation>
+    </message>
+    <message>
+        <source>&amp;Larger</source>
+        <translation>In&amp;grandisci</translation>
+    </message>
+    <message>
+        <source>&amp;Smaller</source>
+        <translation>&amp;Rimpicciolisci</translation>
+    </message>
+    <message>
+        <source>&amp;Fit the width</source>
+        <translation>&amp;Adatta alla larghezza</translation>
+    </message>
+    <message>
+        <source>Save as P&amp;DF...</source>
+        <translation>Salva come P&amp;DF...</translation>
+    </message>
+    <message>
+        <source>Save as P&amp;NG...</source>
+        <translation>Salva come P&amp;NG...</translation>
+    </message>
+    <message>
+        <source>&amp;Print...</source>
+        <translation>&amp;Stampa...</translation>
+    </message>
+    <message>
+        <source>It is being printed...</source>
+        <translation>Stampa in corso...</translation>
+    </message>
+    <message>
+        <source>&amp;Paper</source>
+        <translation>&amp;Carta</translation>
+    </message>
 </context>
 </TS>
