@@ -2271,20 +2271,8 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
         <translation>Il programma di stampa non può essere avviato: %1</translation>
     </message>
     <message>
-        <source>Kitchen order</source>
-        <translation>Comanda</translation>
-    </message>
-    <message>
         <source>Full order</source>
         <translation>Preconto</translation>
-    </message>
-    <message>
-        <source>Delivery note</source>
-        <translation>Documento di consegna</translation>
-    </message>
-    <message>
-        <source>Fiscal receipt</source>
-        <translation>Scontrino fiscale</translation>
     </message>
     <message>
         <source>Summary order</source>
