@@ -290,9 +290,6 @@ void TestPaperPairs::whatCannotBeRehearsed()
     QCOMPARE(run.standardOutput, QByteArray());
 }
 
-<<<<<<<<HEAD : tests / preview / tst_comparing.cpp QTEST_GUILESS_MAIN(TestPaperComparison)
-#include "tst_comparing.moc"
-        == == == == QTEST_GUILESS_MAIN(TestPaperPairs)
+QTEST_GUILESS_MAIN(TestPaperPairs)
+
 #include "tst_paperpairs.moc"
-        >>>>>>>> lane
-    - preview : tests / preview / tst_paperpairs.cpp
