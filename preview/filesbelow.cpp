@@ -3,14 +3,19 @@
 #include <QDir>
 #include <QDirIterator>
 
+#include <filesystem>
+#include <system_error>
+
 namespace preview {
 
 namespace {
 
-/// Whether all there is in it can be found. Links are not followed.
-bool isOpenFolder(const QFileInfo& entry)
+/// Also what cannot be had: a folder that is closed, a link that leads nowhere.
+bool isListed(const QFileInfo& entry)
 {
-    return entry.isDir() && (entry.isSymLink() || entry.isReadable());
+    if (entry.isSymLink())
+        return entry.isFile() || !entry.exists();
+    return entry.isFile() || (entry.isDir() && !entry.isReadable());
 }
 
 } // namespace
@@ -19,15 +24,26 @@ QStringList filesBelow(const QString& folder)
 {
     const QDir base(folder);
     QStringList files;
-    QDirIterator found(folder, QDir::Files | QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot,
+    QDirIterator found(folder, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
                        QDirIterator::Subdirectories);
     while (found.hasNext()) {
         found.next();
-        if (!isOpenFolder(found.fileInfo()))
+        if (isListed(found.fileInfo()))
             files += base.relativeFilePath(found.fileInfo().absoluteFilePath());
     }
     files.sort();
     return files;
+}
+
+QByteArrayList namesBelow(const char* folder)
+{
+    using Entries = std::filesystem::recursive_directory_iterator;
+    QByteArrayList names;
+    std::error_code error;
+    Entries entry(folder, std::filesystem::directory_options::skip_permission_denied, error);
+    for (; !error && entry != Entries(); entry.increment(error))
+        names += QByteArray::fromStdString(entry->path().native());
+    return names;
 }
 
 } // namespace preview

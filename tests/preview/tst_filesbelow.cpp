@@ -10,6 +10,7 @@ class TestFilesBelow : public QObject {
 
 private slots:
     void aClosedFolderIsNamed();
+    void ofLinksThoseToFilesAndToNothing();
 };
 
 void TestFilesBelow::aClosedFolderIsNamed()
@@ -24,6 +25,17 @@ void TestFilesBelow::aClosedFolderIsNamed()
     QCOMPARE(preview::filesBelow(folder.path()), (QStringList {"closed", "open/a.txt"}));
     setPermissions(folder.filePath("closed"), 0700);
     QCOMPARE(preview::filesBelow(folder.path()), (QStringList {"closed/b.txt", "open/a.txt"}));
+}
+
+void TestFilesBelow::ofLinksThoseToFilesAndToNothing()
+{
+    const QTemporaryDir folder;
+    writeBytes(folder.filePath("a.txt"), "a");
+    makeLink("a.txt", folder.filePath("file"));
+    makeLink("/dev/null", folder.filePath("device"));
+    makeLink(".", folder.filePath("folder"));
+    makeLink("none", folder.filePath("nothing"));
+    QCOMPARE(preview::filesBelow(folder.path()), (QStringList {"a.txt", "file", "nothing"}));
 }
 
 QTEST_GUILESS_MAIN(TestFilesBelow)

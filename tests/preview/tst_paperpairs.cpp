@@ -16,6 +16,7 @@ private slots:
     void intoAFile();
     void folders();
     void wholeFoldersAreRead();
+    void filesOfAnyName();
     void oneThatIsMissingHidesNoOther();
     void encodings();
     void whatCannotBeCompared_data();
@@ -175,6 +176,17 @@ void TestPaperPairs::wholeFoldersAreRead()
     QCOMPARE(run.standardOutput, scripts(0, 0, 0));
     QCOMPARE(run.statusOf({"--compare", "empty", "old"}), 1);
     QVERIFY(run.standardOutput.endsWith(scripts(1, 1, 0)));
+}
+
+// Of another encoding than the locale's.
+void TestPaperPairs::filesOfAnyName()
+{
+    PaperRun run;
+    run.writeFile("a.txt", script({"one"}));
+    run.startShell("mkdir old new; cp a.txt \"old/$(printf 'l\\350.txt')\"; cp a.txt \"new/$(printf '\\351.txt')\"; "
+                   "\"$program\" --compare old new; status=$?; rm -r old new; exit $status");
+    QCOMPARE(run.exitStatus, 1);
+    QVERIFY2(run.standardOutput.endsWith(scripts(2, 2, 0)), run.standardOutput.constData());
 }
 
 // What is missing cannot be in the file that is to hold all.
