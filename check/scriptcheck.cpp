@@ -10,6 +10,8 @@
 #include <QObject>
 #include <QTextCodec>
 
+#include <algorithm>
+
 using toolkit::operator""_L1;
 
 namespace check {
@@ -227,10 +229,11 @@ bool WidthCheck::isFirstOfItsDocument(toolkit::TextPlace place)
 /// "E8 E9" of the digits "e8e9".
 QString spaced(const QString& digits)
 {
-    QString bytes = shown(digits).toUpper();
-    for (int i = 2; i < bytes.size() && i < digits.size(); i += 3)
-        bytes.insert(i, QLatin1Char(' '));
-    return bytes;
+    const int most = 80; // digits that are shown
+    QStringList bytes;
+    for (int i = 0; i < std::min(most, digits.size()); i += 2)
+        bytes += digits.mid(i, 2).toUpper();
+    return bytes.join(QLatin1Char(' ')) + (digits.size() > most ? "..."_L1 : QLatin1String());
 }
 
 QString textOfInvalidBytes(const Fault& fault, const QTextCodec& codec)

@@ -28,6 +28,9 @@ namespace {
 struct Outcome {
     Difference difference;
     QString failure; ///< why there is none, in a translated sentence; empty when there is
+    bool isWrongCall = false; ///< that of a file which is not of the kind that is due
+
+    bool isThere() const { return failure.isEmpty(); }
 };
 
 using Outcomes = std::vector<Outcome>;
@@ -43,31 +46,55 @@ ExitStatus refuseFailures(const Outcomes& outcomes)
 {
     ExitStatus status = Done;
     for (const Outcome& outcome : outcomes) {
-        if (!outcome.failure.isEmpty())
+        if (!outcome.isThere())
             status = refuse(outcome.failure);
     }
     return status;
 }
 
+/// Nothing is done where the call is wrong, or none of all can be had.
+bool isRefused(const Outcomes& outcomes)
+{
+    const auto isWrong = [](const Outcome& outcome) { return outcome.isWrongCall; };
+    const auto isMissing = [](const Outcome& outcome) { return !outcome.isThere(); };
+    return std::any_of(outcomes.begin(), outcomes.end(), isWrong)
+        || (!outcomes.empty() && std::all_of(outcomes.begin(), outcomes.end(), isMissing));
+}
+
 QString summary(const Outcomes& outcomes, const QString& sentences)
 {
+    const auto done =
+        std::count_if(outcomes.begin(), outcomes.end(), [](const Outcome& outcome) { return outcome.isThere(); });
     const auto differing = std::count_if(outcomes.begin(), outcomes.end(),
                                          [](const Outcome& outcome) { return !outcome.difference.bands.isEmpty(); });
     const auto withoutTrace = std::count_if(outcomes.begin(), outcomes.end(),
                                             [](const Outcome& outcome) { return outcome.difference.isWithoutTrace; });
-    return sentences.arg(outcomes.size()).arg(differing).arg(withoutTrace);
+    return sentences.arg(done).arg(differing).arg(withoutTrace);
 }
 
-/// Draws what differs, and sums up. Where nothing does, there is nothing to draw: a file stays as it is.
-ExitStatus show(const Outcomes& outcomes, const QString& sentences, const Call& call)
+/// Draws what differs of what there is. Where nothing does, there is nothing to draw: a file stays as it is. So it does
+/// where something is missing.
+ExitStatus drawDifferences(const Outcomes& outcomes, const Call& call)
 {
-    if (const ExitStatus status = refuseFailures(outcomes))
-        return status;
     paper::Sheet sheet;
     for (const Outcome& outcome : outcomes)
         sheet.bands += outcome.difference.bands;
-    const ExitStatus status = sheet.bands.isEmpty() ? Done : std::max(Remarkable, put(sheet, call));
-    return std::max(status, say(summary(outcomes, sentences)));
+    if (sheet.bands.isEmpty())
+        return Done;
+    const bool isWhole =
+        std::all_of(outcomes.begin(), outcomes.end(), [](const Outcome& outcome) { return outcome.isThere(); });
+    const bool isDrawn = isWhole || call.output.isEmpty();
+    return isDrawn ? std::max(Remarkable, put(sheet, call)) : Remarkable;
+}
+
+/// The differences and their sum first, and below what could not be had.
+ExitStatus show(const Outcomes& outcomes, const QString& sentences, const Call& call)
+{
+    if (isRefused(outcomes))
+        return refuseFailures(outcomes);
+    const ExitStatus drawn = drawDifferences(outcomes, call);
+    const ExitStatus said = say(summary(outcomes, sentences));
+    return std::max({drawn, said, refuseFailures(outcomes)});
 }
 
 // --- Scripts ---------------------------------------------------------------------------------------------------
@@ -80,6 +107,11 @@ struct Names {
 bool isFolder(const QString& name)
 {
     return QFileInfo(name).isDir();
+}
+
+bool isReadable(const QString& name)
+{
+    return name == "-"_L1 || QFileInfo(name).isReadable();
 }
 
 QVector<Names> namesIn(const QString& left, const QString& right)
@@ -98,25 +130,25 @@ QVector<Names> namesIn(const QString& left, const QString& right)
     return names;
 }
 
-/// @p failure: why the file is none.
-Side sideOf(const QString& name, QString& failure)
+/// Says in @p outcome why the file is none.
+Side sideOf(const QString& name, Outcome& outcome)
 {
     if (name.isEmpty())
         return {};
     const Source source = readSource(name);
     if (!source.failure.isEmpty())
-        failure = source.failure;
+        outcome.failure = source.failure;
     else if (paper::isJob(source.bytes))
-        failure = QStringLiteral("%1 is a job: --compare takes scripts, --rehearse jobs.").arg(name);
+        outcome = {{}, QStringLiteral("%1 is a job: --compare takes scripts, --rehearse jobs.").arg(name), true};
     return {name, true, source.bytes};
 }
 
 Outcome compared(const Names& names, QTextCodec* encoding)
 {
     Outcome outcome;
-    const Side left = sideOf(names.left, outcome.failure);
-    const Side right = sideOf(names.right, outcome.failure);
-    if (outcome.failure.isEmpty())
+    const Side left = sideOf(names.left, outcome);
+    const Side right = outcome.isThere() ? sideOf(names.right, outcome) : Side();
+    if (outcome.isThere())
         outcome.difference = differenceOf(left, right, encoding);
     return outcome;
 }
@@ -140,15 +172,14 @@ Side printed(const QByteArray& job, const QString& name, const Trial& trial, QSt
 Outcome rehearsed(const QString& name, const Trial& today, const Trial& tomorrow)
 {
     const Source job = readSource(name);
+    if (!job.failure.isEmpty())
+        return {{}, job.failure};
+    if (!paper::isJob(job.bytes))
+        return {{}, QStringLiteral("%1 is no job: --rehearse takes jobs, --compare scripts.").arg(name), true};
     Outcome outcome;
-    outcome.failure = job.failure;
-    if (outcome.failure.isEmpty() && !paper::isJob(job.bytes))
-        outcome.failure = QStringLiteral("%1 is no job: --rehearse takes jobs, --compare scripts.").arg(name);
-    if (!outcome.failure.isEmpty())
-        return outcome;
     const Side left = printed(job.bytes, name, today, outcome.failure);
-    const Side right = printed(job.bytes, name, tomorrow, outcome.failure);
-    if (outcome.failure.isEmpty())
+    const Side right = outcome.isThere() ? printed(job.bytes, name, tomorrow, outcome.failure) : Side();
+    if (outcome.isThere())
         outcome.difference = differenceOf(left, right, nullptr);
     return outcome;
 }
@@ -159,6 +190,10 @@ ExitStatus compare(const Call& call, const SettingsBytes&)
 {
     const QString& left = call.files.first();
     const QString& right = call.files.last();
+    for (const QString& name : {left, right}) {
+        if (!isReadable(name))
+            return refuse(readSource(name).failure);
+    }
     if (isFolder(left) != isFolder(right))
         return refuse(QStringLiteral("The option --compare takes two scripts or two folders, not one of each."));
     const QVector<Names> names = isFolder(left) ? namesIn(left, right) : QVector<Names> {{left, right}};

@@ -36,7 +36,7 @@ QString troubleOf(const PrintedJob& printed, const paper::Roll& roll)
     if (!printed.failure.isEmpty())
         return printed.failure;
     if (roll.documents.isEmpty())
-        return QObject::tr("Nothing of this job is printed. zelmora-check says why.");
+        return nothingPrinted();
     if (!isClosed(roll))
         return QObject::tr("The script has no closing command, since the job breaks off. zelmora-check says where.");
     return QString();

@@ -3,19 +3,47 @@
 #include <QDir>
 #include <QDirIterator>
 
+#include <filesystem>
+#include <system_error>
+
 namespace preview {
+
+namespace {
+
+/// Also what cannot be had: a folder that is closed, a link that leads nowhere.
+bool isListed(const QFileInfo& entry)
+{
+    if (entry.isSymLink())
+        return entry.isFile() || !entry.exists();
+    return entry.isFile() || (entry.isDir() && !entry.isReadable());
+}
+
+} // namespace
 
 QStringList filesBelow(const QString& folder)
 {
     const QDir base(folder);
     QStringList files;
-    QDirIterator found(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    QDirIterator found(folder, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                       QDirIterator::Subdirectories);
     while (found.hasNext()) {
         found.next();
-        files += base.relativeFilePath(found.fileInfo().absoluteFilePath());
+        if (isListed(found.fileInfo()))
+            files += base.relativeFilePath(found.fileInfo().absoluteFilePath());
     }
     files.sort();
     return files;
+}
+
+QByteArrayList namesBelow(const char* folder)
+{
+    using Entries = std::filesystem::recursive_directory_iterator;
+    QByteArrayList names;
+    std::error_code error;
+    Entries entry(folder, std::filesystem::directory_options::skip_permission_denied, error);
+    for (; !error && entry != Entries(); entry.increment(error))
+        names += QByteArray::fromStdString(entry->path().native());
+    return names;
 }
 
 } // namespace preview

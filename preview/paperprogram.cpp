@@ -3,6 +3,7 @@
 #include "config/translation.h"
 #include "config/zmconfiguration.h"
 #include "preview/commandline.h"
+#include "preview/filesbelow.h"
 #include "preview/output.h"
 #include "preview/settingsbytes.h"
 #include "toolkit/filenames.h"
@@ -37,6 +38,19 @@ bool drawsOverItsSource(const Call& call)
     return !call.output.isEmpty() && !output.isEmpty()
         && std::any_of(sources.begin(), sources.end(),
                        [&](const QString& source) { return QFileInfo(source).canonicalFilePath() == output; });
+}
+
+/// All that may be met, as the system has them.
+QByteArrayList fileNames(int argc, char** argv)
+{
+    const bool hasFolders = std::any_of(argv, argv + argc, [](const QByteArray& name) { return name == "--compare"; });
+    QByteArrayList names {qgetenv("HOME")};
+    for (int i = 1; i < argc; ++i) {
+        names += argv[i];
+        if (hasFolders)
+            names += namesBelow(argv[i]);
+    }
+    return names;
 }
 
 using Task = ExitStatus (*)(const Call& call, const SettingsBytes& settings);
@@ -80,10 +94,7 @@ ExitStatus refuse(const QString& reason)
 
 int runPaperProgram(int argc, char** argv)
 {
-    QByteArrayList names {qgetenv("HOME")};
-    for (int i = 1; i < argc; ++i)
-        names += argv[i];
-    toolkit::setFileNameEncoding(names);
+    toolkit::setFileNameEncoding(fileNames(argc, argv));
 
     QStringList arguments = QCoreApplication::arguments();
     for (int i = 1; i < argc; ++i)

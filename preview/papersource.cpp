@@ -61,11 +61,18 @@ Paper paperOfJob(const QByteArray& job, const QString& name, JobPrinter& printer
     if (made.failure.isEmpty()) {
         const PrintedJob printed = printer.print(job);
         made = paperOfScript(printed.script);
-        if (!printed.failure.isEmpty())
-            made.failure = name + ": "_L1 + printed.failure;
+        const QString failure =
+            printed.script.isEmpty() && printed.failure.isEmpty() ? nothingPrinted() : printed.failure;
+        if (!failure.isEmpty())
+            made.failure = name + ": "_L1 + failure;
     }
     made.isOfJob = true;
     return made;
+}
+
+QString nothingPrinted()
+{
+    return QObject::tr("Nothing of this job is printed. zelmora-check says why.");
 }
 
 QVector<paper::Strip> stripsOf(const paper::Roll& roll, const QString& title)

@@ -31,6 +31,9 @@ Paper paperOfScript(const QByteArray& script, QTextCodec* encoding = nullptr);
 /// That of a job, which @p printer prints; it is called @p name where that fails.
 Paper paperOfJob(const QByteArray& job, const QString& name, JobPrinter& printer);
 
+/// What is to be said of a job that has no script.
+QString nothingPrinted();
+
 /// A strip for each document of @p roll, one at least; those behind the first have their number in the title.
 QVector<paper::Strip> stripsOf(const paper::Roll& roll, const QString& title);
 

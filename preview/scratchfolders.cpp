@@ -33,7 +33,7 @@ sigset_t endingSignals()
 {
     sigset_t ending;
     sigemptyset(&ending);
-    for (const int signal : {SIGHUP, SIGINT, SIGTERM}) {
+    for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) {
         struct sigaction action;
         const bool isIgnored = sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
         if (!isIgnored)

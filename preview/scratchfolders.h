@@ -5,7 +5,7 @@
 
 class QString;
 
-/// Folders that are gone when the process is, also when it is asked to end by SIGHUP, SIGINT or SIGTERM.
+/// Folders that are gone when the process is, also when it is asked to end by SIGHUP, SIGINT, SIGQUIT or SIGTERM.
 namespace preview {
 
 /// From now on a thread of its own takes these three signals: it removes what there is of scratch folders, and then

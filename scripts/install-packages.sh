@@ -1,8 +1,9 @@
 # To be sourced: what the scripts need of Debian 12, and its installation.
 
 # To build: compiler, build tools, the toolkit, the translation compiler; the toolkit's own texts in other languages, for
-# the buttons of boxes; a font of fixed width for the pictures of paper.
-BUILD_PACKAGES=(g++ cmake ninja-build qtbase5-dev qttools5-dev-tools qttranslations5-l10n fonts-dejavu-core)
+# the buttons of boxes; for the pictures of paper a font of fixed width, and one that has pictures of control characters.
+BUILD_PACKAGES=(g++ cmake ninja-build qtbase5-dev qttools5-dev-tools qttranslations5-l10n fonts-dejavu-core
+    fonts-freefont-ttf)
 # To test as well: the definitions of the 8-bit locale that the tests build for themselves; a PostgreSQL server, its tools
 # and the toolkit's driver for it; xmllint, which tells what the schema of jobs accepts.
 TEST_PACKAGES=("${BUILD_PACKAGES[@]}" locales postgresql postgresql-client libqt5sql5-psql libxml2-utils)

@@ -22,6 +22,8 @@ private slots:
     void linesThatAreAlwaysTooLong_data();
     void linesThatAreAlwaysTooLong();
     void bytesAreNamedWithTheirEncoding();
+    void manyBytes_data();
+    void manyBytes();
     void examplesHaveNoFault_data();
     void examplesHaveNoFault();
     void goldenScripts_data();
@@ -178,6 +180,25 @@ void TestScriptCheck::bytesAreNamedWithTheirEncoding()
         findings.first().text,
         QString("In the encoding UTF-8 these bytes are no characters: E8 E9. Was the script written in another one?"));
     QCOMPARE(placesOf(checkScript(document({"a\xE8\xE9 z"}), QTextCodec::codecForName("ISO-8859-1"))), QStringList());
+}
+
+void TestScriptCheck::manyBytes_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("one") << 1 << "FF";
+    QTest::newRow("five") << 5 << "FF FF FF FF FF";
+    QTest::newRow("as many as are shown") << 40 << "FF" + QString(" FF").repeated(39);
+    QTest::newRow("one more") << 41 << "FF" + QString(" FF").repeated(39) + "...";
+}
+
+void TestScriptCheck::manyBytes()
+{
+    QFETCH(int, count);
+    QFETCH(QString, shown);
+    const Findings findings = checkScript(document({QByteArray(count, '\xFF')}), QTextCodec::codecForName("UTF-8"));
+    QCOMPARE(findings.first().code, check::Code::InvalidBytes);
+    QCOMPARE(findings.first().text.section(": ", 1, 1).section(". Was", 0, 0), shown);
 }
 
 void TestScriptCheck::examplesHaveNoFault_data()

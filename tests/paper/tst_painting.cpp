@@ -19,6 +19,7 @@ private slots:
     void aPictureIsAsLargeAsItsScale();
     void colours();
     void charactersStandInTheirCells();
+    void everyControlCharacterHasItsPicture();
     void tooLargePicturesAreRefused();
     void pages_data();
     void pages();
@@ -86,6 +87,18 @@ void TestPainting::charactersStandInTheirCells()
         QVERIFY(!isInked(image, 1, column));
     QVERIFY(isInked(image, 2, 31));
     QVERIFY(!isInked(image, 2, 30));
+}
+
+// A font without them would draw the same box for all.
+void TestPainting::everyControlCharacterHasItsPicture()
+{
+    QVector<QImage> pictures {picture(sheetOf({" "}))};
+    for (int code = 0; code <= 0x80; code = code < 0x1F ? code + 1 : std::max(code + 1, 0x7F)) {
+        const QImage image = picture(sheetOf({QString(QChar(code))}));
+        QVERIFY2(!pictures.contains(image), qPrintable(QString::number(code, 16)));
+        pictures += image;
+    }
+    QCOMPARE(pictures.size(), 1 + 32 + 2);
 }
 
 void TestPainting::tooLargePicturesAreRefused()

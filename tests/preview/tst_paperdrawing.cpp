@@ -33,6 +33,7 @@ private slots:
     void settingsThatCannotBeHad();
     void xmlSettings();
     void findingsOfAJobAreThoseOfItsScript();
+    void aJobThatPrintsNothing();
     void helpAndVersion();
     void standardOutputThatIsFull();
 };
@@ -439,6 +440,17 @@ void TestPaperDrawing::findingsOfAJobAreThoseOfItsScript()
     QVERIFY2(run.standardError.startsWith("a.xml (script):2:22: error: ")
                  && run.standardError.endsWith(" [quote-in-text]\n"),
              run.standardError.constData());
+}
+
+// It breaks off before the print program has begun a document.
+void TestPaperDrawing::aJobThatPrintsNothing()
+{
+    PaperRun run;
+    run.writeFile("a.xml", "<printjob");
+    run.writeFile("a.txt", script({"one"}));
+    QCOMPARE(run.statusOf({"a.xml", "a.txt"}), 2);
+    QCOMPARE(run.standardOutput, framed("a.txt", {"one"}));
+    QCOMPARE(run.standardError, QByteArray("a.xml: Nothing of this job is printed. zelmora-check says why.\n"));
 }
 
 void TestPaperDrawing::helpAndVersion()

@@ -16,6 +16,8 @@ private slots:
     void intoAFile();
     void folders();
     void wholeFoldersAreRead();
+    void filesOfAnyName();
+    void oneThatIsMissingHidesNoOther();
     void encodings();
     void whatCannotBeCompared_data();
     void whatCannotBeCompared();
@@ -23,6 +25,7 @@ private slots:
     void rehearsalWithoutAChange();
     void rehearsalOfAChange();
     void rehearsalOfOtherSettingsThanTodays();
+    void aJobThatFailsHidesNoOther();
     void whatCannotBeRehearsed_data();
     void whatCannotBeRehearsed();
 };
@@ -175,6 +178,48 @@ void TestPaperPairs::wholeFoldersAreRead()
     QVERIFY(run.standardOutput.endsWith(scripts(1, 1, 0)));
 }
 
+// Of another encoding than the locale's.
+void TestPaperPairs::filesOfAnyName()
+{
+    PaperRun run;
+    run.writeFile("a.txt", script({"one"}));
+    run.startShell("mkdir old new; cp a.txt \"old/$(printf 'l\\350.txt')\"; cp a.txt \"new/$(printf '\\351.txt')\"; "
+                   "\"$program\" --compare old new; status=$?; rm -r old new; exit $status");
+    QCOMPARE(run.exitStatus, 1);
+    QVERIFY2(run.standardOutput.endsWith(scripts(2, 2, 0)), run.standardOutput.constData());
+}
+
+// What is missing cannot be in the file that is to hold all.
+void TestPaperPairs::oneThatIsMissingHidesNoOther()
+{
+    PaperRun run;
+    for (const char* side : {"old", "new"}) {
+        QDir(run.path(".")).mkpath(side);
+        run.writeFile(side + QByteArray("/empty.txt"), "");
+        run.writeFile(side + QByteArray("/z.txt"), script({side}));
+    }
+    const QByteArray reason = "The file old/empty.txt is empty.\n";
+    QCOMPARE(run.statusOf({"--compare", "old", "new"}), 2);
+    QCOMPARE(run.standardError, reason);
+    QVERIFY(run.standardOutput.contains("│new"));
+    QVERIFY(run.standardOutput.endsWith(scripts(1, 1, 0)));
+
+    run.writeFile("c.txt", "before");
+    QCOMPARE(run.statusOf({"--compare", "-o", "c.txt", "old", "new"}), 2);
+    QCOMPARE(run.standardError, reason);
+    QCOMPARE(run.standardOutput, scripts(1, 1, 0));
+    QCOMPARE(run.fileOf("c.txt"), QByteArray("before"));
+
+    run.writeFile("new/z.txt", script({"old"}));
+    QCOMPARE(run.statusOf({"--compare", "old", "new"}), 2);
+    QCOMPARE(run.standardOutput, scripts(1, 0, 0));
+
+    run.writeFile("new/job.xml", jobOf("one")); // which is a wrong call
+    QCOMPARE(run.statusOf({"--compare", "old", "new"}), 2);
+    QCOMPARE(run.standardOutput, QByteArray());
+    QVERIFY(run.standardError.contains("new/job.xml is a job"));
+}
+
 void TestPaperPairs::encodings()
 {
     PaperRun run;
@@ -197,6 +242,8 @@ void TestPaperPairs::whatCannotBeCompared_data()
         "jobs", "jobs"} << QByteArray("jobs/a.xml is a job: --compare takes scripts, --rehearse jobs.\n");
     QTest::newRow("a file and a folder") << QStringList {
         "a.txt", "jobs"} << QByteArray("The option --compare takes two scripts or two folders, not one of each.\n");
+    QTest::newRow("no such folder") << QStringList {"none", "jobs"}
+                                    << QByteArray("The file none cannot be read: No such file or directory\n");
     QTest::newRow("no such file") << QStringList {"a.txt", "none"}
                                   << QByteArray("The file none cannot be read: No such file or directory\n");
     QTest::newRow("an empty file") << QStringList {"empty.txt", "a.txt"}
@@ -254,6 +301,23 @@ void TestPaperPairs::rehearsalOfOtherSettingsThanTodays()
     run.startShell("\"$program\" --rehearse today.conf - < a.xml");
     QCOMPARE(run.exitStatus, 1);
     QVERIFY(run.standardOutput.startsWith("-, today"));
+}
+
+void TestPaperPairs::aJobThatFailsHidesNoOther()
+{
+    PaperRun run;
+    run.setSettings(simpleSettings());
+    run.writeFile("new.conf", simpleSettings("false"));
+    run.writeFile("a.xml", jobOf("one"));
+    run.writeFile("a.txt", script({"one"}));
+    QCOMPARE(run.statusOf({"--rehearse", "new.conf", "none.xml", "a.xml"}), 2);
+    QCOMPARE(run.standardError, QByteArray("The file none.xml cannot be read: No such file or directory\n"));
+    QVERIFY(run.standardOutput.startsWith("a.xml, today"));
+    QVERIFY(run.standardOutput.endsWith(jobs(1, 1, 0)));
+
+    QCOMPARE(run.statusOf({"--rehearse", "new.conf", "a.xml", "a.txt"}), 2);
+    QCOMPARE(run.standardError, QByteArray("a.txt is no job: --rehearse takes jobs, --compare scripts.\n"));
+    QCOMPARE(run.standardOutput, QByteArray());
 }
 
 void TestPaperPairs::whatCannotBeRehearsed_data()

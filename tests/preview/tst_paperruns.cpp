@@ -188,7 +188,8 @@ void TestPaperRuns::saysThatThereIsNone()
 void TestPaperRuns::scriptsTakeNone()
 {
     const Place place;
-    place.makePrintProgram("own/deep", "touch '" + place.path("called").toUtf8() + "'");
+    place.makePrintProgram(
+        "own/deep", "touch '" + place.path("called").toUtf8() + "'; printf 'nofis apri\\nnofis chiudi\\n' > \"$2\"");
     PaperRun run(place.program());
     run.writeFile("a.txt", script({"one"}));
     QCOMPARE(run.statusOf({"a.txt"}), 0);
@@ -244,6 +245,7 @@ void TestPaperRuns::whatIsLeftBySignals_data()
     row("SIGTERM", SIGTERM, {"a.xml"});
     row("SIGINT", SIGINT, {"a.xml"});
     row("SIGHUP", SIGHUP, {"a.xml"});
+    row("SIGQUIT", SIGQUIT, {"a.xml"});
     row("SIGTERM while several are printed", SIGTERM, {"a.xml", "a.xml", "a.xml"});
     row("SIGTERM while a picture is made", SIGTERM, {"-o", "a.png", "a.xml", "a.xml"});
     row("SIGTERM at a rehearsal, with two homes", SIGTERM, {"--rehearse", "a.conf", "a.xml"});
