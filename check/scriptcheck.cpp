@@ -29,9 +29,24 @@ QString withoutEnd(QLatin1String command)
 
 // --- Lines that are no commands --------------------------------------------------------------------------------
 
-bool isCommand(const QString& line)
+/// @p line as a command with its closing quote; empty where it is none.
+QString completed(const QString& line)
 {
-    return paper::readCommand(line).kind != Command::None;
+    const Command command = paper::readCommand(line);
+    if (command.kind == Command::None)
+        return QString();
+    return command.isTextEnded ? line : line + quote;
+}
+
+/// @p text, which stands behind a command's "=", without the quote that it begins with. Double ones become the
+/// register's.
+QString withoutOpeningQuote(QString text)
+{
+    const QChar doubleQuote = u'"';
+    const bool isInDoubleQuotes = text.size() > 1 && text.startsWith(doubleQuote) && text.endsWith(doubleQuote);
+    if (isInDoubleQuotes)
+        text[text.size() - 1] = quote;
+    return text.startsWith(quote) || text.startsWith(doubleQuote) ? text.mid(1) : text;
 }
 
 /// @p line with its beginning, up to the "=" and a quote behind that, as a command has it that was probably meant;
@@ -42,9 +57,9 @@ QString withMeantBeginning(const QString& line)
     const int equals = line.indexOf(QLatin1Char('='));
     if (equals < 0)
         return QString();
-    const int end = equals + (line.mid(equals + 1, 1) == quote ? 2 : 1);
-    const QString beginning = toolkit::nearest(line.left(end), beginnings);
-    return beginning.isEmpty() ? QString() : beginning + line.mid(end);
+    const QString rest = withoutOpeningQuote(line.mid(equals + 1));
+    const QString beginning = toolkit::nearest(line.left(line.size() - rest.size()), beginnings);
+    return beginning.isEmpty() ? QString() : beginning + rest;
 }
 
 /// The command that was probably meant by @p line; empty where none is near.
@@ -53,8 +68,7 @@ QString meantCommand(const QString& line)
     static const QStringList words {withoutEnd(openNonFiscal), withoutEnd(closeNonFiscal), withoutEnd(clear),
                                     withoutEnd(registeringMode), withoutEnd(closeFiscal)};
     const QString word = toolkit::nearest(line, words);
-    const QString meant = word.isEmpty() ? withMeantBeginning(line) : word;
-    return isCommand(meant) ? meant : QString();
+    return completed(word.isEmpty() ? withMeantBeginning(line) : word);
 }
 
 /// The first of a sale's field names that @p line has not; empty where it is no sale.
@@ -91,10 +105,11 @@ void addNoCommand(Findings& findings, const Fault& fault)
             findings, Code::NoCommand, fault.place,
             QObject::tr("A byte-order mark stands before the command, which the register takes for a part of it: "
                         "save the file without it."),
-            isCommand(line.mid(1)) ? line.mid(1) : QString());
-    if (isCommand(line))
+            completed(line.mid(1)));
+    const QString whole = completed(line);
+    if (!whole.isEmpty())
         return add(findings, Code::NoCommand, fault.place,
-                   QObject::tr("The text has no closing quote: the command ends with '."), line + quote);
+                   QObject::tr("The text has no closing quote: the command ends with '."), whole);
     const QString meant = meantCommand(line);
     add(findings, Code::NoCommand, fault.place, textOfNoCommand(line, meant), meant);
 }

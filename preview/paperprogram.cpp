@@ -30,14 +30,19 @@ ExitStatus refuseCall(const QString& reason)
     return refuse(QStringLiteral("%1\nTry '%2 --help' for more information.").arg(reason, program));
 }
 
+/// Whether the file @p path is @p source, or lies in it.
+bool isOf(const QString& source, const QString& path)
+{
+    const QString sourcePath = QFileInfo(source).canonicalFilePath();
+    return !sourcePath.isEmpty() && (path == sourcePath || path.startsWith(sourcePath + u'/'));
+}
+
 /// Nobody means that: a drawing in the place of what it was drawn from.
 bool drawsOverItsSource(const Call& call)
 {
-    const QString output = QFileInfo(call.output).canonicalFilePath();
+    const QString output = QFileInfo(call.output).canonicalFilePath(); // empty where nothing is drawn over
     const QStringList sources = QStringList(call.files) << call.settings << call.otherSettings;
-    return !call.output.isEmpty() && !output.isEmpty()
-        && std::any_of(sources.begin(), sources.end(),
-                       [&](const QString& source) { return QFileInfo(source).canonicalFilePath() == output; });
+    return std::any_of(sources.begin(), sources.end(), [&](const QString& source) { return isOf(source, output); });
 }
 
 /// All that may be met, as the system has them.

@@ -124,10 +124,16 @@ void TestScriptCheck::suggestions_data()
     row("a sale with a slip that would still be none", "VED REP=1,QTY=1", "");
     row("a discount with a slip", "SCONTO VAL =1", "SCONTO VAL=1");
     row("a rate in small letters", "perca aliq=10", "PERCA ALIQ=10");
+    row("a line in double quotes", "nofis riga=\"a \"b\" c\"", "nofis riga='a \"b\" c'");
+    row("a line with a double quote alone", "nofis riga=\"", "nofis riga=''");
+    row("a line without quotes", "nofis riga=a", "nofis riga='a'");
     row("an unclosed text", "nofis riga='a", "nofis riga='a'");
+    row("an unclosed text in a line with a slip", "nofis rgia='a", "nofis riga='a'");
     const QString mark(QChar(QChar::ByteOrderMark));
     QTest::newRow("a byte-order mark before a command") << mark + "nofis apri"
                                                         << "nofis apri";
+    QTest::newRow("a byte-order mark before an unclosed text") << mark + "nofis riga='a"
+                                                               << "nofis riga='a'";
     QTest::newRow("a byte-order mark before another line") << mark + "Hello"
                                                            << "";
 }

@@ -186,7 +186,7 @@ void TestPaperFiles::takesTheOldOnesPlace()
     QCOMPARE(permissionsOf(run.path("b.txt")), mode_t(0640));
 }
 
-// A script that ends in .txt, through a link too, and settings.
+// A script that ends in .txt, through a link too; settings; one in a folder of scripts.
 void TestPaperFiles::isNotWhatItIsDrawnFrom()
 {
     OneScript run;
@@ -203,6 +203,14 @@ void TestPaperFiles::isNotWhatItIsDrawnFrom()
     run.writeFile("settings.txt", "zelmora: { };");
     QCOMPARE(run.statusOf({"-o", "settings.txt", "--settings", "settings.txt", "a.txt"}), 2);
     QCOMPARE(run.fileOf("settings.txt"), QByteArray("zelmora: { };"));
+
+    QDir(run.path(".")).mkpath("old/sub");
+    QDir(run.path(".")).mkpath("new");
+    run.writeFile("old/sub/a.txt", "before");
+    QCOMPARE(run.statusOf({"--compare", "-o", "old/sub/a.txt", "old", "new"}), 2);
+    QCOMPARE(run.fileOf("old/sub/a.txt"), QByteArray("before"));
+    run.writeFile("older.txt", "before");
+    QCOMPARE(run.statusOf({"--compare", "-o", "older.txt", "old", "new"}), 1);
 }
 
 void TestPaperFiles::isNotWrittenOfAPart()
