@@ -7,8 +7,8 @@
 //
 // The answers are milliseconds, in one line.
 
-#include "editor/paperview.h"
 #include "editor/settingswindow.h"
+#include "editor/paperview.h"
 #include "toolkit/program.h"
 
 #include <QApplication>
@@ -115,6 +115,7 @@ void measureMany(SettingsWindow& window, const QString& path)
     finding.clear();
     auto& width = named<QSpinBox>(window, "paperWidth");
     width.setFocus();
+    settle(window);
     double changing = 0;
     for (int i = 0; i < fewKeys; ++i) {
         changing = std::max(changing, millisecondsOf([&] {

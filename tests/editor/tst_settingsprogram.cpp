@@ -25,6 +25,8 @@ private slots:
     void theUsersOwnFileIsMissing();
     void speaksTheLanguageOfTheDocuments();
     void aChangedWidthShowsOnTheNextReceipt();
+    void leavesNothingBehind_data();
+    void leavesNothingBehind();
     void remembersItsSizeInTheUsersHome();
     void fitsTheScreen_data();
     void fitsTheScreen();
@@ -141,6 +143,13 @@ public:
         said = program.readAllStandardError();
         said.replace("This plugin does not support propagateSizeHints()\n", "");
         return ended && program.exitCode() == 0 && said.isEmpty();
+    }
+
+    /// Whether it ends when the system asks it to.
+    bool endsWhenAsked()
+    {
+        program.terminate();
+        return program.waitForFinished(20000);
     }
 
     QString lastShown;
@@ -446,6 +455,30 @@ void TestSettingsProgram::aChangedWidthShowsOnTheNextReceipt()
     const QByteArray page = fileContents(ZELMORA_DOCS "/settings-editor.md");
     QVERIFY(page.contains("Before, with 32:\n\n```text\n" + before + "```\n"));
     QVERIFY(page.contains("After, with 40:\n\n```text\n" + after + "```\n"));
+}
+
+void TestSettingsProgram::leavesNothingBehind_data()
+{
+    QTest::addColumn<bool>("isAsked");
+    QTest::newRow("when it is quit") << false;
+    QTest::newRow("when the system asks it to end") << true;
+}
+
+// What is printed for the paper has a home of its own, with a password in it, while the window stands.
+void TestSettingsProgram::leavesNothingBehind()
+{
+    QFETCH(bool, isAsked);
+    ProgramRun run;
+    run.setSettings("zelmora: { bin: { path = b; }; };");
+    const QString scratch = run.path("scratch");
+    QVERIFY(QDir().mkpath(scratch));
+    Editor editor(run, {}, "TMPDIR=" + scratch);
+    QVERIFY(QTest::qWaitFor([&] { return !filesIn(scratch).isEmpty(); }, 20000));
+    if (isAsked)
+        QVERIFY(editor.endsWhenAsked());
+    else
+        VERIFY_QUITS(editor);
+    QCOMPARE(filesIn(scratch), QStringList());
 }
 
 void TestSettingsProgram::remembersItsSizeInTheUsersHome()
