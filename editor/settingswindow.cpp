@@ -33,7 +33,7 @@ const QString geometryKey = QStringLiteral("geometry");
 QString firstStartText(const settings::EditedSettings& settings)
 {
     const QString path = settings.file().path();
-    if (!settings.isEditable() || !settings.isEmpty())
+    if (!settings.isEditable() || !settings.isEmpty() || settings.file().review().isHiddenByItsBeginning)
         return QString();
     return QFileInfo::exists(path) ? QObject::tr("The file %1 has no settings yet.").arg(path)
                                    : QObject::tr("There is no file %1 yet.").arg(path);
@@ -52,14 +52,6 @@ QString changedText(const settings::SettingsFile& file)
     if (!file.changedOnDisk())
         return QString();
     return QObject::tr("Another program has changed or removed the file %1 since it was opened.").arg(file.path());
-}
-
-/// What a box said when the file was opened needs no bar; but what can be put right is offered.
-QString besideText(const settings::EditedSettings& settings)
-{
-    const QVector<settings::Note> notes = notesBesideGroups(settings);
-    const bool isRemedied = !notes.isEmpty() && notes.first().remedy;
-    return isRemedied && settings.isEditable() ? notes.first().text : QString();
 }
 
 } // namespace
@@ -130,11 +122,8 @@ QWidget* SettingsWindow::newNotices()
     recentButton->setMenu(recent);
     notWritable->addButton(QObject::tr("Save as..."), [this] { saveAs(); });
     changedByOthers->addButton(QObject::tr("Read it again"), [this] { reload(); });
-    besideGroups->addButton(QObject::tr("Put it right"), [this] {
-        const QVector<settings::Note> notes = notesBesideGroups(settings);
-        if (!notes.isEmpty() && notes.first().remedy)
-            settings.apply(*notes.first().remedy);
-    });
+    remedyButton = besideGroups->addButton(QObject::tr("Put it right"), [this] { putRightBesideGroups(); });
+    besideGroups->addButton(QObject::tr("Sho&w..."), [this] { showBesideGroups(); });
     auto* const bars = new QWidget;
     auto* const layout = new QVBoxLayout(bars);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -172,6 +161,8 @@ void SettingsWindow::showPage()
 
 void SettingsWindow::follow(const settings::TreeChange& change)
 {
+    if (change.isEmpty())
+        noteStoredSettings();
     filePage->follow(change);
     table->refresh();
     showState();
@@ -184,7 +175,7 @@ void SettingsWindow::showState()
     setWindowTitle((path.isEmpty() ? QObject::tr("no file") : path) + mark + "[*] - "_L1 + QObject::tr("Settings"));
     setWindowModified(settings.isModified());
     groups->refresh();
-    showPaper();
+    showPaperSoon();
     showNotices();
     updateActions();
     find();
@@ -198,7 +189,7 @@ void SettingsWindow::showNotices()
     recentButton->setVisible(!recentFiles().isEmpty());
     notWritable->tell(isOpen ? notWritableText(settings.file().path()) : QString());
     changedByOthers->tell(isOpen ? changedText(settings.file()) : QString());
-    besideGroups->tell(isOpen ? besideText(settings) : QString());
+    tellBesideGroups();
     updateActions();
     watch();
 }

@@ -6,6 +6,7 @@
 
 #include <QFileSystemWatcher>
 #include <QMainWindow>
+#include <QTimer>
 
 class FilePage;
 class GroupList;
@@ -73,6 +74,8 @@ private:
     // The paper (windowpaper.cpp).
     void addPaper();
     void addPaperMenu();
+    void noteStoredSettings();
+    void showPaperSoon();
     void showPaper();
 
     // Finding (windowfinding.cpp).
@@ -94,7 +97,10 @@ private:
     bool mayDiscardChanges();
     bool mayBeWritten(const QString& path, const settings::SettingsFile::Trial& trial);
     bool confirmed(const QString& warning);
-    void sayWhatIsWrong();
+    void sayThatItIsReadOnly();
+    void tellBesideGroups();
+    void showBesideGroups();
+    void putRightBesideGroups();
     void noteOpened();
     void watch();
     bool hasUnsaved() const;
@@ -102,6 +108,7 @@ private:
     settings::EditedSettings settings;
     QFileSystemWatcher watcher;
     preview::SettingsBytes storedSettings; ///< as the file has them
+    QTimer paperTimer;
 
     GroupList* groups = nullptr;
     GroupTable* table = nullptr;
@@ -115,6 +122,7 @@ private:
     Notice* notWritable = nullptr;
     Notice* changedByOthers = nullptr;
     Notice* besideGroups = nullptr;
+    QPushButton* remedyButton = nullptr; ///< of that
 
     QLineEdit* findField = nullptr;
     QLabel* hits = nullptr;

@@ -2,18 +2,23 @@
 
 #include "editor/filepage.h"
 #include "editor/message.h"
+#include "editor/notice.h"
 #include "editor/placement.h"
 #include "editor/settingswindow.h"
 #include "settings/recentfiles.h"
 #include "settings/savequestions.h"
+#include "settings/settingrows.h"
 #include "toolkit/literals.h"
 
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QPushButton>
 #include <QSettings>
 #include <QStatusBar>
+
+#include <algorithm>
 
 using settings::SettingsFile;
 using toolkit::operator""_L1;
@@ -22,10 +27,8 @@ namespace {
 
 const QString recentKey = QStringLiteral("recent");
 
-/// As much of a list as is read at a glance, and as there is in a question that somebody must be able to answer; the
-/// rest is counted.
-const int linesToGlanceAt = 12;
-const int linesToDecideBy = 1000;
+/// As much of a list as there is in a box that somebody must be able to answer; the rest is counted.
+const int mostLines = 1000;
 const int longestLine = 100;
 const int longestFinding = 300; // they say what will happen and what to do
 
@@ -35,18 +38,7 @@ QString oneLine(const QString& text, int longest)
     return line.size() <= longest ? line : line.left(longest) + "..."_L1;
 }
 
-/// What is wrong with the file; what the programs make of it all the same is no matter for a box.
-QStringList withLines(const check::Findings& findings)
-{
-    QStringList texts;
-    for (const check::Finding& finding : findings) {
-        if (finding.severity != check::Severity::Note)
-            texts += QObject::tr("line %1: %2").arg(QString::number(finding.place.line), finding.text);
-    }
-    return texts;
-}
-
-QString bulletList(const QStringList& texts, int mostLines = linesToGlanceAt, int longest = longestLine)
+QString bulletList(const QStringList& texts, int longest = longestLine)
 {
     QString list;
     for (const QString& text : texts.mid(0, mostLines))
@@ -54,6 +46,14 @@ QString bulletList(const QStringList& texts, int mostLines = linesToGlanceAt, in
     if (texts.size() > mostLines)
         list += "\n"_L1 + QObject::tr("and %1 more").arg(texts.size() - mostLines);
     return list;
+}
+
+/// Null where there is nothing to tell.
+const settings::Note* firstToTell(const QVector<settings::Note>& notes)
+{
+    const auto isRemedied = [](const settings::Note& note) { return note.remedy.has_value(); };
+    const auto found = std::find_if(notes.begin(), notes.end(), isRemedied);
+    return found != notes.end() ? found : notes.begin() != notes.end() ? notes.begin() : nullptr;
 }
 
 } // namespace
@@ -80,7 +80,8 @@ bool SettingsWindow::openFile(const QString& path)
     }
     showSettings();
     noteOpened();
-    sayWhatIsWrong();
+    if (!settings.isEditable())
+        sayThatItIsReadOnly();
     return true;
 }
 
@@ -90,22 +91,43 @@ void SettingsWindow::noteOpened()
     store.setValue(recentKey, settings::withRecent(store.value(recentKey).toStringList(), settings.file().path()));
 }
 
-void SettingsWindow::sayWhatIsWrong()
+void SettingsWindow::sayThatItIsReadOnly()
 {
-    const SettingsFile& file = settings.file();
-    if (!settings.isEditable()) {
-        Message(this, QStyle::SP_MessageBoxWarning,
-                QObject::tr("The file %1 does not look like the settings of the suite: none of its outermost groups is "
-                            "named zelmora. It is open for reading only, since saving would leave little of it.")
-                    .arg(file.path()))
-            .ask();
-        return;
-    }
-    const QStringList warnings = withLines(file.findings());
-    if (!warnings.isEmpty())
-        Message(this, QStyle::SP_MessageBoxWarning,
-                QObject::tr("In this file:") + bulletList(warnings, linesToGlanceAt, longestFinding))
-            .ask();
+    Message(this, QStyle::SP_MessageBoxWarning,
+            QObject::tr("The file %1 does not look like the settings of the suite: none of its outermost groups is "
+                        "named zelmora. It is open for reading only, since saving would leave little of it.")
+                .arg(settings.file().path()))
+        .ask();
+}
+
+/// What is wrong with the file that is shown at no group has a bar, which says the first of it: what can be put right
+/// there, if anything can.
+void SettingsWindow::tellBesideGroups()
+{
+    const QVector<settings::Note> notes =
+        settings.isEditable() ? notesBesideGroups(settings) : QVector<settings::Note>();
+    const settings::Note* const first = firstToTell(notes);
+    QString text = first ? oneLine(first->text, longestFinding) : QString();
+    if (notes.size() > 1)
+        text += "\n"_L1 + QObject::tr("and %1 more").arg(notes.size() - 1);
+    remedyButton->setVisible(first && first->remedy);
+    besideGroups->tell(text);
+}
+
+void SettingsWindow::putRightBesideGroups()
+{
+    const QVector<settings::Note> notes = notesBesideGroups(settings);
+    const settings::Note* const first = firstToTell(notes);
+    if (first && first->remedy)
+        settings.apply(*first->remedy);
+}
+
+void SettingsWindow::showBesideGroups()
+{
+    QStringList texts;
+    for (const settings::Note& note : notesBesideGroups(settings))
+        texts += note.text;
+    Message(this, QStyle::SP_MessageBoxWarning, QObject::tr("In this file:") + bulletList(texts, longestFinding)).ask();
 }
 
 /// Of the file, which may be replaced by another, and of its folder, in which that happens.
@@ -199,7 +221,7 @@ bool SettingsWindow::mayBeWritten(const QString& path, const SettingsFile::Trial
 {
     const QVector<settings::SaveQuestion> questions = questionsBeforeSaving(settings.file(), path, trial);
     for (const settings::SaveQuestion& question : questions) {
-        if (!confirmed(question.text + bulletList(question.lines, linesToDecideBy)))
+        if (!confirmed(question.text + bulletList(question.lines)))
             return false;
     }
     if (questions.isEmpty() && path == settings.file().path())

@@ -20,6 +20,8 @@ const int firstShare = 400;
 void SettingsWindow::addPaper()
 {
     paper = new PaperPane;
+    paperTimer.setSingleShot(true);
+    connect(&paperTimer, &QTimer::timeout, this, &SettingsWindow::showPaper);
     splitter->addWidget(paper);
     // The groups keep the room that their names take, the others share the rest.
     splitter->setStretchFactor(1, 1);
@@ -36,13 +38,24 @@ void SettingsWindow::addPaperMenu()
     menuBar()->addMenu(menu);
 }
 
+/// What the file has, as it was just read or written.
+void SettingsWindow::noteStoredSettings()
+{
+    if (!settings.isModified())
+        storedSettings = preview::settingsOf(settings.file());
+}
+
+/// With the next round of the event loop, so that many keys in a row write the settings once.
+void SettingsWindow::showPaperSoon()
+{
+    paperTimer.start(0);
+}
+
 /// As the print program would find the settings if they were saved now; what differs from the file is marked there.
 void SettingsWindow::showPaper()
 {
-    const preview::SettingsBytes now = preview::settingsOf(settings.file());
-    if (!settings.isModified())
-        storedSettings = now;
-    paper->setSettings(now, storedSettings);
+    paperTimer.stop();
+    paper->setSettings(settings.isModified() ? preview::settingsOf(settings.file()) : storedSettings, storedSettings);
 }
 
 void SettingsWindow::resizeEvent(QResizeEvent* event)

@@ -1,6 +1,7 @@
 #include "preview/memoryfile.h"
 
 #include "toolkit/literals.h"
+#include "toolkit/writesignals.h"
 
 #include <QFile>
 
@@ -25,6 +26,7 @@ MemoryFile::~MemoryFile()
 
 bool MemoryFile::write(const QByteArray& bytes)
 {
+    const toolkit::WriteSignalsBlocked blocked; // a limit on the size of files holds for it too
     QFile file;
     return file.open(descriptor, QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush();
 }

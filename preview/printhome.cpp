@@ -2,6 +2,7 @@
 
 #include "preview/scratchfolders.h"
 #include "toolkit/literals.h"
+#include "toolkit/writesignals.h"
 
 #include <QDir>
 #include <QFile>
@@ -28,6 +29,7 @@ PrintHome::~PrintHome()
 
 QString PrintHome::keep(const QByteArray& settings) const
 {
+    const toolkit::WriteSignalsBlocked blocked; // a full disk, or a limit, ends no window
     const QString place = folder + "/.zelmora/conf"_L1;
     QDir().mkpath(place);
     QFile file(place + "/zelmora.conf"_L1);

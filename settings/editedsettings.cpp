@@ -8,9 +8,28 @@
 #include <QFileInfo>
 #include <QObject>
 
+using check::Severity;
 using toolkit::operator""_L1;
 
 namespace settings {
+
+namespace {
+
+/// Those of @p file that are not among @p shown: an equal text stands for one of them.
+check::Findings slipsOf(const SettingsFile& file, const TreeFindings& shown)
+{
+    QHash<QString, int> known;
+    for (const TreeFinding& finding : shown)
+        ++known[finding.finding.text];
+    check::Findings slips;
+    for (const check::Finding& finding : file.findings()) {
+        if (finding.severity != Severity::Note && --known[finding.text] < 0)
+            slips += finding;
+    }
+    return slips;
+}
+
+} // namespace
 
 QString EditedSettings::load(const QString& path)
 {
@@ -39,7 +58,9 @@ void EditedSettings::noteStored()
     storedContent = tree.content();
     storedValues = writtenValues(tree);
     history.endTyping();
-    tell({});
+    forget();
+    storedSlips = slipsOf(tree, findings());
+    listener({});
 }
 
 void EditedSettings::noteUnstored()
@@ -169,10 +190,16 @@ void EditedSettings::redo()
     tell(change);
 }
 
-void EditedSettings::tell(const TreeChange& change)
+/// What was worked out for another tree, or another file.
+void EditedSettings::forget()
 {
     knownFindings.reset();
     knownModified.reset();
+}
+
+void EditedSettings::tell(const TreeChange& change)
+{
+    forget();
     listener(change);
 }
 

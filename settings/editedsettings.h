@@ -78,6 +78,9 @@ public:
     std::optional<QString> stored(const QString& key) const { return storedValues.value(key); }
     /// findingsOf() the tree as it is now; worked out when they are asked for.
     const TreeFindings& findings() const;
+    /// What is wrong with the text of the file, as it was last read or written, that findings() of its tree had not: a
+    /// missing semicolon, a text that is skipped. Each with its place, and no notes.
+    const check::Findings& slips() const { return storedSlips; }
 
     // Saving.
 
@@ -94,6 +97,7 @@ private:
     void record(const QString& text, const QString& typing = QString());
     void noteRead();
     void noteStored();
+    void forget();
     void tell(const TreeChange& change);
 
     SettingsFile tree;
@@ -102,6 +106,7 @@ private:
     bool editable = false;
     bool isContentKnown = true; ///< of the file
     QStringList storedContent;
+    check::Findings storedSlips;
     QHash<QString, std::optional<QString>> storedValues; ///< of all settings that some program reads
     mutable std::optional<TreeFindings> knownFindings; ///< of the tree as it is
     mutable std::optional<bool> knownModified;

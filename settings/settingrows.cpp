@@ -195,9 +195,12 @@ QVector<Note> notesBesideGroups(const EditedSettings& settings)
     QVector<Note> notes;
     const QDomElement first = firstGroup(settings);
     for (const TreeFinding& finding : settings.findings()) {
-        if (notes.size() < GroupRows::mostNotes && finding.finding.severity != Severity::Note
-            && groupOf(finding, first).isEmpty())
+        if (finding.finding.severity != Severity::Note && groupOf(finding, first).isEmpty())
             notes += noteOf(settings, finding);
+    }
+    for (const check::Finding& slip : settings.slips()) {
+        const QString text = QObject::tr("line %1: %2").arg(QString::number(slip.place.line), slip.text);
+        notes += Note {slip.severity, text, std::nullopt};
     }
     return notes;
 }

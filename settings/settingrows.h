@@ -59,7 +59,8 @@ QVector<SettingRow> plainRowsOf(const EditedSettings& settings, const vocabulary
 /// there is nothing to say.
 QHash<QString, check::Severity> worstOf(const EditedSettings& settings);
 
-/// The notes on what stands in none of the groups that a program reads; at most GroupRows::mostNotes.
+/// What is wrong in none of the groups that a program reads: with what stands in the tree beside them, then with the
+/// text of the file, after the number of its line.
 QVector<Note> notesBesideGroups(const EditedSettings& settings);
 
 /// What @p file has for all settings of all groups that a program reads, by their whole keys.

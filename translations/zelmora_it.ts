@@ -2071,6 +2071,10 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
         <translation>L&apos;XML non è corretto (%1).</translation>
     </message>
     <message>
+        <source>Sho&amp;w...</source>
+        <translation>M&amp;ostra...</translation>
+    </message>
+    <message>
         <source>In this file:</source>
         <translation>In questo file:</translation>
     </message>

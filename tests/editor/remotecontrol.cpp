@@ -2,7 +2,7 @@
 // standard input:
 //
 //     press <key sequence>      type <text>      resize <width> <height>      show      buttons      measure
-//     attributes
+//     attributes      paper
 //
 // and answers "show" by a line on standard output: the window's title, then the text of a message, or the labels of the
 // menus and the label of the current item, all joined by "|". The answer to "buttons" is the texts of those of a box,
@@ -60,6 +60,8 @@ private:
             std::puts(measured().join('|').toUtf8().constData());
         else if (command == "attributes")
             std::puts(attributes().join('|').toUtf8().constData());
+        else if (command == "paper")
+            std::puts(paper().replace('\n', '\x1e').toUtf8().constData());
         else if (command == "resize")
             mainWindow()->resize(argument.section(' ', 0, 0).toInt(), argument.section(' ', 1).toInt());
         else if (command == "type")
@@ -101,7 +103,8 @@ private:
         if (!window)
             return {};
         QStringList texts {window->windowTitle()};
-        if (const auto* const message = window->findChild<QTextEdit*>())
+        const auto* const message = window->findChild<QTextEdit*>();
+        if (message && window == QApplication::activeModalWidget()) // else it is a part of the window
             texts += message->toPlainText();
         if (const auto* const bar = window->findChild<QMenuBar*>()) {
             for (const QAction* menu : bar->actions())
@@ -138,6 +141,16 @@ private:
         return {text("screen", main->screen()->availableGeometry()), text("main", main->frameGeometry()),
                 text("status", onScreen(*main->findChild<QStatusBar*>())), text("window", window->frameGeometry()),
                 text("button", lowestButton)};
+    }
+
+    /// As it is told to those who do not see it.
+    static QString paper()
+    {
+        for (const QWidget* widget : mainWindow() ? mainWindow()->findChildren<QWidget*>() : QList<QWidget*>()) {
+            if (widget->inherits("PaperView"))
+                return widget->accessibleDescription();
+        }
+        return QString();
     }
 
     static QStringList attributes()

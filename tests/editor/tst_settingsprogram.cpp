@@ -25,6 +25,8 @@ private slots:
     void theUsersOwnFileIsMissing();
     void speaksTheLanguageOfTheDocuments();
     void aChangedWidthShowsOnTheNextReceipt();
+    void leavesNothingBehind_data();
+    void leavesNothingBehind();
     void remembersItsSizeInTheUsersHome();
     void fitsTheScreen_data();
     void fitsTheScreen();
@@ -32,6 +34,16 @@ private slots:
     void boxesStandOverTheWindow_data();
     void boxesStandOverTheWindow();
 };
+
+/// Whether @p rows stand in @p paper one below the other, with nothing between them.
+static bool holdsRows(const QStringList& paper, const QStringList& rows)
+{
+    for (int first = 0; first + rows.size() <= paper.size(); ++first) {
+        if (paper.mid(first, rows.size()) == rows)
+            return true;
+    }
+    return false;
+}
 
 /// The program, and the person at its keyboard.
 class Editor {
@@ -90,6 +102,20 @@ public:
             20000);
     }
 
+    QStringList paper() { return answerTo("paper").split('\x1e'); } ///< its rows
+
+    /// Whether @p rows come to stand on the paper.
+    bool hasPaper(const QStringList& rows)
+    {
+        return QTest::qWaitFor(
+            [&] {
+                const QStringList now = paper();
+                lastShown = now.join('\n');
+                return holdsRows(now, rows);
+            },
+            20000);
+    }
+
     using Places = QHash<QString, QRect>;
 
     /// Whether what the person sees becomes as @p isGood wants it.
@@ -119,6 +145,13 @@ public:
         return ended && program.exitCode() == 0 && said.isEmpty();
     }
 
+    /// Whether it ends when the system asks it to.
+    bool endsWhenAsked()
+    {
+        program.terminate();
+        return program.waitForFinished(20000);
+    }
+
     QString lastShown;
     QByteArray said; ///< on standard error, but for what the platform without a screen says of itself
 
@@ -128,7 +161,9 @@ private:
         send(question);
         while (!program.canReadLine() && program.waitForReadyRead(20000)) {
         }
-        return QString::fromUtf8(program.readLine()).trimmed();
+        QString line = QString::fromUtf8(program.readLine());
+        line.chop(1);
+        return line;
     }
 
     void send(const QByteArray& line)
@@ -149,7 +184,7 @@ private:
 /// What it shows of the file @p path when that is open and nothing else was done.
 static QString openedFile(const QString& path)
 {
-    return path + "[*] - Settings|&File|&Edit|&View|&Help";
+    return path + "[*] - Settings|&File|&Edit|&View|&Paper|&Help";
 }
 
 /// The program when it is to end before it opens a window, in surroundings that have no display.
@@ -379,6 +414,15 @@ static QByteArray rowsOf(QByteArray script)
     return script.mid(begin, script.indexOf('\n', script.indexOf("SOMMA")) + 1 - begin);
 }
 
+/// The texts of these commands, as they stand on paper.
+static QStringList textsOf(const QByteArray& rows)
+{
+    QStringList texts;
+    for (const QByteArray& row : rows.trimmed().split('\n'))
+        texts += QString::fromUtf8(row.mid(int(strlen("nofis riga='"))).chopped(1));
+    return texts;
+}
+
 void TestSettingsProgram::aChangedWidthShowsOnTheNextReceipt()
 {
     ProgramRun run;
@@ -397,15 +441,44 @@ void TestSettingsProgram::aChangedWidthShowsOnTheNextReceipt()
     editor.press("Ctrl+F");
     editor.type("paperWidth");
     editor.press("Return"); // in the receipt's group, with which the window begins
+    QVERIFY2(editor.hasPaper(textsOf(before)), qPrintable(editor.lastShown)); // as it prints
     editor.type("40");
+    // Not saved yet: the printed rows are those that the paper shows then.
+    QVERIFY2(editor.hasPaper({"  2 x Coperto...............2.50    5.00"}), qPrintable(editor.lastShown));
+    const QStringList paper = editor.paper();
     editor.press("Ctrl+S");
     VERIFY_QUITS(editor);
     const QByteArray after = rowsOf(run.print(job));
+    QVERIFY2(holdsRows(paper, textsOf(after)), qPrintable(paper.join('\n')));
     QVERIFY2(after.contains("\nnofis riga='  2 x Coperto...............2.50    5.00'\n"), after);
 
     const QByteArray page = fileContents(ZELMORA_DOCS "/settings-editor.md");
     QVERIFY(page.contains("Before, with 32:\n\n```text\n" + before + "```\n"));
     QVERIFY(page.contains("After, with 40:\n\n```text\n" + after + "```\n"));
+}
+
+void TestSettingsProgram::leavesNothingBehind_data()
+{
+    QTest::addColumn<bool>("isAsked");
+    QTest::newRow("when it is quit") << false;
+    QTest::newRow("when the system asks it to end") << true;
+}
+
+// What is printed for the paper has a home of its own, with a password in it, while the window stands.
+void TestSettingsProgram::leavesNothingBehind()
+{
+    QFETCH(bool, isAsked);
+    ProgramRun run;
+    run.setSettings("zelmora: { bin: { path = b; }; };");
+    const QString scratch = run.path("scratch");
+    QVERIFY(QDir().mkpath(scratch));
+    Editor editor(run, {}, "TMPDIR=" + scratch);
+    QVERIFY(QTest::qWaitFor([&] { return !filesIn(scratch).isEmpty(); }, 20000));
+    if (isAsked)
+        QVERIFY(editor.endsWhenAsked());
+    else
+        VERIFY_QUITS(editor);
+    QCOMPARE(filesIn(scratch), QStringList());
 }
 
 void TestSettingsProgram::remembersItsSizeInTheUsersHome()
@@ -483,8 +556,8 @@ void TestSettingsProgram::boxesStandOverTheWindow_data()
         const auto row = [&](const char* name) -> QTestData& {
             return QTest::newRow(qPrintable(QString(name) + ", at scale " + scale));
         };
-        row("the first message") << good + "other: { a = b; };" << QString() << setting;
-        row("many things to tell") << full << QString() << setting;
+        row("the first message") << QByteArray("other: { a = b; };") << QString() << setting;
+        row("many things to tell") << full << "Alt+W" << setting;
         row("the dialog to open a file") << good << "Ctrl+O" << setting;
         row("the dialog to save a file") << good << "Ctrl+Shift+S" << setting;
     }

@@ -120,21 +120,12 @@ void TestSettingsTable::cleanup()
     QCOMPARE(boxes, QStringList());
 }
 
-/// What the box says of the file is no matter here.
 void TestSettingsTable::open(const QByteArray& bytes)
 {
     writeBytes(path, bytes);
     setPermissions(path, 0600);
-    settings::SettingsFile file;
-    file.load(path);
-    const auto findings = file.findings();
-    const bool hasBox = std::any_of(findings.begin(), findings.end(), [](const check::Finding& finding) {
-        return finding.severity != check::Severity::Note;
-    });
-    if (hasBox)
-        person->willPress(QMessageBox::Ok);
     window->openFile(path);
-    QCOMPARE(person->readBoxes().size(), hasBox ? 1 : 0);
+    QCoreApplication::processEvents(); // the layout shows new fields with the next round
 }
 
 void TestSettingsTable::goToGroup(const QString& title)

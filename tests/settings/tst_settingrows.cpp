@@ -422,6 +422,14 @@ void TestSettingRows::besideTheGroups_data()
     QTest::newRow("a group that nobody reads")
         << suite("colours: { paper = white; };") << "No program reads a group \"colours\" here:"
         << "none";
+    QTest::newRow("a text that is skipped") << QByteArray("zelmora: { db: { dbname = a; } stray; };")
+                                            << "line 1: The text between \"}\" and \";\" is skipped: stray"
+                                            << "none";
+    QTest::newRow("a missing semicolon") << QByteArray("zelmora: { db: { dbname = a; }\nbin: { path = b; };\n};")
+                                         << "line 1: A semicolon is missing here: what follows is skipped"
+                                         << "none";
+    QTest::newRow("what is said at its setting") << suite("doc: { papperWidth = 32; printDate = True; };") << ""
+                                                 << "";
 }
 
 void TestSettingRows::besideTheGroups()
