@@ -33,11 +33,8 @@ QString PrintHome::keep(const QByteArray& settings) const
     const QString place = folder + "/.zelmora/conf"_L1;
     QDir().mkpath(place);
     QFile file(place + "/zelmora.conf"_L1);
-    if (file.open(QIODevice::WriteOnly)) {
-        file.write(settings);
-        file.close();
-    }
-    return file.error() == QFileDevice::NoError ? QString() : file.errorString();
+    const bool isKept = file.open(QIODevice::WriteOnly) && file.write(settings) == settings.size() && file.flush();
+    return isKept ? QString() : file.errorString(); // closing it would forget the reason
 }
 
 } // namespace preview

@@ -1,6 +1,7 @@
 #include "preview/printhome.h"
 #include "support/files.h"
 #include "support/ordinaryuser.h"
+#include "support/processstate.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -14,6 +15,7 @@ private slots:
     void nobodyElseMayEnter();
     void goesWithAllThatIsInIt();
     void saysWhyItCannotBeMade();
+    void aWriteThatFailsEndsNobody();
 };
 
 using preview::PrintHome;
@@ -61,6 +63,13 @@ void TestPrintHome::saysWhyItCannotBeMade()
     const PrintHome home(QByteArray("zelmora: { };"));
     before.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
     QCOMPARE(home.reason(), QString("Not a directory"));
+}
+
+void TestPrintHome::aWriteThatFailsEndsNobody()
+{
+    const FileSizeLimit limit(1);
+    const PrintHome home(QByteArray("zelmora: { };"));
+    QCOMPARE(home.reason(), QString::fromLocal8Bit(strerror(EFBIG)));
 }
 
 QTEST_GUILESS_MAIN(TestPrintHome)
