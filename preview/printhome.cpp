@@ -33,8 +33,16 @@ QString PrintHome::keep(const QByteArray& settings) const
     const QString place = folder + "/.zelmora/conf"_L1;
     QDir().mkpath(place);
     QFile file(place + "/zelmora.conf"_L1);
-    const bool isKept = file.open(QIODevice::WriteOnly) && file.write(settings) == settings.size() && file.flush();
-    return isKept ? QString() : file.errorString(); // closing it would forget the reason
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        return file.errorString();
+    // On a disk that fills up only the write behind the last that had room says why.
+    for (qint64 done = 0; done < settings.size();) {
+        const qint64 written = file.write(settings.constData() + done, settings.size() - done);
+        if (written <= 0)
+            return file.errorString();
+        done += written;
+    }
+    return QString();
 }
 
 } // namespace preview
