@@ -526,6 +526,22 @@ Modifica le impostazioni della suite e mostra che cosa non va.</translation>
         <translation>modificata</translation>
     </message>
     <message>
+        <source>not set</source>
+        <translation>assente</translation>
+    </message>
+    <message>
+        <source>What stands on this document, and how wide it is.</source>
+        <translation>Che cosa sta su questo documento, e quanto è largo.</translation>
+    </message>
+    <message>
+        <source>In the file: %1.</source>
+        <translation>Nel file: %1.</translation>
+    </message>
+    <message>
+        <source>&amp;Paper beside the settings</source>
+        <translation>&amp;Carta accanto alle impostazioni</translation>
+    </message>
+    <message>
         <source>not set: %1</source>
         <translation>assente: %1</translation>
     </message>
@@ -2271,20 +2287,8 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
         <translation>Il programma di stampa non può essere avviato: %1</translation>
     </message>
     <message>
-        <source>Kitchen order</source>
-        <translation>Comanda</translation>
-    </message>
-    <message>
         <source>Full order</source>
         <translation>Preconto</translation>
-    </message>
-    <message>
-        <source>Delivery note</source>
-        <translation>Documento di consegna</translation>
-    </message>
-    <message>
-        <source>Fiscal receipt</source>
-        <translation>Scontrino fiscale</translation>
     </message>
     <message>
         <source>Summary order</source>
