@@ -190,6 +190,7 @@ void TestPanes::theHitsAreSeen()
             hits = label;
     }
     QVERIFY(hits);
+    QVERIFY(person->named<QLineEdit>("Find a name or a value")->width() < window->width() / 2);
     QVERIFY(hits->isVisible() && hits->width() >= hits->sizeHint().width());
     QVERIFY(window->rect().contains(hits->mapTo(window.get(), hits->rect().bottomRight())));
     QVERIFY(!person->named<QListWidget>("Groups of settings")->horizontalScrollBar()->isVisible());
