@@ -29,9 +29,10 @@ void colour(QWidget& widget, bool isAbsent)
     widget.setPalette(palette);
 }
 
+/// What absence means is said below the field, where it is more than a value.
 QString notSet(const vocabulary::Setting& setting)
 {
-    return QObject::tr("not set: %1").arg(absenceText(setting));
+    return setting.absence ? QObject::tr("not set") : QObject::tr("not set: %1").arg(absenceText(setting));
 }
 
 bool isKind(const SettingRow& row, SettingKind kind)
@@ -69,7 +70,7 @@ WordField::WordField(const vocabulary::Setting& setting)
     for (const QLatin1String word : setting.words)
         list->addItem(word);
     list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    list->setMinimumContentsLength(10);
+    list->setMinimumContentsLength(14);
     connect(list, qOverload<int>(&QComboBox::activated), this, &WordField::tellChoice);
 }
 

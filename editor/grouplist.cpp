@@ -3,6 +3,8 @@
 #include "editor/icons.h"
 #include "settings/editedsettings.h"
 
+#include <QStyle>
+
 using check::Severity;
 using settings::EditedSettings;
 using settings::Search;
@@ -34,6 +36,8 @@ GroupList::GroupList(const EditedSettings& theSettings)
 {
     setAccessibleName(QObject::tr("Groups of settings"));
     setIconSize(QSize(pictureSide, pictureSide));
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setTextElideMode(Qt::ElideMiddle); // so that the hits are seen
     for (const SettingGroup* const group : groups) {
         auto* const item = new QListWidgetItem(noPicture(), textOf(*group, 0), this);
         item->setToolTip(QObject::tr(group->description));
@@ -92,8 +96,11 @@ void GroupList::goOn()
 
 QSize GroupList::sizeHint() const
 {
-    const int bar = 24;
-    return {sizeHintForColumn(0) + 2 * frameWidth() + bar, QListWidget::sizeHint().height()};
+    int widest = 0; // without the hits
+    for (const SettingGroup* const group : groups)
+        widest = qMax(widest, fontMetrics().horizontalAdvance(textOf(*group, 0)));
+    const int margins = 4 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1);
+    return {pictureSide + widest + margins + 2 * frameWidth(), QListWidget::sizeHint().height()};
 }
 
 QSize GroupList::minimumSizeHint() const

@@ -1,5 +1,6 @@
 #include "editor/grouptable.h"
 
+#include "editor/icons.h"
 #include "editor/notelist.h"
 #include "editor/settingwidget.h"
 #include "settings/editedsettings.h"
@@ -27,11 +28,30 @@ bool areSameSettings(const QVector<SettingWidget*>& widgets, const QVector<Setti
                       [](const SettingWidget* widget, const SettingRow& row) { return widget->row().key == row.key; });
 }
 
+const int margin = 10; ///< that of the rows
+
+/// Larger than what stands below it.
+QFont titleFont(QFont font)
+{
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * 1.25);
+    return font;
+}
+
+/// A document is known by its title.
+QString whatItIs(const SettingGroup& group)
+{
+    const QString text = group.isDocument ? QObject::tr("What stands on this document, and how wide it is.")
+                                          : QObject::tr(group.description);
+    return text + QLatin1Char(' ') + QObject::tr("In the file: %1.").arg(QString(group.name));
+}
+
 } // namespace
 
 GroupTable::GroupTable(EditedSettings& theSettings)
     : settings(theSettings)
     , lines(new QVBoxLayout)
+    , title(new QLabel)
     , description(new QLabel)
     , notes(new NoteList)
     , table(new QWidget)
@@ -39,16 +59,21 @@ GroupTable::GroupTable(EditedSettings& theSettings)
     auto* const contents = new QWidget;
     auto* const layout = new QVBoxLayout(contents);
     layout->setContentsMargins(0, 0, 0, 0);
+    title->setFont(titleFont(title->font()));
+    title->setContentsMargins(margin, margin, margin, 0);
     description->setWordWrap(true);
-    description->setMargin(6);
-    notes->setContentsMargins(6, 0, 6, 6);
+    description->setContentsMargins(margin, 0, margin, margin);
+    description->setPalette(icons::mutedText());
+    notes->setContentsMargins(margin, 0, margin, margin);
     lines->setContentsMargins(0, 0, 0, 0);
     lines->setSpacing(0);
     table->setLayout(lines);
+    layout->addWidget(title);
     layout->addWidget(description);
     layout->addWidget(notes);
     layout->addWidget(table);
     layout->addStretch(1);
+    layout->setSpacing(2);
     setWidget(contents);
     setWidgetResizable(true);
     setMinimumHeight(40); // on a small screen with bars above it
@@ -59,7 +84,8 @@ GroupTable::GroupTable(EditedSettings& theSettings)
 void GroupTable::showGroup(const SettingGroup& group)
 {
     shownGroup = &group;
-    description->setText(QObject::tr(group.description));
+    title->setText(QObject::tr(group.title));
+    description->setText(whatItIs(group));
     verticalScrollBar()->setValue(0);
     refresh();
 }
@@ -76,6 +102,7 @@ void GroupTable::refresh()
         rows.clear();
         for (const SettingRow& row : found.rows)
             rows += newRow(row);
+        alignFields();
     }
     for (int i = 0; i < rows.size(); ++i)
         rows.at(i)->show(found.rows.at(i));
@@ -87,6 +114,22 @@ SettingWidget* GroupTable::newRow(const SettingRow& row)
     auto* const widget = new SettingWidget(settings, row);
     lines->addWidget(widget);
     return widget;
+}
+
+/// Below each other, beside the longest name.
+void GroupTable::alignFields()
+{
+    int widest = 0;
+    for (const SettingWidget* const row : std::as_const(rows))
+        widest = qMax(widest, row->nameWidth());
+    for (SettingWidget* const row : std::as_const(rows))
+        row->setNameWidth(widest);
+}
+
+QSize GroupTable::sizeHint() const
+{
+    const int bar = verticalScrollBar()->sizeHint().width();
+    return {widget()->minimumSizeHint().width() + bar + 2 * frameWidth(), QScrollArea::sizeHint().height()};
 }
 
 void GroupTable::filter(const Search& search)

@@ -36,14 +36,19 @@ public:
     /// is none behind it.
     bool goOn();
 
+    /// As wide as the widest row needs.
+    QSize sizeHint() const override;
+
 private:
     SettingWidget* newRow(const settings::SettingRow& row);
+    void alignFields();
     int currentRow() const;
     bool takeFocusFrom(int first);
 
     settings::EditedSettings& settings;
     const vocabulary::SettingGroup* shownGroup = nullptr;
     QVBoxLayout* const lines;
+    QLabel* const title;
     QLabel* const description;
     NoteList* const notes;
     QVector<SettingWidget*> rows;

@@ -175,4 +175,11 @@ QColor muted(const QPalette& palette)
     return {mixed(text.red(), ground.red()), mixed(text.green(), ground.green()), mixed(text.blue(), ground.blue())};
 }
 
+QPalette mutedText()
+{
+    QPalette colours; // that of the program
+    colours.setColor(QPalette::WindowText, muted(colours));
+    return colours;
+}
+
 } // namespace icons

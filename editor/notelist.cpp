@@ -16,11 +16,28 @@ using settings::Remedy;
 namespace {
 
 const int longestText = 300; ///< of what a note says
-const int longestBefore = 24; ///< of what a button shows of a wrong text
+const int longestBefore = 16; ///< of what a button shows of a wrong text
+const int longestLine = 40; ///< of a button
+const int longestWord = 24; ///< that is not broken
+
+/// A long word would make all rows wider than the window.
+QString breakable(const QString& text)
+{
+    QString broken;
+    int length = 0;
+    for (const QChar character : text) {
+        length = character.isSpace() ? 0 : length + 1;
+        broken += character;
+        if (length > 0 && length % longestWord == 0 && !character.isHighSurrogate())
+            broken += QChar(0x200B); // a blank of no width
+    }
+    return broken;
+}
 
 QLabel* newText(const QString& text)
 {
-    auto* const label = new QLabel(text.size() <= longestText ? text : text.left(longestText) + QStringLiteral("..."));
+    const QString shown = text.size() <= longestText ? text : text.left(longestText) + QStringLiteral("...");
+    auto* const label = new QLabel(breakable(shown));
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     return label;
@@ -82,7 +99,9 @@ QWidget* NoteList::newButton(const Remedy& remedy)
     const QString shownBefore = before.size() <= longestBefore ? before : before.left(longestBefore) + "..."_L1;
     const QString change = QStringLiteral("%1 \u2192 %2").arg(shownBefore, remedy.after); // an arrow
     const QString text = QObject::tr("Put it right: %1").arg(change);
-    auto* const button = new QPushButton(QString(text).replace(QLatin1Char('&'), "&&"_L1)); // no letter of it is a key
+    const QString lines =
+        text.size() <= longestLine ? text : QObject::tr("Put it right: %1").arg(QLatin1Char('\n') + change);
+    auto* const button = new QPushButton(QString(lines).replace(QLatin1Char('&'), "&&"_L1)); // no letter of it is a key
     button->setAccessibleName(text);
     connect(button, &QPushButton::clicked, this, [this, remedy] { emit remedyChosen(remedy); });
     return button;

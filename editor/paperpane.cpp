@@ -14,7 +14,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
-#include <QPushButton>
 #include <QStackedWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -72,16 +71,12 @@ QWidget* PaperPane::newControls()
     choiceBox->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     connect(choiceBox, qOverload<int>(&QComboBox::activated), this, &PaperPane::choose);
 
-    auto* const menuButton = new QPushButton(QObject::tr("Paper"));
-    menuButton->setMenu(menu);
-
     auto* const controls = new QWidget;
     auto* const layout = new QHBoxLayout(controls);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(choiceBox, 1);
     layout->addWidget(newButton(smallerAction));
     layout->addWidget(newButton(largerAction));
-    layout->addWidget(menuButton);
     return controls;
 }
 
@@ -119,6 +114,7 @@ QAction* PaperPane::addAction(const QString& text, const QKeySequence& key, void
 {
     QAction* const action = menu->addAction(text, this, command);
     action->setShortcut(key);
+    QWidget::addAction(action); // its key works wherever the menu hangs
     return action;
 }
 

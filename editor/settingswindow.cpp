@@ -6,6 +6,7 @@
 #include "editor/icons.h"
 #include "editor/notelist.h"
 #include "editor/notice.h"
+#include "editor/panes.h"
 #include "editor/paperpane.h"
 #include "editor/placement.h"
 #include "toolkit/literals.h"
@@ -15,7 +16,6 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QSettings>
-#include <QSplitter>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -62,7 +62,6 @@ SettingsWindow::SettingsWindow(const QString& firstPath)
     addPages();
     addMenus();
     addFindBar();
-    statusBar(); // or the window would change with its first message
     settings.setListener([this](const settings::TreeChange& change) { follow(change); });
     connect(&watcher, &QFileSystemWatcher::fileChanged, this, &SettingsWindow::showNotices);
     connect(&watcher, &QFileSystemWatcher::directoryChanged, this, &SettingsWindow::showNotices);
@@ -86,18 +85,15 @@ void SettingsWindow::addPages()
     groups = new GroupList(settings);
     table = new GroupTable(settings);
     filePage = new FilePage(settings);
-    splitter = new QSplitter;
-    splitter->addWidget(groups);
-    splitter->addWidget(table);
-    splitter->setChildrenCollapsible(false);
     connect(groups, &GroupList::chosen, this, [this](const vocabulary::SettingGroup& group) {
         table->showGroup(group);
         find(); // its rows too
     });
-    addPaper();
+    paper = newPaper();
+    panes = new Panes(groups, table, paper);
 
     pages = new QTabWidget;
-    pages->addTab(splitter, QObject::tr("Settings"));
+    pages->addTab(panes, QObject::tr("Settings"));
     pages->addTab(filePage, QObject::tr("All settings as in the file"));
     connect(pages, &QTabWidget::currentChanged, this, &SettingsWindow::showPage);
 
@@ -150,6 +146,7 @@ void SettingsWindow::showSettings()
 /// The page of the file is made when it is looked at.
 void SettingsWindow::showPage()
 {
+    statusBar()->setVisible(isFilePage()); // the other page says all in place, and needs the room
     if (isFilePage()) {
         filePage->build();
         filePage->takeFocus();

@@ -12,6 +12,7 @@ class FilePage;
 class GroupList;
 class GroupTable;
 class Notice;
+class Panes;
 class PaperPane;
 class QAction;
 class QFileDialog;
@@ -19,7 +20,6 @@ class QLabel;
 class QLineEdit;
 class QMenu;
 class QPushButton;
-class QSplitter;
 class QTabWidget;
 
 /// The settings editor: the settings that the suite's programs read, described and changed in a table for each group,
@@ -42,7 +42,6 @@ public:
 protected:
     bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
 
 private:
     // What it is made of, and what it shows (settingswindow.cpp).
@@ -72,7 +71,7 @@ private:
     void showAbout();
 
     // The paper (windowpaper.cpp).
-    void addPaper();
+    PaperPane* newPaper();
     void addPaperMenu();
     void noteStoredSettings();
     void showPaperSoon();
@@ -114,7 +113,7 @@ private:
     GroupTable* table = nullptr;
     PaperPane* paper = nullptr;
     FilePage* filePage = nullptr;
-    QSplitter* splitter = nullptr; ///< of the first page
+    Panes* panes = nullptr; ///< the first page
     QTabWidget* pages = nullptr;
 
     Notice* firstStart = nullptr;

@@ -7,7 +7,6 @@
 #include "settings/settinghelp.h"
 
 #include <QGridLayout>
-#include <QLabel>
 #include <QPainter>
 #include <QToolButton>
 
@@ -17,8 +16,24 @@ using settings::SettingRow;
 
 namespace {
 
-const int fieldWidth = 190; ///< a path and a word have room, and all fields stand below each other
 const int markWidth = 4;
+const int columns = 4; ///< the name, the field, and the two buttons
+
+/// The font of a name that is changed, or of one that is not.
+QFont nameFont(QFont font, bool isChanged)
+{
+    font.setBold(isChanged);
+    return font;
+}
+
+/// What it does, and what its absence means where the field has no room to say so.
+QString descriptionOf(const SettingRow& row)
+{
+    const QString text = QObject::tr(row.setting->description);
+    if (!row.isAbsent() || !row.setting->absence)
+        return text;
+    return text + QLatin1Char(' ') + QObject::tr("Without it: %1.").arg(settings::absenceText(*row.setting));
+}
 
 } // namespace
 
@@ -32,13 +47,14 @@ SettingWidget::SettingWidget(EditedSettings& theSettings, const SettingRow& theR
     , notes(new NoteList)
 {
     auto* const layout = new QGridLayout(this);
-    layout->setContentsMargins(markWidth + 6, 4, 4, 4);
-    layout->setVerticalSpacing(2);
-    layout->setColumnStretch(0, 1);
+    layout->setContentsMargins(markWidth + 6, 4, 4, 6);
+    layout->setVerticalSpacing(0);
+    layout->setHorizontalSpacing(4);
+    layout->setColumnStretch(1, 1);
     addNames(*layout);
     takeField();
     addButtons(*layout);
-    layout->addWidget(notes, 2, 0, 1, 4);
+    layout->addWidget(notes, 2, 0, 1, columns);
     connect(notes, &NoteList::remedyChosen, this, [this](const Remedy& remedy) {
         settings.apply(remedy);
         takeFocus(); // the button has gone
@@ -49,13 +65,10 @@ SettingWidget::SettingWidget(EditedSettings& theSettings, const SettingRow& theR
 void SettingWidget::addNames(QGridLayout& layout)
 {
     name->setText(shownRow.setting->key);
-    description->setText(QObject::tr(shownRow.setting->description));
     description->setWordWrap(true);
-    QPalette colours;
-    colours.setColor(QPalette::WindowText, icons::muted(colours));
-    description->setPalette(colours);
+    description->setPalette(icons::mutedText());
     layout.addWidget(name, 0, 0);
-    layout.addWidget(description, 1, 0);
+    layout.addWidget(description, 1, 0, 1, columns);
 }
 
 void SettingWidget::addButtons(QGridLayout& layout)
@@ -70,7 +83,7 @@ void SettingWidget::addButtons(QGridLayout& layout)
     for (QToolButton* const button : {backButton, noneButton}) {
         button->setAutoRaise(true);
         button->setFocusPolicy(Qt::StrongFocus);
-        layout.addWidget(button, 0, column++, 2, 1, Qt::AlignVCenter);
+        layout.addWidget(button, 0, column++);
     }
     connect(backButton, &QToolButton::clicked, this, [this] { settings.restore(shownRow.key); });
     connect(noneButton, &QToolButton::clicked, this, [this] { settings.unset(shownRow.key); });
@@ -84,8 +97,7 @@ void SettingWidget::takeField()
         field->deleteLater(); // it may be what has just told of a change
     }
     field = ValueField::make(shownRow);
-    field->setFixedWidth(fieldWidth);
-    static_cast<QGridLayout*>(layout())->addWidget(field, 0, 1, 2, 1, Qt::AlignVCenter);
+    static_cast<QGridLayout*>(layout())->addWidget(field, 0, 1);
     setTabOrder(field, backButton);
     const QString& key = shownRow.key;
     connect(field, &ValueField::chosen, this, [this, key](const QString& value) { settings.set(key, value); });
@@ -110,6 +122,7 @@ void SettingWidget::show(const SettingRow& row)
         ? QLatin1Char(' ') + QObject::tr("not set: %1").arg(settings::absenceText(*row.setting))
         : QString();
     field->describe(row.setting->key, QObject::tr(row.setting->description) + absence);
+    description->setText(descriptionOf(row));
     showNames();
     showButtons();
     notes->show(row.notes);
@@ -118,9 +131,7 @@ void SettingWidget::show(const SettingRow& row)
 
 void SettingWidget::showNames()
 {
-    QFont font = name->font();
-    font.setBold(shownRow.isChanged());
-    name->setFont(font);
+    name->setFont(nameFont(name->font(), shownRow.isChanged()));
     name->setAccessibleDescription(shownRow.isChanged() ? QObject::tr("changed") : QString());
 }
 
@@ -130,6 +141,11 @@ void SettingWidget::showButtons()
     backButton->setToolTip(shownRow.stored ? QObject::tr("Back to what the file has: %1").arg(*shownRow.stored)
                                            : QObject::tr("Back to what the file has: nothing"));
     noneButton->setEnabled(shownRow.written.has_value());
+}
+
+int SettingWidget::nameWidth() const
+{
+    return QFontMetrics(nameFont(name->font(), true)).horizontalAdvance(name->text());
 }
 
 void SettingWidget::takeFocus()

@@ -4,10 +4,10 @@
 #include "settings/settingrows.h"
 
 #include <QFrame>
+#include <QLabel>
 
 class NoteList;
 class QGridLayout;
-class QLabel;
 class QToolButton;
 class ValueField;
 
@@ -25,6 +25,11 @@ public:
     void show(const settings::SettingRow& row);
     const settings::SettingRow& row() const { return shownRow; }
     void takeFocus();
+
+    /// What the name needs, changed or not.
+    int nameWidth() const;
+    /// The room that it gets, so that the fields of all rows stand below each other.
+    void setNameWidth(int width) { name->setFixedWidth(width); }
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -3,7 +3,6 @@
 #include "editor/icons.h"
 #include "editor/placement.h"
 #include "editor/valueedit.h"
-#include "settings/settinghelp.h"
 #include "toolkit/literals.h"
 
 #include <QBoxLayout>
@@ -32,9 +31,7 @@ bool TextField::isFor(const SettingRow& row) const
 void TextField::show(const SettingRow& row)
 {
     edit->setValue(row.written.value_or(QString()));
-    const QString absence = settings::absenceText(*row.setting);
-    edit->setPlaceholderText(absence);
-    edit->setToolTip(row.isAbsent() ? QObject::tr("not set: %1").arg(absence) : QString()); // it may be long
+    edit->setPlaceholderText(QObject::tr("not set")); // what that means is said below
     if (!edit->hasFocus())
         edit->setCursorPosition(0); // its beginning says more than its end
 }

@@ -37,7 +37,10 @@ void ValueField::setKeys(QWidget* widget)
     auto* const line = new QHBoxLayout(this);
     line->setContentsMargins(0, 0, 0, 0);
     line->setSpacing(2);
-    line->addWidget(widget, 1);
+    const bool isForAnyText = widget->sizePolicy().expandingDirections().testFlag(Qt::Horizontal);
+    line->addWidget(widget, isForAnyText ? 1 : 0);
+    if (!isForAnyText)
+        line->addStretch(); // it is as wide as what it can hold
     widget->installEventFilter(this);
     widget->setFocusPolicy(Qt::StrongFocus); // not by the wheel
     setFocusProxy(widget);

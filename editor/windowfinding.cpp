@@ -21,6 +21,7 @@ void SettingsWindow::addFindBar()
     findField->setPlaceholderText(QObject::tr("Find a name or a value"));
     findField->setAccessibleName(QObject::tr("Find a name or a value"));
     findField->setClearButtonEnabled(true);
+    findField->setMaximumWidth(50 * findField->fontMetrics().averageCharWidth()); // the hits stand beside it
     hits = new QLabel;
     hits->setMargin(4);
     bar->addWidget(findField);

@@ -4,6 +4,7 @@
 #include "editor/grouplist.h"
 #include "editor/grouptable.h"
 #include "editor/message.h"
+#include "editor/panes.h"
 #include "editor/settingswindow.h"
 #include "settings/recentfiles.h"
 #include "settings/settinghelp.h"
@@ -85,6 +86,8 @@ void SettingsWindow::addPageMenu()
         menu->addAction(
             pages->tabText(page), this, [this, page] { pages->setCurrentIndex(page); },
             QKeySequence(QStringLiteral("Ctrl+%1").arg(page + 1)));
+    menu->addSeparator();
+    menu->addAction(panes->paperAction());
 }
 
 void SettingsWindow::addHelpMenu()

@@ -6,29 +6,15 @@
 
 #include <QMenu>
 #include <QMenuBar>
-#include <QSplitter>
 
-namespace {
-
-/// Below that the settings take all the room; in widths of an "x", since they grow with the letters.
-const int narrowestWithPaper = 90;
-
-const int firstShare = 400;
-
-} // namespace
-
-void SettingsWindow::addPaper()
+PaperPane* SettingsWindow::newPaper()
 {
-    paper = new PaperPane;
     paperTimer.setSingleShot(true);
     connect(&paperTimer, &QTimer::timeout, this, &SettingsWindow::showPaper);
-    splitter->addWidget(paper);
-    // The groups keep the room that their names take, the others share the rest.
-    splitter->setStretchFactor(1, 1);
-    splitter->setStretchFactor(2, 1);
-    splitter->setSizes({groups->sizeHint().width(), firstShare, firstShare});
-    connect(groups, &GroupList::chosen, paper,
-            [this](const vocabulary::SettingGroup& group) { paper->setGroup(group.name); });
+    auto* const pane = new PaperPane;
+    connect(groups, &GroupList::chosen, pane,
+            [pane](const vocabulary::SettingGroup& group) { pane->setGroup(group.name); });
+    return pane;
 }
 
 void SettingsWindow::addPaperMenu()
@@ -56,10 +42,4 @@ void SettingsWindow::showPaper()
 {
     paperTimer.stop();
     paper->setSettings(settings.isModified() ? preview::settingsOf(settings.file()) : storedSettings, storedSettings);
-}
-
-void SettingsWindow::resizeEvent(QResizeEvent* event)
-{
-    QMainWindow::resizeEvent(event);
-    paper->setVisible(width() >= narrowestWithPaper * fontMetrics().averageCharWidth());
 }

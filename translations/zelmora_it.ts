@@ -526,6 +526,22 @@ Modifica le impostazioni della suite e mostra che cosa non va.</translation>
         <translation>modificata</translation>
     </message>
     <message>
+        <source>not set</source>
+        <translation>assente</translation>
+    </message>
+    <message>
+        <source>What stands on this document, and how wide it is.</source>
+        <translation>Che cosa sta su questo documento, e quanto è largo.</translation>
+    </message>
+    <message>
+        <source>In the file: %1.</source>
+        <translation>Nel file: %1.</translation>
+    </message>
+    <message>
+        <source>&amp;Paper beside the settings</source>
+        <translation>&amp;Carta accanto alle impostazioni</translation>
+    </message>
+    <message>
         <source>not set: %1</source>
         <translation>assente: %1</translation>
     </message>
