@@ -1,5 +1,7 @@
 #include "preview/allcores.h"
 
+#include "support/threads.h"
+
 #include <QtTest>
 
 #include <new>
