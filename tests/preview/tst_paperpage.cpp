@@ -1,4 +1,5 @@
 #include "preview/paperrun.h"
+#include "support/consolesteps.h"
 
 #include <QtTest>
 
@@ -19,27 +20,6 @@ QByteArray page()
     return fileContents(ZELMORA_DOCS "/paper.md");
 }
 
-struct Step {
-    QByteArray command;
-    QByteArray output;
-};
-
-/// Those of all sessions, in their order.
-QVector<Step> steps()
-{
-    QVector<Step> steps;
-    bool isInside = false;
-    for (const QByteArray& line : page().split('\n')) {
-        if (line.startsWith("```"))
-            isInside = line == "```console";
-        else if (isInside && line.startsWith("$ "))
-            steps += Step {line.mid(2), QByteArray()};
-        else if (isInside)
-            steps.last().output += line + '\n';
-    }
-    return steps;
-}
-
 } // namespace
 
 // With the examples' settings, where these do not find their catalogue.
@@ -49,9 +29,9 @@ void TestPaperPage::sessions()
     run.setSettings(exampleSettings());
     run.setEnvironment("PATH", "/usr/bin:/bin");
     makeLink(QFile::encodeName(examples.path()), run.path("examples"));
-    const QVector<Step> all = steps();
+    const QVector<ConsoleStep> all = consoleSteps(page());
     QVERIFY(all.size() > 10);
-    for (const Step& step : all) {
+    for (const ConsoleStep& step : all) {
         run.startShell("zelmora_paper() { \"$program\" \"$@\"; }\nexec 2>&1\n"
                        + QByteArray(step.command).replace("zelmora-paper", "zelmora_paper"));
         const QByteArray found = difference(step.output, run.standardOutput);

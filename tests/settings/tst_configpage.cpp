@@ -1,4 +1,5 @@
 #include "settings/configrun.h"
+#include "support/consolesteps.h"
 
 #include <QtTest>
 
@@ -10,37 +11,12 @@ private slots:
     void sessions();
 };
 
-namespace {
-
-struct Step {
-    QByteArray command;
-    QByteArray output;
-};
-
-/// Those of all sessions, in their order.
-QVector<Step> stepsIn(const QByteArray& page)
-{
-    QVector<Step> steps;
-    bool isInside = false;
-    for (const QByteArray& line : page.split('\n')) {
-        if (line.startsWith("```"))
-            isInside = line == "```console";
-        else if (isInside && line.startsWith("$ "))
-            steps += Step {line.mid(2), QByteArray()};
-        else if (isInside)
-            steps.last().output += line + '\n';
-    }
-    return steps;
-}
-
-} // namespace
-
 void TestConfigPage::sessions()
 {
     ConfigRun run;
-    const QVector<Step> steps = stepsIn(fileContents(ZELMORA_DOCS "/zelmora-config.md"));
+    const QVector<ConsoleStep> steps = consoleSteps(fileContents(ZELMORA_DOCS "/zelmora-config.md"));
     QVERIFY(steps.size() > 10);
-    for (const Step& step : steps) {
+    for (const ConsoleStep& step : steps) {
         run.startShell("zelmora_config() { \"$program\" \"$@\"; }\nexec 2>&1\n"
                        + QByteArray(step.command).replace("zelmora-config", "zelmora_config"));
         QByteArray output = run.standardOutput;
