@@ -3,6 +3,7 @@
 #include "editor/icons.h"
 #include "editor/notelist.h"
 #include "editor/settingwidget.h"
+#include "editor/taborder.h"
 #include "settings/editedsettings.h"
 
 #include <QLabel>
@@ -106,6 +107,7 @@ void GroupTable::refresh()
     }
     for (int i = 0; i < rows.size(); ++i)
         rows.at(i)->show(found.rows.at(i));
+    orderTabs();
     table->setEnabled(settings.isEditable() && settings.file().reaches(QStringLiteral("zelmora.a")));
 }
 
@@ -113,7 +115,19 @@ SettingWidget* GroupTable::newRow(const SettingRow& row)
 {
     auto* const widget = new SettingWidget(settings, row);
     lines->addWidget(widget);
+    connect(widget, &SettingWidget::fieldTaken, this, &GroupTable::orderTabs);
     return widget;
+}
+
+/// As it reads: rows, fields and buttons are made whenever they are needed, and Tab would come to them last.
+void GroupTable::orderTabs()
+{
+    QWidget* stop = taborder::stopBefore(*this);
+    if (!stop)
+        return; // it stands in no window yet
+    stop = taborder::append(stop, *notes);
+    for (SettingWidget* const row : std::as_const(rows))
+        stop = row->orderTabs(stop);
 }
 
 /// Below each other, beside the longest name.

@@ -2,6 +2,7 @@
 
 #include "editor/icons.h"
 #include "editor/notelist.h"
+#include "editor/taborder.h"
 #include "editor/valuefield.h"
 #include "settings/editedsettings.h"
 #include "settings/settinghelp.h"
@@ -98,7 +99,6 @@ void SettingWidget::takeField()
     }
     field = ValueField::make(shownRow);
     static_cast<QGridLayout*>(layout())->addWidget(field, 0, 1);
-    setTabOrder(field, backButton);
     const QString& key = shownRow.key;
     connect(field, &ValueField::chosen, this, [this, key](const QString& value) { settings.set(key, value); });
     connect(field, &ValueField::typed, this, [this, key](const QString& value) { settings.type(key, value); });
@@ -110,6 +110,7 @@ void SettingWidget::takeField()
             show(shownRow);
         },
         Qt::QueuedConnection); // the field may be another one then
+    emit fieldTaken();
 }
 
 void SettingWidget::show(const SettingRow& row)
@@ -146,6 +147,16 @@ void SettingWidget::showButtons()
 int SettingWidget::nameWidth() const
 {
     return QFontMetrics(nameFont(name->font(), true)).horizontalAdvance(name->text());
+}
+
+QWidget* SettingWidget::orderTabs(QWidget* stop)
+{
+    stop = taborder::append(stop, *field);
+    for (QWidget* const button : {backButton, noneButton}) {
+        setTabOrder(stop, button);
+        stop = button;
+    }
+    return taborder::append(stop, *notes);
 }
 
 void SettingWidget::takeFocus()

@@ -27,6 +27,7 @@ private slots:
     void fieldsStandBelowEachOther();
     void aFieldIsAsWideAsItsKindNeeds();
     void theHitsAreSeen();
+    void tabGoesFromTheSettingsToThePaper();
     void thePaperFoldsAway();
     void thePaperIsHiddenByAKey();
     void thePaperGrowsToItsSize();
@@ -194,6 +195,17 @@ void TestPanes::theHitsAreSeen()
     QVERIFY(hits->isVisible() && hits->width() >= hits->sizeHint().width());
     QVERIFY(window->rect().contains(hits->mapTo(window.get(), hits->rect().bottomRight())));
     QVERIFY(!person->named<QListWidget>("Groups of settings")->horizontalScrollBar()->isVisible());
+}
+
+void TestPanes::tabGoesFromTheSettingsToThePaper()
+{
+    open("");
+    QVERIFY(find<PaperPane>()->isVisible());
+    person->focus(person->named<QWidget>("copyNumber")); // the last one
+    person->press(Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget()->accessibleName(), QString("Document"));
+    person->press(Qt::Key_Backtab, Qt::ShiftModifier);
+    QCOMPARE(QApplication::focusWidget()->accessibleName(), QString("copyNumber"));
 }
 
 void TestPanes::thePaperFoldsAway()

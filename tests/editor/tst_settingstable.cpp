@@ -33,6 +33,8 @@ private slots:
     void aTextRefusesWhatCannotBeStored();
     void aSecretIsHidden();
     void nothingChangesByFocusWheelOrTab();
+    void tabGoesDownTheRows();
+    void tabGoesOnFromAFieldThatIsAnotherOne();
     void whatAFieldCannotHoldIsAText_data();
     void whatAFieldCannotHoldIsAText();
     void aTextThatFitsBecomesAField();
@@ -76,6 +78,7 @@ private:
     void save() { person->press(Qt::Key_S, Qt::ControlModifier); }
     void goToGroup(const QString& title);
     void pressButton(const QString& text);
+    QStringList namesByTab(QWidget* first, int count);
     template <class Kind>
     Kind* field(const QString& name) const
     {
@@ -143,6 +146,18 @@ void TestSettingsTable::pressButton(const QString& text)
         qFatal("There is no button %s.", qPrintable(text));
     person->focus(button);
     person->press(Qt::Key_Space);
+}
+
+/// What has the keyboard one after the other, from @p first on.
+QStringList TestSettingsTable::namesByTab(QWidget* first, int count)
+{
+    person->focus(first);
+    QStringList names {first->accessibleName()};
+    while (names.size() < count) {
+        person->press(Qt::Key_Tab);
+        names += QApplication::focusWidget()->accessibleName();
+    }
+    return names;
 }
 
 // --- What is shown and changed ---
@@ -315,6 +330,38 @@ void TestSettingsTable::nothingChangesByFocusWheelOrTab()
     QVERIFY(!window->isWindowModified());
     save();
     QCOMPARE(fileContents(path), bytes);
+}
+
+void TestSettingsTable::tabGoesDownTheRows()
+{
+    open(suite("db: { dbname = soup; pasword = x; };"));
+    goToGroup("Database");
+    const QString remedy = QString::fromUtf8("Put it right: pasword \u2192 password");
+    QStringList names = namesByTab(person->named<QWidget>("Groups of settings"), 8);
+    QCOMPARE(names,
+             (QStringList {"Groups of settings", "dbname", "Take dbname out of the file", "username", "password",
+                           "Show the value", remedy, "hostname"}));
+
+    pressButton(remedy);
+    names = namesByTab(field<QWidget>("username"), 6);
+    QCOMPARE(names,
+             (QStringList {"username", "password", "Show the value", "Take back the change of password",
+                           "Take password out of the file", "hostname"}));
+}
+
+void TestSettingsTable::tabGoesOnFromAFieldThatIsAnotherOne()
+{
+    open(suite("logger: { level = loud; };"));
+    goToGroup("Log");
+    person->focus(field<QWidget>("level"));
+    field<QLineEdit>("level")->selectAll();
+    person->type("info");
+    person->press(Qt::Key_Tab);
+    QTRY_VERIFY(field<QComboBox>("level"));
+    QCOMPARE(QApplication::focusWidget()->accessibleName(), QString("Take back the change of level"));
+    person->press(Qt::Key_Backtab, Qt::ShiftModifier);
+    QCOMPARE(QApplication::focusWidget()->accessibleName(), QString("level"));
+    QCOMPARE(namesByTab(person->named<QWidget>("Groups of settings"), 2).last(), QString("level"));
 }
 
 void TestSettingsTable::whatAFieldCannotHoldIsAText_data()
