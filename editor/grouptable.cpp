@@ -5,6 +5,7 @@
 #include "editor/settingwidget.h"
 #include "editor/taborder.h"
 #include "settings/editedsettings.h"
+#include "settings/settinghelp.h"
 
 #include <QLabel>
 #include <QScrollBar>
@@ -37,14 +38,6 @@ QFont titleFont(QFont font)
     font.setBold(true);
     font.setPointSizeF(font.pointSizeF() * 1.25);
     return font;
-}
-
-/// A document is known by its title.
-QString whatItIs(const SettingGroup& group)
-{
-    const QString text = group.isDocument ? QObject::tr("What stands on this document, and how wide it is.")
-                                          : QObject::tr(group.description);
-    return text + QLatin1Char(' ') + QObject::tr("In the file: %1.").arg(QString(group.name));
 }
 
 } // namespace
@@ -86,7 +79,7 @@ void GroupTable::showGroup(const SettingGroup& group)
 {
     shownGroup = &group;
     title->setText(QObject::tr(group.title));
-    description->setText(whatItIs(group));
+    description->setText(settings::groupText(group));
     verticalScrollBar()->setValue(0);
     refresh();
 }

@@ -77,7 +77,7 @@ void SettingWidget::addButtons(QGridLayout& layout)
     backButton->setIcon(icons::back(palette()));
     noneButton->setIcon(icons::none(palette()));
     noneButton->setToolTip(
-        QObject::tr("Take it out of the file; then holds: %1").arg(settings::absenceText(*shownRow.setting)));
+        QObject::tr("Take it out of the file. Without it: %1.").arg(settings::absenceText(*shownRow.setting)));
     noneButton->setAccessibleName(QObject::tr("Take %1 out of the file").arg(shownRow.setting->key));
     backButton->setAccessibleName(QObject::tr("Take back the change of %1").arg(shownRow.setting->key));
     int column = 2;

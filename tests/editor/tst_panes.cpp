@@ -115,6 +115,8 @@ void TestPanes::nothingIsCutOffOnASmallScreen()
     window->resize(smallScreen);
     open("");
     QVERIFY(find<PaperPane>()->isVisible());
+    const int forPaper = find<PaperPane>()->width();
+    QVERIFY2(forPaper >= 225, qPrintable(QString::number(forPaper))); // its letters are to be read
     for (int i = 0; i < list->count(); ++i) {
         list->setCurrentRow(i);
         QCoreApplication::processEvents();

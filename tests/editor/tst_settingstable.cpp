@@ -839,11 +839,22 @@ void TestSettingsTable::helps()
     person->focus(field<QSpinBox>("paperWidth"));
     person->willPress(QMessageBox::Ok);
     person->press(Qt::Key_F1);
-    QVERIFY(person->readBoxes().value(0).startsWith("zelmora.receiptdoc.paperWidth\n"));
+    const QString help = person->readBoxes().value(0);
+    QVERIFY(help.startsWith("zelmora.receiptdoc.paperWidth\n"));
+    QVERIFY(help.contains("\nIt shows on: Receipt, Summary receipt."));
     person->focus(person->named<QListWidget>("Groups of settings"));
     person->willPress(QMessageBox::Ok);
     person->press(Qt::Key_F1);
-    QVERIFY(person->readBoxes().value(0).startsWith("Receipt\n"));
+    QCOMPARE(person->readBoxes(),
+             QStringList("Receipt\n\nWhat stands on this document, and how wide it is. In the file: receiptdoc.\n"
+                         "These are printed with it: Receipt, Summary receipt.\n\n"
+                         "Each setting has its own help: go to its field and press F1."));
+    goToGroup("Log");
+    person->willPress(QMessageBox::Ok);
+    person->press(Qt::Key_F1);
+    QCOMPARE(person->readBoxes(),
+             QStringList("Log\n\nThe log of the suite's programs. In the file: logger.\n\n"
+                         "Each setting has its own help: go to its field and press F1."));
 }
 
 void TestSettingsTable::saysWhatItIs()
