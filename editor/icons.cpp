@@ -178,7 +178,9 @@ QColor muted(const QPalette& palette)
 QPalette mutedText()
 {
     QPalette colours; // that of the program
-    colours.setColor(QPalette::WindowText, muted(colours));
+    const QColor colour = muted(colours);
+    for (const auto role : {QPalette::WindowText, QPalette::PlaceholderText})
+        colours.setColor(role, colour);
     return colours;
 }
 

@@ -289,7 +289,7 @@
     </message>
     <message>
         <source>%1 found</source>
-        <translation>%1 trovati</translation>
+        <translation>Trovati: %1</translation>
     </message>
     <message>
         <source>&amp;About Zelmora settings</source>
@@ -2376,11 +2376,11 @@ Scegliere le impostazioni di un documento, per esempio Ricevuta.</translation>
     </message>
     <message>
         <source>A &amp;job of your own...</source>
-        <translation>Un proprio &amp;lavoro...</translation>
+        <translation>Un &amp;lavoro di stampa a scelta...</translation>
     </message>
     <message>
         <source>A job of your own</source>
-        <translation>Un proprio lavoro</translation>
+        <translation>Un lavoro di stampa a scelta</translation>
     </message>
     <message>
         <source>&amp;Larger</source>
