@@ -36,6 +36,17 @@ QString descriptionOf(const SettingRow& row)
     return text + QLatin1Char(' ') + QObject::tr("Without it: %1.").arg(settings::absenceText(*row.setting));
 }
 
+/// All that stands beside and below the field, for those who cannot see it.
+QString spokenText(const SettingRow& row)
+{
+    QStringList texts {QObject::tr(row.setting->description)};
+    if (row.isAbsent())
+        texts += QObject::tr("not set: %1").arg(settings::absenceText(*row.setting));
+    for (const settings::Note& note : row.notes)
+        texts += note.text;
+    return texts.join(QLatin1Char(' '));
+}
+
 } // namespace
 
 SettingWidget::SettingWidget(EditedSettings& theSettings, const SettingRow& theRow)
@@ -119,10 +130,7 @@ void SettingWidget::show(const SettingRow& row)
     if (!field->isFor(row) && !field->holdsFocus()) // somebody may be typing in it
         takeField();
     field->show(row);
-    const QString absence = row.isAbsent()
-        ? QLatin1Char(' ') + QObject::tr("not set: %1").arg(settings::absenceText(*row.setting))
-        : QString();
-    field->describe(row.setting->key, QObject::tr(row.setting->description) + absence);
+    field->describe(row.setting->key, spokenText(row));
     description->setText(descriptionOf(row));
     showNames();
     showButtons();

@@ -400,6 +400,10 @@
         <translation>Registro dei messaggi</translation>
     </message>
     <message>
+        <source>Message</source>
+        <translation>Messaggio</translation>
+    </message>
+    <message>
         <source>No program would find &quot;%1&quot;: a name holds no point, no &quot;:&quot;, &quot;=&quot; or &quot;}&quot;, no character that Western European languages lack, and no blank at its ends.</source>
         <translation>Nessun programma troverebbe &quot;%1&quot;: un nome non contiene punti, &quot;:&quot;, &quot;=&quot; o &quot;}&quot;, né caratteri estranei alle lingue dell&apos;Europa occidentale, né spazi alle estremità.</translation>
     </message>

@@ -25,7 +25,8 @@ inline double contrast(const QColor& left, const QColor& right)
 /// How far the letters in @p part of a widget stand out from their ground, which is the colour that it has most of.
 inline double contrastOfText(QWidget& widget, const QRect& part)
 {
-    const QImage image = widget.window()->grab(QRect(widget.mapTo(widget.window(), part.topLeft()), part.size())).toImage();
+    const QImage image =
+        widget.window()->grab(QRect(widget.mapTo(widget.window(), part.topLeft()), part.size())).toImage();
     QHash<QRgb, int> counts;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x)
