@@ -33,7 +33,7 @@ private slots:
     void fieldsStandBelowEachOther();
     void aFieldIsAsWideAsItsKindNeeds();
     void theHitsAreSeen();
-    void tabGoesFromTheSettingsToThePaper();
+    void tabGoesFromTheLeftToTheRight();
     void thePaperFoldsAway();
     void thePaperIsHiddenByAKey();
     void thePaperGrowsToItsSize();
@@ -261,10 +261,17 @@ void TestPanes::theHitsAreSeen()
     QVERIFY(!person->named<QListWidget>("Groups of settings")->horizontalScrollBar()->isVisible());
 }
 
-void TestPanes::tabGoesFromTheSettingsToThePaper()
+void TestPanes::tabGoesFromTheLeftToTheRight()
 {
-    open("");
+    open("receiptdoc: { paperWidth = 32; };");
     QVERIFY(find<PaperPane>()->isVisible());
+    person->press(Qt::Key_F, Qt::ControlModifier);
+    person->press(Qt::Key_Tab);
+    QVERIFY(QApplication::focusWidget()->inherits("QTabBar"));
+    for (const char* name : {"Groups of settings", "quantityFieldWidth", "priceFieldWidth"}) {
+        person->press(Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget()->accessibleName(), QString(name));
+    }
     person->focus(person->named<QWidget>("copyNumber")); // the last one
     person->press(Qt::Key_Tab);
     QCOMPARE(QApplication::focusWidget()->accessibleName(), QString("Document"));
