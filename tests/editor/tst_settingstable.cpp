@@ -1,6 +1,7 @@
 #include "editor/person.h"
 #include "support/files.h"
 #include "support/ordinaryuser.h"
+#include "support/toolkitmessages.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -35,6 +36,7 @@ private slots:
     void nothingChangesByFocusWheelOrTab();
     void tabGoesDownTheRows();
     void tabGoesOnFromAFieldThatIsAnotherOne();
+    void tabGoesOnWhenAListWasOpen();
     void whatAFieldCannotHoldIsAText_data();
     void whatAFieldCannotHoldIsAText();
     void aTextThatFitsBecomesAField();
@@ -375,6 +377,20 @@ void TestSettingsTable::tabGoesOnFromAFieldThatIsAnotherOne()
     person->press(Qt::Key_Backtab, Qt::ShiftModifier);
     QCOMPARE(QApplication::focusWidget()->accessibleName(), QString("level"));
     QCOMPARE(namesByTab(person->named<QWidget>("Groups of settings"), 2).last(), QString("level"));
+}
+
+// What it drops down is a window of its own, into which no Tab leads.
+void TestSettingsTable::tabGoesOnWhenAListWasOpen()
+{
+    open(suite("logger: { filename = suite.log; };"));
+    goToGroup("Log");
+    field<QComboBox>("level")->showPopup();
+    field<QComboBox>("level")->hidePopup();
+    const ToolkitMessages messages;
+    person->focus(field<QWidget>("filename"));
+    person->type("x");
+    const QStringList tabTrouble = ToolkitMessages::all().filter("setTabOrder");
+    QCOMPARE(tabTrouble, QStringList());
 }
 
 void TestSettingsTable::whatAFieldCannotHoldIsAText_data()
