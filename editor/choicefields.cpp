@@ -117,17 +117,17 @@ void NumberBox::stepBy(int steps)
     selectAll();
 }
 
-/// Nothing is absence; what means it is not typed.
+/// Nothing is absence, and a blank is no way to get there; what means it is not typed.
 QValidator::State NumberBox::validate(QString& text, int& position) const
 {
-    if (text.trimmed().isEmpty() || text == specialValueText())
+    if (text.isEmpty() || text == specialValueText())
         return QValidator::Acceptable;
-    return text.startsWith(QLatin1Char('-')) ? QValidator::Invalid : QSpinBox::validate(text, position);
+    return text.at(0).isDigit() ? QSpinBox::validate(text, position) : QValidator::Invalid;
 }
 
 int NumberBox::valueFromText(const QString& text) const
 {
-    return text.trimmed().isEmpty() || text == specialValueText() ? minimum() : QSpinBox::valueFromText(text);
+    return text.isEmpty() || text == specialValueText() ? minimum() : QSpinBox::valueFromText(text);
 }
 
 NumberField::NumberField(const vocabulary::Setting& setting)

@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QShortcut>
 #include <QToolBar>
+#include <QToolButton>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 
@@ -49,6 +50,8 @@ FilePage::FilePage(EditedSettings& theSettings)
     auto* const buttons = new QToolBar;
     buttons->setToolButtonStyle(Qt::ToolButtonTextOnly);
     buttons->addActions(commandActions);
+    for (QToolButton* const button : buttons->findChildren<QToolButton*>())
+        button->setAutoRaise(false); // they look like buttons
     layout->addWidget(buttons);
 }
 

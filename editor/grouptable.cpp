@@ -3,7 +3,9 @@
 #include "editor/icons.h"
 #include "editor/notelist.h"
 #include "editor/settingwidget.h"
+#include "editor/taborder.h"
 #include "settings/editedsettings.h"
+#include "settings/settinghelp.h"
 
 #include <QLabel>
 #include <QScrollBar>
@@ -36,14 +38,6 @@ QFont titleFont(QFont font)
     font.setBold(true);
     font.setPointSizeF(font.pointSizeF() * 1.25);
     return font;
-}
-
-/// A document is known by its title.
-QString whatItIs(const SettingGroup& group)
-{
-    const QString text = group.isDocument ? QObject::tr("What stands on this document, and how wide it is.")
-                                          : QObject::tr(group.description);
-    return text + QLatin1Char(' ') + QObject::tr("In the file: %1.").arg(QString(group.name));
 }
 
 } // namespace
@@ -85,7 +79,7 @@ void GroupTable::showGroup(const SettingGroup& group)
 {
     shownGroup = &group;
     title->setText(QObject::tr(group.title));
-    description->setText(whatItIs(group));
+    description->setText(settings::groupText(group));
     verticalScrollBar()->setValue(0);
     refresh();
 }
@@ -106,6 +100,7 @@ void GroupTable::refresh()
     }
     for (int i = 0; i < rows.size(); ++i)
         rows.at(i)->show(found.rows.at(i));
+    orderTabs();
     table->setEnabled(settings.isEditable() && settings.file().reaches(QStringLiteral("zelmora.a")));
 }
 
@@ -113,7 +108,19 @@ SettingWidget* GroupTable::newRow(const SettingRow& row)
 {
     auto* const widget = new SettingWidget(settings, row);
     lines->addWidget(widget);
+    connect(widget, &SettingWidget::fieldTaken, this, &GroupTable::orderTabs);
     return widget;
+}
+
+/// As it reads: rows, fields and buttons are made whenever they are needed, and Tab would come to them last.
+void GroupTable::orderTabs()
+{
+    QWidget* stop = taborder::stopBefore(*this);
+    if (!stop)
+        return; // it stands in no window yet
+    stop = taborder::append(stop, *notes);
+    for (SettingWidget* const row : std::as_const(rows))
+        stop = row->orderTabs(stop);
 }
 
 /// Below each other, beside the longest name.

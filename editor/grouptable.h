@@ -42,6 +42,7 @@ public:
 private:
     SettingWidget* newRow(const settings::SettingRow& row);
     void alignFields();
+    void orderTabs();
     int currentRow() const;
     bool takeFocusFrom(int first);
 

@@ -145,7 +145,7 @@ QIcon back(const QPalette& palette)
 
 QIcon none(const QPalette& palette)
 {
-    const QColor colour = palette.color(QPalette::ButtonText);
+    const QColor colour = muted(palette); // one stands in every row
     return drawn([colour](QPainter& painter) {
         painter.setPen(pen(colour, 1.6));
         painter.drawLine(QPointF(4, 4), QPointF(12, 12));
@@ -178,7 +178,9 @@ QColor muted(const QPalette& palette)
 QPalette mutedText()
 {
     QPalette colours; // that of the program
-    colours.setColor(QPalette::WindowText, muted(colours));
+    const QColor colour = muted(colours);
+    for (const auto role : {QPalette::WindowText, QPalette::PlaceholderText})
+        colours.setColor(role, colour);
     return colours;
 }
 

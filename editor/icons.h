@@ -24,7 +24,7 @@ QIcon eye(const QPalette& palette);
 
 /// A colour for what is of less weight than text, which can still be read.
 QColor muted(const QPalette& palette);
-/// A label's, in that colour.
+/// That of a label, and of what an empty line says, in that colour.
 QPalette mutedText();
 
 } // namespace icons

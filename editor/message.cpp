@@ -28,6 +28,7 @@ public:
         setPlainText(text);
         setReadOnly(true);
         setTabChangesFocus(true);
+        setAccessibleName(QObject::tr("Message"));
         setFrameShape(NoFrame);
         viewport()->setAutoFillBackground(false);
     }
@@ -56,6 +57,7 @@ Message::Message(QWidget* window, QStyle::StandardPixmap icon, const QString& te
     , buttonBox(new QDialogButtonBox(buttons))
 {
     setWindowTitle(QObject::tr("Settings"));
+    setAccessibleName(text); // which is read aloud when it comes
     const QSize room = roomOnScreen(*window);
     auto* const image = new QLabel;
     const int iconSize = style()->pixelMetric(QStyle::PM_MessageBoxIconSize);

@@ -2,6 +2,7 @@
 
 #include "editor/icons.h"
 #include "editor/notelist.h"
+#include "editor/taborder.h"
 #include "editor/valuefield.h"
 #include "settings/editedsettings.h"
 #include "settings/settinghelp.h"
@@ -33,6 +34,17 @@ QString descriptionOf(const SettingRow& row)
     if (!row.isAbsent() || !row.setting->absence)
         return text;
     return text + QLatin1Char(' ') + QObject::tr("Without it: %1.").arg(settings::absenceText(*row.setting));
+}
+
+/// All that stands beside and below the field, for those who cannot see it.
+QString spokenText(const SettingRow& row)
+{
+    QStringList texts {QObject::tr(row.setting->description)};
+    if (row.isAbsent())
+        texts += QObject::tr("not set: %1").arg(settings::absenceText(*row.setting));
+    for (const settings::Note& note : row.notes)
+        texts += note.text;
+    return texts.join(QLatin1Char(' '));
 }
 
 } // namespace
@@ -76,7 +88,7 @@ void SettingWidget::addButtons(QGridLayout& layout)
     backButton->setIcon(icons::back(palette()));
     noneButton->setIcon(icons::none(palette()));
     noneButton->setToolTip(
-        QObject::tr("Take it out of the file; then holds: %1").arg(settings::absenceText(*shownRow.setting)));
+        QObject::tr("Take it out of the file. Without it: %1.").arg(settings::absenceText(*shownRow.setting)));
     noneButton->setAccessibleName(QObject::tr("Take %1 out of the file").arg(shownRow.setting->key));
     backButton->setAccessibleName(QObject::tr("Take back the change of %1").arg(shownRow.setting->key));
     int column = 2;
@@ -98,7 +110,6 @@ void SettingWidget::takeField()
     }
     field = ValueField::make(shownRow);
     static_cast<QGridLayout*>(layout())->addWidget(field, 0, 1);
-    setTabOrder(field, backButton);
     const QString& key = shownRow.key;
     connect(field, &ValueField::chosen, this, [this, key](const QString& value) { settings.set(key, value); });
     connect(field, &ValueField::typed, this, [this, key](const QString& value) { settings.type(key, value); });
@@ -110,6 +121,7 @@ void SettingWidget::takeField()
             show(shownRow);
         },
         Qt::QueuedConnection); // the field may be another one then
+    emit fieldTaken();
 }
 
 void SettingWidget::show(const SettingRow& row)
@@ -118,10 +130,7 @@ void SettingWidget::show(const SettingRow& row)
     if (!field->isFor(row) && !field->holdsFocus()) // somebody may be typing in it
         takeField();
     field->show(row);
-    const QString absence = row.isAbsent()
-        ? QLatin1Char(' ') + QObject::tr("not set: %1").arg(settings::absenceText(*row.setting))
-        : QString();
-    field->describe(row.setting->key, QObject::tr(row.setting->description) + absence);
+    field->describe(row.setting->key, spokenText(row));
     description->setText(descriptionOf(row));
     showNames();
     showButtons();
@@ -146,6 +155,16 @@ void SettingWidget::showButtons()
 int SettingWidget::nameWidth() const
 {
     return QFontMetrics(nameFont(name->font(), true)).horizontalAdvance(name->text());
+}
+
+QWidget* SettingWidget::orderTabs(QWidget* stop)
+{
+    stop = taborder::append(stop, *field);
+    for (QWidget* const button : {backButton, noneButton}) {
+        setTabOrder(stop, button);
+        stop = button;
+    }
+    return taborder::append(stop, *notes);
 }
 
 void SettingWidget::takeFocus()

@@ -25,11 +25,16 @@ public:
     void show(const settings::SettingRow& row);
     const settings::SettingRow& row() const { return shownRow; }
     void takeFocus();
+    /// Lets Tab go from @p stop through the row as it reads; returns where it is then.
+    QWidget* orderTabs(QWidget* stop);
 
     /// What the name needs, changed or not.
     int nameWidth() const;
     /// The room that it gets, so that the fields of all rows stand below each other.
     void setNameWidth(int width) { name->setFixedWidth(width); }
+
+signals:
+    void fieldTaken(); ///< another field is in the place of the one before
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -17,9 +17,7 @@ TextField::TextField()
     : edit(new ValueEdit)
 {
     setKeys(edit);
-    QPalette colours;
-    colours.setColor(QPalette::PlaceholderText, icons::muted(colours));
-    edit->setPalette(colours);
+    edit->setPalette(icons::mutedText()); // what stands there instead of a value
     connect(edit, &QLineEdit::textEdited, this, &TextField::typed);
 }
 

@@ -43,7 +43,6 @@ void ValueField::setKeys(QWidget* widget)
         line->addStretch(); // it is as wide as what it can hold
     widget->installEventFilter(this);
     widget->setFocusPolicy(Qt::StrongFocus); // not by the wheel
-    setFocusProxy(widget);
 }
 
 void ValueField::describe(const QString& name, const QString& description)

@@ -3,6 +3,7 @@
 #include "editor/filepage.h"
 #include "editor/grouplist.h"
 #include "editor/grouptable.h"
+#include "editor/icons.h"
 #include "editor/settingswindow.h"
 
 #include <QLabel>
@@ -20,6 +21,7 @@ void SettingsWindow::addFindBar()
     findField = new QLineEdit;
     findField->setPlaceholderText(QObject::tr("Find a name or a value"));
     findField->setAccessibleName(QObject::tr("Find a name or a value"));
+    findField->setPalette(icons::mutedText());
     findField->setClearButtonEnabled(true);
     findField->setMaximumWidth(50 * findField->fontMetrics().averageCharWidth()); // the hits stand beside it
     hits = new QLabel;

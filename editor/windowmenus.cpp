@@ -6,6 +6,7 @@
 #include "editor/message.h"
 #include "editor/panes.h"
 #include "editor/settingswindow.h"
+#include "preview/samples.h"
 #include "settings/recentfiles.h"
 #include "settings/settinghelp.h"
 #include "toolkit/literals.h"
@@ -18,6 +19,19 @@
 #include <QTabWidget>
 
 using toolkit::operator""_L1;
+
+namespace {
+
+/// Of the documents that these print, as the box above the paper has them.
+QStringList titlesOf(const QVector<const vocabulary::Method*>& methods)
+{
+    QStringList titles;
+    for (const vocabulary::Method* const method : methods)
+        titles += preview::findSample(method->name)->title();
+    return titles;
+}
+
+} // namespace
 
 void SettingsWindow::addMenus()
 {
@@ -136,9 +150,9 @@ void SettingsWindow::showHelp()
 {
     const vocabulary::SettingGroup& group = groups->current();
     const vocabulary::Setting* const setting = isFilePage() ? nullptr : table->currentSetting();
-    const QString onGroup = QObject::tr(group.title) + "\n\n"_L1 + QObject::tr(group.description) + "\n\n"_L1
-        + QObject::tr("Each setting has its own help: go to its field and press F1.");
-    Message(this, QStyle::SP_MessageBoxInformation, setting ? settings::helpOn(group, *setting) : onGroup).ask();
+    const QString help = setting ? settings::helpOn(group, *setting, titlesOf(methodsAffected(group, *setting)))
+                                 : settings::helpOn(group, titlesOf(methodsOf(group)));
+    Message(this, QStyle::SP_MessageBoxInformation, help).ask();
 }
 
 void SettingsWindow::showAbout()

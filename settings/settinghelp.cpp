@@ -1,9 +1,6 @@
 #include "settings/settinghelp.h"
 
-#include "settings/settingrows.h"
-
 #include <QObject>
-#include <QStringList>
 
 using vocabulary::Setting;
 using vocabulary::SettingGroup;
@@ -12,20 +9,11 @@ namespace settings {
 
 namespace {
 
-QString namesOf(const QVector<const vocabulary::Method*>& methods)
-{
-    QStringList names;
-    for (const vocabulary::Method* const method : methods)
-        names += method->name;
-    return names.join(QStringLiteral(", "));
-}
-
 /// Empty where no document is meant to.
-QString effectText(const SettingGroup& group, const Setting& setting)
+QString effectText(const SettingGroup& group, const QStringList& documents)
 {
-    const QVector<const vocabulary::Method*> methods = methodsAffected(group, setting);
-    if (!methods.isEmpty())
-        return QObject::tr("What these print depends on it: %1.").arg(namesOf(methods));
+    if (!documents.isEmpty())
+        return QObject::tr("It shows on: %1.").arg(documents.join(QStringLiteral(", ")));
     return group.isDocument ? QObject::tr("Nothing that this document prints depends on it.") : QString();
 }
 
@@ -36,7 +24,24 @@ QString absenceText(const Setting& setting)
     return setting.absence ? QObject::tr(setting.absence) : QString(setting.absent);
 }
 
-QString helpOn(const SettingGroup& group, const Setting& setting)
+/// A document is known by its title.
+QString groupText(const SettingGroup& group)
+{
+    const QString text = group.isDocument ? QObject::tr("What stands on this document, and how wide it is.")
+                                          : QObject::tr(group.description);
+    return text + QLatin1Char(' ') + QObject::tr("In the file: %1.").arg(QString(group.name));
+}
+
+QString helpOn(const SettingGroup& group, const QStringList& documents)
+{
+    QStringList lines {QObject::tr(group.title), QString(), groupText(group)};
+    if (!documents.isEmpty())
+        lines += QObject::tr("These are printed with it: %1.").arg(documents.join(QStringLiteral(", ")));
+    lines << QString() << QObject::tr("Each setting has its own help: go to its field and press F1.");
+    return lines.join(QLatin1Char('\n'));
+}
+
+QString helpOn(const SettingGroup& group, const Setting& setting, const QStringList& documents)
 {
     QStringList lines {vocabulary::keyOf(group, setting),
                        QString(),
@@ -44,7 +49,7 @@ QString helpOn(const SettingGroup& group, const Setting& setting)
                        QString(),
                        QObject::tr("It takes: %1.").arg(vocabulary::valueText(setting)),
                        QObject::tr("Without it: %1.").arg(absenceText(setting))};
-    const QString effect = effectText(group, setting);
+    const QString effect = effectText(group, documents);
     if (!effect.isEmpty())
         lines += effect;
     return lines.join(QLatin1Char('\n'));

@@ -289,7 +289,7 @@
     </message>
     <message>
         <source>%1 found</source>
-        <translation>%1 trovati</translation>
+        <translation>Trovati: %1</translation>
     </message>
     <message>
         <source>&amp;About Zelmora settings</source>
@@ -380,6 +380,10 @@
         <translation>Aiuto su questa &amp;impostazione</translation>
     </message>
     <message>
+        <source>It shows on: %1.</source>
+        <translation>Si vede su: %1.</translation>
+    </message>
+    <message>
         <source>It takes: %1.</source>
         <translation>Accetta: %1.</translation>
     </message>
@@ -394,6 +398,10 @@
     <message>
         <source>Log</source>
         <translation>Registro dei messaggi</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Messaggio</translation>
     </message>
     <message>
         <source>No program would find &quot;%1&quot;: a name holds no point, no &quot;:&quot;, &quot;=&quot; or &quot;}&quot;, no character that Western European languages lack, and no blank at its ends.</source>
@@ -449,7 +457,7 @@
     </message>
     <message>
         <source>Report and statement</source>
-        <translation>Chiusura ed estratto conto</translation>
+        <translation>Chiusura ed estratto</translation>
     </message>
     <message>
         <source>Save as...</source>
@@ -468,8 +476,8 @@
         <translation>Annulla la modifica di %1</translation>
     </message>
     <message>
-        <source>Take it out of the file; then holds: %1</source>
-        <translation>Togli dal file; allora vale: %1</translation>
+        <source>Take it out of the file. Without it: %1.</source>
+        <translation>Togli dal file. Senza: %1.</translation>
     </message>
     <message>
         <source>The file %1 has no settings yet.</source>
@@ -504,8 +512,8 @@
         <translation>Il file %1 non c&apos;è ancora.</translation>
     </message>
     <message>
-        <source>What these print depends on it: %1.</source>
-        <translation>Ne dipende ciò che stampano: %1.</translation>
+        <source>These are printed with it: %1.</source>
+        <translation>Si stampano con queste impostazioni: %1.</translation>
     </message>
     <message>
         <source>Without it: %1.</source>
@@ -1346,12 +1354,12 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
         <translation>Le righe di una pagina; per ora non ne dipende nulla.</translation>
     </message>
     <message>
-        <source>nothing: no document has a style</source>
-        <translation>nulla: nessun documento ha uno stile</translation>
+        <source>nothing changes</source>
+        <translation>non cambia nulla</translation>
     </message>
     <message>
-        <source>Nothing: no document has a style.</source>
-        <translation>Nulla: nessun documento ha uno stile.</translation>
+        <source>The style of the document; nothing depends on it yet.</source>
+        <translation>Lo stile del documento; per ora non ne dipende nulla.</translation>
     </message>
     <message>
         <source>Prints the top margin.</source>
@@ -2372,11 +2380,11 @@ Scegliere le impostazioni di un documento, per esempio Ricevuta.</translation>
     </message>
     <message>
         <source>A &amp;job of your own...</source>
-        <translation>Un proprio &amp;lavoro...</translation>
+        <translation>Un &amp;lavoro di stampa a scelta...</translation>
     </message>
     <message>
         <source>A job of your own</source>
-        <translation>Un proprio lavoro</translation>
+        <translation>Un lavoro di stampa a scelta</translation>
     </message>
     <message>
         <source>&amp;Larger</source>

@@ -84,7 +84,7 @@ constexpr Setting documentSettings[] = {
     width("totalPriceFieldWidth"_L1, "0"_L1, pricedRows, QT_TRANSLATE_NOOP("QObject", "The width of the total column, in characters.")),
     width("paperWidth"_L1, "32"_L1, withSections, QT_TRANSLATE_NOOP("QObject", "The characters in a line of the paper.")),
     {"paperRows"_L1, Kind::Number, "0"_L1, nullptr, QT_TRANSLATE_NOOP("QObject", "The lines of a page; nothing depends on it yet."), 0, greatestNumber},
-    {"style"_L1, Kind::Text, {}, QT_TRANSLATE_NOOP("QObject", "nothing: no document has a style"), QT_TRANSLATE_NOOP("QObject", "Nothing: no document has a style.")},
+    {"style"_L1, Kind::Text, {}, QT_TRANSLATE_NOOP("QObject", "nothing changes"), QT_TRANSLATE_NOOP("QObject", "The style of the document; nothing depends on it yet.")},
     flag("printGeometry"_L1, withSections, QT_TRANSLATE_NOOP("QObject", "Prints the top margin.")),
     flag("printHeader"_L1, withSections, QT_TRANSLATE_NOOP("QObject", "Prints the lines of the heading.")),
     flag("printLogo"_L1, 0, QT_TRANSLATE_NOOP("QObject", "Nothing: the register prints no logo.")),

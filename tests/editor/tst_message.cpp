@@ -48,6 +48,8 @@ void TestMessage::showsTheTextAndTheButtons()
     const auto* const button = message.findChild<QPushButton*>();
     QVERIFY(message.rect().contains(QRect(button->mapTo(&message, QPoint(0, 0)), button->size())));
     QCOMPARE(message.focusWidget(), button);
+    QCOMPARE(message.accessibleName(), text); // it is read aloud when it comes
+    QVERIFY(!shown->accessibleName().isEmpty());
 
     for (QTextBlock line = shown->document()->begin(); text.contains('\n') && line.isValid(); line = line.next())
         QCOMPARE(line.layout()->lineCount(), 1); // the scroll bar takes no room from the text

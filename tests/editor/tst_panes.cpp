@@ -1,9 +1,13 @@
+#include "editor/contrast.h"
 #include "editor/grouptable.h"
 #include "editor/paperpane.h"
 #include "editor/person.h"
 #include "support/files.h"
 
+#include <QCheckBox>
+#include <QComboBox>
 #include <QListWidget>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <QSettings>
 #include <QSplitter>
@@ -22,11 +26,14 @@ private slots:
 
     void nothingIsCutOffOnASmallScreen_data();
     void nothingIsCutOffOnASmallScreen();
+    void isToBeRead_data();
+    void isToBeRead();
     void longWordsAreBroken();
     void theGroupIsTheTitle();
     void fieldsStandBelowEachOther();
     void aFieldIsAsWideAsItsKindNeeds();
     void theHitsAreSeen();
+    void tabGoesFromTheLeftToTheRight();
     void thePaperFoldsAway();
     void thePaperIsHiddenByAKey();
     void thePaperGrowsToItsSize();
@@ -50,6 +57,21 @@ private:
     std::unique_ptr<SettingsWindow> window;
     std::unique_ptr<Person> person;
 };
+
+/// Where letters stand in it; empty where none do.
+static QRect textRect(const QWidget& widget)
+{
+    const auto* const label = qobject_cast<const QLabel*>(&widget);
+    const bool isGroups = widget.parentWidget() && widget.parentWidget()->inherits("GroupList");
+    if ((label && !label->text().isEmpty()) || isGroups)
+        return widget.rect();
+    if (qobject_cast<const QLineEdit*>(&widget) || qobject_cast<const QComboBox*>(&widget)
+        || qobject_cast<const QPushButton*>(&widget))
+        return widget.rect().adjusted(5, 5, qobject_cast<const QComboBox*>(&widget) ? -30 : -5, -5); // within its frame
+    if (qobject_cast<const QCheckBox*>(&widget))
+        return widget.rect().adjusted(widget.style()->pixelMetric(QStyle::PM_IndicatorWidth) + 4, 0, 0, 0);
+    return {};
+}
 
 const QSize smallScreen(790, 570); // 800 by 600 less a frame
 
@@ -114,6 +136,8 @@ void TestPanes::nothingIsCutOffOnASmallScreen()
     window->resize(smallScreen);
     open("");
     QVERIFY(find<PaperPane>()->isVisible());
+    const int forPaper = find<PaperPane>()->width();
+    QVERIFY2(forPaper >= 225, qPrintable(QString::number(forPaper))); // its letters are to be read
     for (int i = 0; i < list->count(); ++i) {
         list->setCurrentRow(i);
         QCoreApplication::processEvents();
@@ -123,6 +147,47 @@ void TestPanes::nothingIsCutOffOnASmallScreen()
     for (int i = 0; i < list->count(); ++i)
         QVERIFY2(mark + list->fontMetrics().horizontalAdvance(list->item(i)->text()) < list->viewport()->width(),
                  qPrintable(list->item(i)->text()));
+}
+
+void TestPanes::isToBeRead_data()
+{
+    QTest::addColumn<QColor>("ground");
+    QTest::addColumn<QColor>("base");
+    QTest::addColumn<QColor>("text");
+    QTest::newRow("in light colours") << QColor(239, 239, 239) << QColor(255, 255, 255) << QColor(0, 0, 0);
+    QTest::newRow("in dark colours") << QColor(42, 46, 50) << QColor(35, 38, 41) << QColor(252, 252, 252);
+}
+
+/// What stands in the window: names, descriptions, values, what is absent, what is wrong, bars, groups.
+void TestPanes::isToBeRead()
+{
+    QFETCH(QColor, ground);
+    QFETCH(QColor, base);
+    QFETCH(QColor, text);
+    QPalette colours(text, ground, ground.lighter(), ground.darker(), ground, text, base);
+    colours.setColor(QPalette::AlternateBase, ground);
+    const QPalette before = QApplication::palette();
+    QApplication::setPalette(colours);
+    const auto restore = qScopeGuard([&] { QApplication::setPalette(before); });
+    begin();
+    open("receiptdoc: { paperWidth = 32 mm; printDate = true; priceFieldWidth = 6; colour = red; }; kitchen: { a = b; "
+         "};");
+    QCoreApplication::processEvents(); // the window has its place, the layout shows new fields
+    window->resize(1080, 2400); // all rows at once
+    QCoreApplication::processEvents();
+    QVector<QWidget*> seen;
+    for (QWidget* const widget : window->findChildren<QWidget*>()) {
+        const QRect part = textRect(*widget);
+        const bool isSeen = QRegion(part).subtracted(widget->visibleRegion()).isEmpty();
+        if (!isSeen || !widget->isEnabled() || part.isEmpty())
+            continue;
+        seen += widget;
+        const double found = contrastOfText(*widget, part);
+        QVERIFY2(found >= 4.5,
+                 qPrintable(
+                     QString("%1 %2: %3").arg(widget->metaObject()->className(), widget->accessibleName()).arg(found)));
+    }
+    QVERIFY2(seen.size() > 60, qPrintable(QString::number(seen.size())));
 }
 
 void TestPanes::longWordsAreBroken()
@@ -194,6 +259,24 @@ void TestPanes::theHitsAreSeen()
     QVERIFY(hits->isVisible() && hits->width() >= hits->sizeHint().width());
     QVERIFY(window->rect().contains(hits->mapTo(window.get(), hits->rect().bottomRight())));
     QVERIFY(!person->named<QListWidget>("Groups of settings")->horizontalScrollBar()->isVisible());
+}
+
+void TestPanes::tabGoesFromTheLeftToTheRight()
+{
+    open("receiptdoc: { paperWidth = 32; };");
+    QVERIFY(find<PaperPane>()->isVisible());
+    person->press(Qt::Key_F, Qt::ControlModifier);
+    person->press(Qt::Key_Tab);
+    QVERIFY(QApplication::focusWidget()->inherits("QTabBar"));
+    for (const char* name : {"Groups of settings", "quantityFieldWidth", "priceFieldWidth"}) {
+        person->press(Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget()->accessibleName(), QString(name));
+    }
+    person->focus(person->named<QWidget>("copyNumber")); // the last one
+    person->press(Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget()->accessibleName(), QString("Document"));
+    person->press(Qt::Key_Backtab, Qt::ShiftModifier);
+    QCOMPARE(QApplication::focusWidget()->accessibleName(), QString("copyNumber"));
 }
 
 void TestPanes::thePaperFoldsAway()

@@ -1,4 +1,5 @@
 #include "editor/boxanswers.h"
+#include "editor/contrast.h"
 #include "editor/papernotice.h"
 #include "editor/paperpane.h"
 #include "editor/paperview.h"
@@ -105,20 +106,6 @@ int pixelsOf(const QWidget& widget, const QColor& colour)
             count += image.pixelColor(x, y) == colour ? 1 : 0;
     }
     return count;
-}
-
-/// How far apart two colours are in brightness: from 1 to 21, of which 4.5 is enough to read.
-double contrast(const QColor& left, const QColor& right)
-{
-    const auto luminance = [](const QColor& colour) {
-        const auto linear = [](double part) {
-            return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-        };
-        return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
-    };
-    const double one = luminance(left) + 0.05;
-    const double other = luminance(right) + 0.05;
-    return qMax(one, other) / qMin(one, other);
 }
 
 const QColor changedColour(0xFF, 0xF0, 0xA0);

@@ -1,6 +1,7 @@
 #include "editor/person.h"
 #include "support/files.h"
 #include "support/ordinaryuser.h"
+#include "support/toolkitmessages.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -33,6 +34,9 @@ private slots:
     void aTextRefusesWhatCannotBeStored();
     void aSecretIsHidden();
     void nothingChangesByFocusWheelOrTab();
+    void tabGoesDownTheRows();
+    void tabGoesOnFromAFieldThatIsAnotherOne();
+    void tabGoesOnWhenAListWasOpen();
     void whatAFieldCannotHoldIsAText_data();
     void whatAFieldCannotHoldIsAText();
     void aTextThatFitsBecomesAField();
@@ -76,6 +80,7 @@ private:
     void save() { person->press(Qt::Key_S, Qt::ControlModifier); }
     void goToGroup(const QString& title);
     void pressButton(const QString& text);
+    QStringList namesByTab(QWidget* first, int count);
     template <class Kind>
     Kind* field(const QString& name) const
     {
@@ -145,6 +150,18 @@ void TestSettingsTable::pressButton(const QString& text)
     person->press(Qt::Key_Space);
 }
 
+/// What has the keyboard one after the other, from @p first on.
+QStringList TestSettingsTable::namesByTab(QWidget* first, int count)
+{
+    person->focus(first);
+    QStringList names {first->accessibleName()};
+    while (names.size() < count) {
+        person->press(Qt::Key_Tab);
+        names += QApplication::focusWidget()->accessibleName();
+    }
+    return names;
+}
+
 // --- What is shown and changed ---
 
 void TestSettingsTable::everyGroupHasItsRows()
@@ -164,20 +181,31 @@ void TestSettingsTable::everyGroupHasItsRows()
     QVERIFY(!field<QSpinBox>("paperWidth"));
 }
 
+/// The classes of what takes the keyboard in @p window and says nothing to those who cannot see it.
+static QStringList namelessIn(const QWidget& window)
+{
+    QStringList nameless;
+    for (const QWidget* widget : window.findChildren<QWidget*>()) {
+        const auto* const button = qobject_cast<const QAbstractButton*>(widget);
+        const bool isNamed = !widget->accessibleName().isEmpty() || (button && !button->text().isEmpty());
+        const bool takesKeys = widget->isVisible() && widget->focusPolicy() & Qt::TabFocus && !widget->focusProxy();
+        if (takesKeys && !isNamed && !widget->inherits("QTabBar")) // whose tabs have their own
+            nameless += widget->metaObject()->className();
+    }
+    return nameless;
+}
+
 void TestSettingsTable::everyFieldHasAName()
 {
-    open(suite("receiptdoc: { paperWidth = 32 mm; printDate = True; };"));
+    open(suite("receiptdoc: { paperWidth = 32 mm; printDate = True; }; kitchen: { a = b; };")); // and with a bar
     auto* const groups = person->named<QListWidget>("Groups of settings");
     for (int i = 0; i < groups->count(); ++i) {
         groups->setCurrentRow(i);
-        for (const QWidget* widget : window->centralWidget()->findChildren<QWidget*>()) {
-            const bool takesKeys = widget->isVisible() && widget->focusPolicy() & Qt::TabFocus && !widget->focusProxy();
-            const auto* const button = qobject_cast<const QAbstractButton*>(widget);
-            if (takesKeys && !qobject_cast<const QAbstractScrollArea*>(widget) && !widget->inherits("QTabBar"))
-                QVERIFY2(!widget->accessibleName().isEmpty() || (button && !button->text().isEmpty()),
-                         widget->metaObject()->className());
-        }
+        QCOMPARE(namelessIn(*window), QStringList());
     }
+    person->press(Qt::Key_2, Qt::ControlModifier);
+    QVERIFY(person->named<QTreeWidget>("All settings as in the file"));
+    QCOMPARE(namelessIn(*window), QStringList());
 }
 
 void TestSettingsTable::aFlagIsChecked()
@@ -201,6 +229,8 @@ void TestSettingsTable::aNumberIsTyped()
 {
     open(suite("receiptdoc: { paperWidth = 32; };"));
     person->focus(field<QSpinBox>("paperWidth"));
+    person->type(" -+x"); // no digit of a number: the selected one stays
+    QVERIFY(!window->isWindowModified());
     person->type("4");
     QVERIFY(window->isWindowModified()); // at once
     person->type("8");
@@ -317,6 +347,52 @@ void TestSettingsTable::nothingChangesByFocusWheelOrTab()
     QCOMPARE(fileContents(path), bytes);
 }
 
+void TestSettingsTable::tabGoesDownTheRows()
+{
+    open(suite("db: { dbname = soup; pasword = x; };"));
+    goToGroup("Database");
+    const QString remedy = QString::fromUtf8("Put it right: pasword \u2192 password");
+    QStringList names = namesByTab(person->named<QWidget>("Groups of settings"), 8);
+    QCOMPARE(names,
+             (QStringList {"Groups of settings", "dbname", "Take dbname out of the file", "username", "password",
+                           "Show the value", remedy, "hostname"}));
+
+    pressButton(remedy);
+    names = namesByTab(field<QWidget>("username"), 6);
+    QCOMPARE(names,
+             (QStringList {"username", "password", "Show the value", "Take back the change of password",
+                           "Take password out of the file", "hostname"}));
+}
+
+void TestSettingsTable::tabGoesOnFromAFieldThatIsAnotherOne()
+{
+    open(suite("logger: { level = loud; };"));
+    goToGroup("Log");
+    person->focus(field<QWidget>("level"));
+    field<QLineEdit>("level")->selectAll();
+    person->type("info");
+    person->press(Qt::Key_Tab);
+    QTRY_VERIFY(field<QComboBox>("level"));
+    QCOMPARE(QApplication::focusWidget()->accessibleName(), QString("Take back the change of level"));
+    person->press(Qt::Key_Backtab, Qt::ShiftModifier);
+    QCOMPARE(QApplication::focusWidget()->accessibleName(), QString("level"));
+    QCOMPARE(namesByTab(person->named<QWidget>("Groups of settings"), 2).last(), QString("level"));
+}
+
+// What it drops down is a window of its own, into which no Tab leads.
+void TestSettingsTable::tabGoesOnWhenAListWasOpen()
+{
+    open(suite("logger: { filename = suite.log; };"));
+    goToGroup("Log");
+    field<QComboBox>("level")->showPopup();
+    field<QComboBox>("level")->hidePopup();
+    const ToolkitMessages messages;
+    person->focus(field<QWidget>("filename"));
+    person->type("x");
+    const QStringList tabTrouble = ToolkitMessages::all().filter("setTabOrder");
+    QCOMPARE(tabTrouble, QStringList());
+}
+
 void TestSettingsTable::whatAFieldCannotHoldIsAText_data()
 {
     QTest::addColumn<QByteArray>("groups");
@@ -354,6 +430,7 @@ void TestSettingsTable::whatAFieldCannotHoldIsAText()
     QVERIFY(field<QLineEdit>(name));
     QCOMPARE(field<QLineEdit>(name)->text(), value);
     QVERIFY(person->reads(note));
+    QVERIFY(field<QLineEdit>(name)->accessibleDescription().contains(note)); // to those who cannot see it
 }
 
 void TestSettingsTable::aTextThatFitsBecomesAField()
@@ -792,11 +869,22 @@ void TestSettingsTable::helps()
     person->focus(field<QSpinBox>("paperWidth"));
     person->willPress(QMessageBox::Ok);
     person->press(Qt::Key_F1);
-    QVERIFY(person->readBoxes().value(0).startsWith("zelmora.receiptdoc.paperWidth\n"));
+    const QString help = person->readBoxes().value(0);
+    QVERIFY(help.startsWith("zelmora.receiptdoc.paperWidth\n"));
+    QVERIFY(help.contains("\nIt shows on: Receipt, Summary receipt."));
     person->focus(person->named<QListWidget>("Groups of settings"));
     person->willPress(QMessageBox::Ok);
     person->press(Qt::Key_F1);
-    QVERIFY(person->readBoxes().value(0).startsWith("Receipt\n"));
+    QCOMPARE(person->readBoxes(),
+             QStringList("Receipt\n\nWhat stands on this document, and how wide it is. In the file: receiptdoc.\n"
+                         "These are printed with it: Receipt, Summary receipt.\n\n"
+                         "Each setting has its own help: go to its field and press F1."));
+    goToGroup("Log");
+    person->willPress(QMessageBox::Ok);
+    person->press(Qt::Key_F1);
+    QCOMPARE(person->readBoxes(),
+             QStringList("Log\n\nThe log of the suite's programs. In the file: logger.\n\n"
+                         "Each setting has its own help: go to its field and press F1."));
 }
 
 void TestSettingsTable::saysWhatItIs()

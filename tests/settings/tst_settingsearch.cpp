@@ -89,26 +89,33 @@ void TestSettingSearch::manySettings()
 void TestSettingSearch::help_data()
 {
     QTest::addColumn<QString>("key");
+    QTest::addColumn<QStringList>("documents");
     QTest::addColumn<QString>("help");
-    QTest::newRow("a number") << "receiptdoc.paperWidth"
+    QTest::newRow("a number") << "receiptdoc.paperWidth" << QStringList({"Receipt", "Summary receipt"})
                               << "zelmora.receiptdoc.paperWidth\n\nThe characters in a line of the paper.\n\n"
                                  "It takes: a whole number from 0 to 10000.\nWithout it: 32.\n"
-                                 "What these print depends on it: printFullOrderReceipt, printAbstractOrderReceipt.";
+                                 "It shows on: Receipt, Summary receipt.";
     QTest::newRow("a flag that does nothing")
-        << "solddoc.printLogo"
+        << "solddoc.printLogo" << QStringList()
         << "zelmora.solddoc.printLogo\n\nNothing: the register prints no logo.\n\n"
            "It takes: a flag, true or false.\nWithout it: false.\nNothing that this document prints depends on it.";
     QTest::newRow("of a program")
-        << "db.hostname"
+        << "db.hostname" << QStringList()
         << "zelmora.db.hostname\n\nThe server: a name, an address, or the folder of its socket.\n\n"
            "It takes: a text.\nWithout it: the server on this machine.";
+    QTest::newRow("one that is not used") << "receiptdoc.style" << QStringList()
+                                          << "zelmora.receiptdoc.style\n\n"
+                                             "The style of the document; nothing depends on it yet.\n\n"
+                                             "It takes: a text.\nWithout it: nothing changes.\n"
+                                             "Nothing that this document prints depends on it.";
 }
 
 void TestSettingSearch::help()
 {
     QFETCH(QString, key);
+    QFETCH(QStringList, documents);
     const SettingGroup& group = *vocabulary::findGroup(key.section('.', 0, 0));
-    QTEST(settings::helpOn(group, *findSetting(group, key.section('.', 1))), "help");
+    QTEST(settings::helpOn(group, *findSetting(group, key.section('.', 1)), documents), "help");
 }
 
 void TestSettingSearch::recentFiles()
