@@ -253,6 +253,17 @@ QVector<FileRemark> SettingsFile::losses() const
     return lost;
 }
 
+QStringList SettingsFile::unwrittenGroups() const
+{
+    QStringList names;
+    const bool areInTheFile = fileReview.topLevelGroups.size() > 1;
+    for (const QDomElement& group : groupsIn(rootElement()).mid(1)) {
+        if (!areInTheFile && holdsSetting(group))
+            names += group.tagName();
+    }
+    return names;
+}
+
 bool SettingsFile::looksLikeSettings() const
 {
     return settings::looksLikeSettings(fileReview.topLevelGroups, isBlank(contents));
@@ -329,8 +340,19 @@ void SettingsFile::moveTo(const QString& path, const Trial& trial)
     contents = trial.bytes;
     isUnwritten = false;
     fileReview = reviewOf(contents, format());
-    if (!rootElement().isNull())
-        rootElement().setTagName(path);
+    setFileName(path);
+}
+
+void SettingsFile::becomeAs(const SettingsFile& written)
+{
+    const bool isAnotherTree = content() != written.content() || fileReview.isHiddenByItsBeginning;
+    filePath = written.filePath;
+    contents = written.contents;
+    isUnwritten = false;
+    fileReview = written.fileReview;
+    setFileName(filePath);
+    if (isAnotherTree)
+        take(WholeTreeStep {wholeTree(), written.wholeTree()});
 }
 
 } // namespace settings

@@ -39,6 +39,7 @@ private slots:
     void absenceIsShown();
     void aSettingIsTakenOut();
     void aChangeGoesBackToTheFile();
+    void whatWasTakenOutGoesBackToItsPlace();
     void whatIsWrongIsPutRight();
     void aSlipOfAGroupIsPutRight();
     void aSlipOfTheOutermostNameIsPutRight();
@@ -46,6 +47,7 @@ private slots:
 
     void changesAreTakenBack();
     void changesAreTakenBackBeyondASave();
+    void changesAreTakenBackBeyondASaveThatDropsSomething();
     void bothPagesShowOneModel();
 
     void finds();
@@ -412,6 +414,18 @@ void TestSettingsTable::aChangeGoesBackToTheFile()
     QVERIFY(!back->isEnabled());
 }
 
+void TestSettingsTable::whatWasTakenOutGoesBackToItsPlace()
+{
+    open(suite("receiptdoc: { paperWidth = 40; printDate = true; };"));
+    person->focus(field<QToolButton>("Take paperWidth out of the file"));
+    person->press(Qt::Key_Space);
+    QVERIFY(window->isWindowModified());
+    person->focus(field<QToolButton>("Take back the change of paperWidth"));
+    person->press(Qt::Key_Space);
+    QCOMPARE(field<QSpinBox>("paperWidth")->text(), QString("40"));
+    QVERIFY(!window->isWindowModified());
+}
+
 void TestSettingsTable::whatIsWrongIsPutRight()
 {
     open(suite("receiptdoc: { papperWidth = \"40\"; printDate = \"True\"; };"));
@@ -496,6 +510,41 @@ void TestSettingsTable::changesAreTakenBackBeyondASave()
     person->press(Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(field<QLineEdit>("dbname")->text(), QString("soup"));
     QVERIFY(window->isWindowModified());
+}
+
+// What the save dropped stands in the window no more; taking that back brings it there again, and saving asks again.
+void TestSettingsTable::changesAreTakenBackBeyondASaveThatDropsSomething()
+{
+    const QString asked = "Saving will drop from the file:\n\u00B7 ";
+    open(suite("db: { dbname = soup; };") + "\nother: { kind = fish; };");
+    goToGroup("Database");
+    person->focus(field<QLineEdit>("dbname"));
+    person->type("stew");
+    person->press(Qt::Key_2, Qt::ControlModifier);
+    QVERIFY(person->item({"other"}));
+    person->willPress(QMessageBox::Save);
+    save();
+    QCOMPARE(person->readBoxes(), QStringList(asked + "line 2: other"));
+    QVERIFY(!window->isWindowModified());
+    QVERIFY(!person->item({"other"}));
+
+    person->choose("&Edit", "&Undo what saving dropped");
+    QCOMPARE(person->value({"other", "kind"}), QString("fish"));
+    QCOMPARE(person->value({"zelmora", "db", "dbname"}), QString("stew"));
+    QVERIFY(window->isWindowModified());
+    person->press(Qt::Key_1, Qt::ControlModifier);
+    QVERIFY(!field<QToolButton>("Take back the change of dbname")->isEnabled()); // it is as in the file
+    person->press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(field<QLineEdit>("dbname")->text(), QString("soup"));
+    QVERIFY(field<QToolButton>("Take back the change of dbname")->isEnabled());
+
+    person->willPress(QMessageBox::Save);
+    save();
+    QCOMPARE(person->readBoxes(), QStringList(asked + "other"));
+    QCOMPARE(saved(), suite("db: { dbname = \"soup\"; };"));
+    QVERIFY(!window->isWindowModified());
+    person->press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(person->value({"other", "kind"}), QString("fish"));
 }
 
 void TestSettingsTable::bothPagesShowOneModel()
