@@ -6,10 +6,9 @@
 #include "settings/filereview.h"
 #include "settings/treechange.h"
 
+#include <QPair>
+#include <QSet>
 #include <QVector>
-
-#include <set>
-#include <tuple>
 
 namespace settings {
 
@@ -163,7 +162,7 @@ private:
         QDomElement element;
         int parent; ///< where the group around is in the same list; -1 when there is none
     };
-    using Setting = std::tuple<int, QString, QString>; ///< the group's number, name, value
+    using Setting = QPair<QPair<int, QString>, QString>; ///< the group's number, name; value
     class GroupNumbers;
 
     QVector<QDomElement> groupsOf(const QStringList& names) const;
@@ -178,7 +177,7 @@ private:
     void addContent(const QDomElement& group, QStringList& texts) const;
     static void addGroups(const QDomElement& group, int parent, QVector<Group>& groups);
     QVector<Group> writtenGroups() const;
-    std::set<Setting> writtenSettings(GroupNumbers& numbers) const;
+    QSet<Setting> writtenSettings(GroupNumbers& numbers) const;
     QStringList settingsMissingIn(const SettingsFile& other) const;
     static QString keyOf(const QVector<Group>& groups, int place);
     static QString asText(const QVector<Group>& groups, int place, const QString& name);
