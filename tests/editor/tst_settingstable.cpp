@@ -1,3 +1,6 @@
+#include "editor/papernotice.h"
+#include "editor/paperpane.h"
+#include "editor/paperview.h"
 #include "editor/person.h"
 #include "support/files.h"
 #include "support/ordinaryuser.h"
@@ -50,6 +53,13 @@ private slots:
     void changesAreTakenBackBeyondASaveThatDropsSomething();
     void bothPagesShowOneModel();
 
+    void thePaperFollowsAChange();
+    void theMarksGoWithASave();
+    void aSaveBeforeThePaperIsDrawnLeavesNoMarks();
+    void thePaperIsInTheLanguageThatIsSet();
+    void saysThatThereIsNoPrintProgram();
+    void saysWhatThePaperCannotBePrintedWith();
+
     void finds();
     void findsNext();
     void findsNothing();
@@ -67,6 +77,7 @@ private slots:
     void theFolderOfANewFileIsMade();
     void saysThatAFileMayNotBeWritten();
     void saysAtOnceThatAFileWasChanged();
+    void readsAgainWhatAnotherProgramWrote();
     void opensRecentFiles();
     void helps();
     void saysWhatItIs();
@@ -78,6 +89,9 @@ private:
     void save() { person->press(Qt::Key_S, Qt::ControlModifier); }
     void goToGroup(const QString& title);
     void pressButton(const QString& text);
+    QString paper() const { return window->findChild<PaperView*>()->accessibleDescription(); }
+    bool isPaperMarked() const;
+    void makeRoomForPaper();
     template <class Kind>
     Kind* field(const QString& name) const
     {
@@ -106,6 +120,7 @@ void TestSettingsTable::initTestCase()
 void TestSettingsTable::init()
 {
     QSettings().clear();
+    qputenv("PATH", QFile::encodeName(QFileInfo(ZELMORA_PRINT_PROGRAM).path()) + ":/usr/bin:/bin");
     folder = std::make_unique<QTemporaryDir>();
     path = folder->filePath("zelmora.conf");
     window = std::make_unique<SettingsWindow>();
@@ -574,6 +589,122 @@ void TestSettingsTable::bothPagesShowOneModel()
     QVERIFY(!window->isWindowModified());
 }
 
+// --- The paper ---
+
+/// The letters of most desktops; with larger ones it folds away on this screen.
+void TestSettingsTable::makeRoomForPaper()
+{
+    window->setFont(QFont("DejaVu Sans", 9));
+    window->resize(780, 580);
+    QTRY_VERIFY(window->findChild<PaperPane*>()->isVisible());
+}
+
+/// Whether some of what is in sight is marked as changed.
+bool TestSettingsTable::isPaperMarked() const
+{
+    const QImage image = window->findChild<PaperView*>()->grab().toImage();
+    const QRgb changed = qRgb(0xFF, 0xF0, 0xA0);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixel(x, y) == changed)
+                return true;
+        }
+    }
+    return false;
+}
+
+void TestSettingsTable::thePaperFollowsAChange()
+{
+    makeRoomForPaper();
+    open(suite("receiptdoc: { paperWidth = 32; printDate = true; };"));
+    QTRY_VERIFY(paper().contains("14/11/2025"));
+    QVERIFY(!isPaperMarked());
+    person->focus(field<QCheckBox>("printTime"));
+    person->press(Qt::Key_Space);
+    QTRY_VERIFY(paper().contains("21:05"));
+    QVERIFY(isPaperMarked());
+    person->press(Qt::Key_Z, Qt::ControlModifier);
+    QTRY_VERIFY(!paper().contains("21:05"));
+    QVERIFY(!isPaperMarked());
+}
+
+void TestSettingsTable::theMarksGoWithASave()
+{
+    makeRoomForPaper();
+    open(suite("receiptdoc: { paperWidth = 32; printDate = true; printTime = true; };"));
+    QTRY_VERIFY(paper().contains("21:05"));
+    person->focus(field<QCheckBox>("printDate"));
+    person->press(Qt::Key_Space);
+    person->focus(field<QCheckBox>("printTable"));
+    person->press(Qt::Key_Space);
+    QTRY_VERIFY(paper().contains("Table: 3") && !paper().contains("14/11/2025"));
+    QVERIFY(isPaperMarked());
+    save();
+    QTRY_VERIFY(!isPaperMarked());
+    QVERIFY(paper().contains("Table: 3"));
+    for (int i = 0; i < 2; ++i)
+        person->press(Qt::Key_Z, Qt::ControlModifier); // beyond the save: it is the date that the file lacks now
+    QTRY_VERIFY(paper().contains("14/11/2025") && !paper().contains("Table: 3"));
+    QVERIFY(isPaperMarked());
+}
+
+// The keys come one after the other, before anything is printed.
+void TestSettingsTable::aSaveBeforeThePaperIsDrawnLeavesNoMarks()
+{
+    makeRoomForPaper();
+    open(suite("receiptdoc: { paperWidth = 32; printDate = true; };"));
+    QTRY_VERIFY(paper().contains("14/11/2025"));
+    auto* const time = field<QCheckBox>("printTime");
+    time->setFocus();
+    QTest::keyClick(time, Qt::Key_Space);
+    QTest::keyClick(time, Qt::Key_S, Qt::ControlModifier);
+    QTRY_VERIFY(paper().contains("21:05"));
+    QVERIFY(!window->isWindowModified());
+    QVERIFY(!isPaperMarked());
+}
+
+void TestSettingsTable::thePaperIsInTheLanguageThatIsSet()
+{
+    const QFileInfo catalogue(ZELMORA_CATALOGUE);
+    QVERIFY(QDir::setCurrent(catalogue.path() + "/.."));
+    open(suite("invoicedoc: { printDate = true; }; language: { basedir = \"" + catalogue.dir().dirName().toUtf8()
+               + "/\"; };"));
+    goToGroup("Language");
+    QTRY_VERIFY(paper().contains(" Date: 14/11/2025"));
+    person->focus(field<QLineEdit>("file"));
+    person->type(catalogue.fileName()); // in a folder that is named from the working folder
+    QTRY_VERIFY(paper().contains(" Data: 14/11/2025"));
+    QVERIFY(!paper().contains(" Date: "));
+}
+
+void TestSettingsTable::saysThatThereIsNoPrintProgram()
+{
+    makeRoomForPaper();
+    qputenv("PATH", QFile::encodeName(folder->path()));
+    open(suite("receiptdoc: { paperWidth = 32; };"));
+    auto* const notice = window->findChild<PaperNotice*>();
+    QTRY_VERIFY2(notice->text().startsWith("There is no program zelmora-print: "), qPrintable(notice->text()));
+    QVERIFY(notice->isVisible());
+    QCOMPARE(paper(), QString());
+}
+
+void TestSettingsTable::saysWhatThePaperCannotBePrintedWith()
+{
+    makeRoomForPaper();
+    path = folder->filePath("zelmora.xml");
+    open("<zelmora><receiptdoc paperWidth='32'/><db dbname='soup;fish'/></zelmora>");
+    auto* const notice = window->findChild<PaperNotice*>();
+    QTRY_COMPARE(notice->text(),
+                 "The print program reads the brace form alone, which cannot hold this of the file " + path
+                     + ":\n  zelmora.db.dbname = soup;fish");
+    QVERIFY(notice->isVisible());
+    goToGroup("Database");
+    person->focus(field<QLineEdit>("dbname"));
+    person->type("soup");
+    QTRY_VERIFY(!notice->isVisible());
+    QTRY_VERIFY(paper().startsWith("Receipt\n"));
+}
+
 // --- Finding ---
 
 void TestSettingsTable::finds()
@@ -805,6 +936,36 @@ void TestSettingsTable::saysAtOnceThatAFileWasChanged()
     QVERIFY(!person->reads(text));
     goToGroup("Database");
     QCOMPARE(field<QLineEdit>("dbname")->text(), QString("meat"));
+}
+
+// With changes of one's own, which are given up; of those that the file has now none is one.
+void TestSettingsTable::readsAgainWhatAnotherProgramWrote()
+{
+    open(suite("db: { dbname = soup; username = ann; };"));
+    goToGroup("Database");
+    person->focus(field<QLineEdit>("dbname"));
+    person->type("stew");
+    writeBytes(path, suite("db: { dbname = fish; username = bob; };"));
+    person->willPress(QMessageBox::Cancel);
+    person->press(Qt::Key_F5);
+    QCOMPARE(field<QLineEdit>("dbname")->text(), QString("stew"));
+    person->willPress(QMessageBox::Discard);
+    person->press(Qt::Key_F5);
+    QCOMPARE(
+        person->readBoxes(),
+        QStringList({"The settings have changed. Save the changes?", "The settings have changed. Save the changes?"}));
+    QCOMPARE(field<QLineEdit>("dbname")->text(), QString("fish"));
+    QCOMPARE(field<QLineEdit>("username")->text(), QString("bob"));
+    QVERIFY(!window->isWindowModified());
+    for (const char* key : {"dbname", "username"})
+        QVERIFY(!field<QToolButton>(QString("Take back the change of ") + key)->isEnabled());
+    QTRY_VERIFY(!person->reads("Another program has changed"));
+    person->press(Qt::Key_Z, Qt::ControlModifier); // nothing is left of what was changed in the former one
+    QCOMPARE(field<QLineEdit>("dbname")->text(), QString("fish"));
+    person->focus(field<QLineEdit>("dbname"));
+    person->type("meat");
+    save(); // without a question
+    QCOMPARE(saved(), suite("db: { dbname = \"meat\"; username = \"bob\"; };"));
 }
 
 void TestSettingsTable::opensRecentFiles()
