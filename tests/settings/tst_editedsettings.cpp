@@ -29,7 +29,11 @@ private slots:
     void goesBackBeyondASaveThatDrops_data();
     void goesBackBeyondASaveThatDrops();
     void aSaveThatDropsNoSettingIsNoChange();
+    void aFurtherGroupWithoutSettingsIsNoLoss();
+    void aHiddenFileIsEmptyOnceItIsSaved();
     void whatCannotBeReadBackIsTheOnlyCopy();
+    void aCopyThatFailsIsNoChange();
+    void slipsAreWhatTheTreeDoesNotShow();
     void savesUnderAnotherName();
     void whatIsNotWholeIsToBeReadAgain();
     void aNewFileIsForItsUserAlone();
@@ -388,6 +392,30 @@ void TestEditedSettings::aSaveThatDropsNoSettingIsNoChange()
     QVERIFY(file.isWhole(file.tryWriting(file.path)));
 }
 
+void TestEditedSettings::aFurtherGroupWithoutSettingsIsNoLoss()
+{
+    EditedFile file("zelmora: { db: { dbname = 1; }; }; b: { c = 1; };");
+    file.removeSetting(file.file().root().lastChildElement(), "c");
+    QCOMPARE(saveAll(file, "a.conf"), QString());
+    QVERIFY(file.isWhole(file.tryWriting(file.path)));
+    file.undo();
+    QCOMPARE(file.file().unwrittenGroups(), QStringList("b"));
+    QVERIFY(!file.isWhole(file.tryWriting(file.path)));
+}
+
+// Nothing of it was found, and nothing of it was written: what stood before the first group is in the way no more.
+void TestEditedSettings::aHiddenFileIsEmptyOnceItIsSaved()
+{
+    EditedFile file("<!-- c --><zelmora><db dbname='1'/></zelmora>", "a.xml");
+    file.set("zelmora.db.dbname", "2");
+    QVERIFY(!file.canUndo());
+    QCOMPARE(saveAll(file, "a.xml"), QString());
+    QVERIFY(fileContents(file.path).trimmed().isEmpty());
+    file.set("zelmora.db.dbname", "2");
+    QCOMPARE(file.file().value("zelmora.db.dbname"), QString("2"));
+    QVERIFY(file.isWhole(file.tryWriting(file.path)));
+}
+
 void TestEditedSettings::whatCannotBeReadBackIsTheOnlyCopy()
 {
     EditedFile file("zelmora: { db: { dbname = x<y; }; };");
@@ -395,6 +423,24 @@ void TestEditedSettings::whatCannotBeReadBackIsTheOnlyCopy()
     QCOMPARE(file.file().path(), file.path);
     QVERIFY(file.isModified());
     QCOMPARE(file.file().value("zelmora.db.dbname"), QString("x<y"));
+}
+
+void TestEditedSettings::aCopyThatFailsIsNoChange()
+{
+    EditedFile file(begin);
+    const QString other = QFileInfo(file.path).path() + "/nowhere/b.conf";
+    QVERIFY(!file.save(other, file.tryWriting(other)).isEmpty());
+    QVERIFY(!file.isModified());
+    QCOMPARE(file.file().path(), file.path);
+}
+
+// The empty group is but a note, and its loss is asked about.
+void TestEditedSettings::slipsAreWhatTheTreeDoesNotShow()
+{
+    EditedFile file("zelmora: { db: { dbnam = 1; }; bin: { };\nreceiptdoc: { paperWidth = 32; }\n};");
+    QCOMPARE(file.slips().size(), 1);
+    QCOMPARE(file.slips().first().code, check::Code::MissingSemicolon);
+    QCOMPARE(file.slips().first().place.line, 2);
 }
 
 void TestEditedSettings::savesUnderAnotherName()
