@@ -40,6 +40,7 @@ private slots:
     void comparesWithWhatTheFileHolds();
     void comesBackToItsPlace_data();
     void comesBackToItsPlace();
+    void comesBackToItsPlaceAfterASave();
     void comesBackAsOneChange();
     void anEmptyGroupIsNoChange();
     void nobodyKnowsWhatAFailureLeaves();
@@ -556,6 +557,12 @@ void TestEditedSettings::comesBackToItsPlace_data()
             file.unset("zelmora.db.dbname");
             file.restore("zelmora.db.dbname");
         });
+    row("from the first group of the name to the second", "zelmora: { db: { username = 2; }; db: { dbname = 3; }; };",
+        [](EditedFile& file) {
+            file.addSetting(file.group({"zelmora", "db"}), "dbname");
+            file.setValue(file.group({"zelmora", "db"}), "dbname", "7");
+            file.restore("zelmora.db.dbname");
+        });
     row("in the second group of the name", "zelmora: { db: { username = 2; }; db: { dbname = 3; hostname = 4; }; };",
         [](EditedFile& file) {
             file.unset("zelmora.db.dbname");
@@ -576,6 +583,19 @@ void TestEditedSettings::comesBackToItsPlace()
     while (file.canUndo())
         file.undo();
     QCOMPARE(file.now(), asItWas);
+}
+
+// It is the place in the file as it was saved.
+void TestEditedSettings::comesBackToItsPlaceAfterASave()
+{
+    EditedFile file(begin);
+    file.set("zelmora.db.hostname", "7");
+    file.set("zelmora.db.password", "8");
+    QCOMPARE(file.save(file.path, file.tryWriting(file.path)), QString());
+    file.unset("zelmora.db.hostname");
+    QVERIFY(file.isModified());
+    file.restore("zelmora.db.hostname");
+    QVERIFY(!file.isModified());
 }
 
 void TestEditedSettings::comesBackAsOneChange()
