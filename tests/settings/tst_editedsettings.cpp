@@ -31,6 +31,7 @@ private slots:
     void aSaveThatDropsNoSettingIsNoChange();
     void aFurtherGroupWithoutSettingsIsNoLoss();
     void aHiddenFileIsEmptyOnceItIsSaved();
+    void aNewFileThatIsReadBackIsNoNewOne();
     void whatCannotBeReadBackIsTheOnlyCopy();
     void aCopyThatFailsIsNoChange();
     void slipsAreWhatTheTreeDoesNotShow();
@@ -415,6 +416,18 @@ void TestEditedSettings::aHiddenFileIsEmptyOnceItIsSaved()
     file.set("zelmora.db.dbname", "2");
     QCOMPARE(file.file().value("zelmora.db.dbname"), QString("2"));
     QVERIFY(file.isWhole(file.tryWriting(file.path)));
+}
+
+void TestEditedSettings::aNewFileThatIsReadBackIsNoNewOne()
+{
+    EditedFile file("");
+    QVERIFY(QFile::remove(file.path));
+    file.beginAt(file.path);
+    file.set("zelmora.db.dbname", "x;y");
+    QCOMPARE(saveAll(file, "a.conf"), QString());
+    QVERIFY(!file.file().isNew());
+    QVERIFY(!file.file().changedOnDisk());
+    QCOMPARE(file.file().value("zelmora.db.dbname"), QString("x"));
 }
 
 void TestEditedSettings::whatCannotBeReadBackIsTheOnlyCopy()
