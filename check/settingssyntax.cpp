@@ -9,6 +9,8 @@
 #include <QObject>
 #include <QRegularExpression>
 
+#include <algorithm>
+
 using libconfig::ScannedSetting;
 using libconfig::SkippedText;
 using toolkit::TextPlace;
@@ -71,12 +73,20 @@ TextPlace placeBehind(const ScannedSetting& setting, int end)
     return end == 0 ? setting.assignedPlace : after(setting.writtenPlace, setting.written.left(end));
 }
 
+/// Of letters and digits alone, as nearly all names are.
+bool isWord(const QString& name)
+{
+    return std::all_of(name.begin(), name.end(), [](QChar character) { return character.isLetterOrNumber(); });
+}
+
 /// Whether @p name holds more than a name: a mark that begins a remark elsewhere, a second line, or words before a name
 /// that a program reads.
 bool holdsRemark(const QString& name)
 {
     static const QRegularExpression mark(QStringLiteral("#|//|/\\*|--|;|\\n"));
     static const QRegularExpression words(QStringLiteral("\\s([\\w-]+)\\z"));
+    if (isWord(name))
+        return false; // the patterns take their time
     return name.contains(mark) || isKnownName(words.match(name.right(longestExcerpt)).captured(1));
 }
 

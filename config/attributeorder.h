@@ -11,8 +11,6 @@ namespace libconfig {
 /// that is another in every process.
 class AttributeOrder {
 public:
-    void clear() { orders.clear(); }
-
     /// Notes that the attributes of @p element stand in the order of @p names.
     void set(const QDomElement& element, const QStringList& names);
 

@@ -11,7 +11,7 @@ using toolkit::operator""_L1;
 namespace libconfig {
 
 Config::Config()
-    : order(std::make_unique<AttributeOrder>())
+    : tree {nullptr, std::make_shared<AttributeOrder>()}
 {
 }
 
@@ -62,8 +62,8 @@ void Config::begin(const QString& file, const QString& fileFormat)
 
 void Config::newDocument()
 {
-    order->clear();
-    document = std::make_unique<QDomDocument>(QString()); // made without a name it would be a null node
+    // A document made without a name would be a null node.
+    tree = {std::make_shared<QDomDocument>(QString()), std::make_shared<AttributeOrder>()};
 }
 
 /// An element for the tree @p owner. createElement() refuses the empty name, which the brace format allows.
@@ -83,19 +83,19 @@ void Config::setSetting(QDomElement group, QStringList& names, const QString& na
 
 QStringList Config::settingNames(const QDomElement& group) const
 {
-    return order->names(group);
+    return tree.order->names(group);
 }
 
 QDomElement Config::madeRoot()
 {
     if (rootElement().isNull())
-        document->appendChild(newElement(*document, fileName));
+        tree.document->appendChild(newElement(*tree.document, fileName));
     return rootElement();
 }
 
 QDomElement Config::newGroup(const QString& name)
 {
-    return newElement(*document, name);
+    return newElement(*tree.document, name);
 }
 
 void Config::insertSetting(QDomElement group, int place, const QString& name, const QString& value)
@@ -103,7 +103,7 @@ void Config::insertSetting(QDomElement group, int place, const QString& name, co
     QStringList names = settingNames(group);
     names.insert(place, name);
     group.setAttribute(name, value);
-    order->set(group, names);
+    tree.order->set(group, names);
 }
 
 void Config::removeSetting(QDomElement group, const QString& name)
@@ -111,12 +111,25 @@ void Config::removeSetting(QDomElement group, const QString& name)
     QStringList names = settingNames(group);
     names.removeOne(name);
     group.removeAttribute(name);
-    order->set(group, names);
+    tree.order->set(group, names);
+}
+
+void Config::takeTree(const ConfigTree& other)
+{
+    tree = other;
+    setFileName(fileName);
+}
+
+void Config::setFileName(const QString& file)
+{
+    fileName = file;
+    if (!rootElement().isNull())
+        rootElement().setTagName(fileName);
 }
 
 QDomElement Config::rootElement() const
 {
-    return document ? document->documentElement() : QDomElement();
+    return tree.document ? tree.document->documentElement() : QDomElement();
 }
 
 QString Config::lookup(const QString& key) const

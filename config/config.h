@@ -17,6 +17,12 @@ namespace libconfig {
 class AttributeOrder;
 class BraceScanner;
 
+/// The tree of a Config as a whole, to be set aside and taken back. Who copies it has the same tree.
+struct ConfigTree {
+    std::shared_ptr<QDomDocument> document; ///< null before anything was read
+    std::shared_ptr<AttributeOrder> order; ///< of the settings of each group, in the file
+};
+
 /// A settings file as a tree: read, looked up by dotted keys, written back, shown for editing.
 ///
 /// The tree: its root element is named after the file's path; a group is an element named after the group, its
@@ -120,6 +126,12 @@ protected:
     void loadFile(const QString& name, QDomNode parent);
     void loadXmlFile();
 
+    const ConfigTree& wholeTree() const { return tree; }
+    /// Takes @p other, which an object of this class has or had, in place of the tree that there is.
+    void takeTree(const ConfigTree& other);
+    /// The tree is that of the file @p file now.
+    void setFileName(const QString& file);
+
     /// Null when nothing was read.
     QDomElement rootElement() const;
     /// As readFile(), of the bytes of the file @p name: nothing is opened, and nothing is reported.
@@ -168,8 +180,7 @@ private:
     QString fileName;
     QString format;
     std::unique_ptr<BraceScanner> stream; ///< of the brace reader; null when closed
-    std::unique_ptr<QDomDocument> document;
-    std::unique_ptr<AttributeOrder> order; ///< of the settings of each group, in the file
+    ConfigTree tree;
 };
 
 } // namespace libconfig

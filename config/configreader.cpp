@@ -58,13 +58,13 @@ void Config::loadFile()
 
 void Config::readTopLevel()
 {
-    if (readLevel(newElement(*document, fileName), *document) == LevelEnd::EndOfInput)
+    if (readLevel(newElement(*tree.document, fileName), *tree.document) == LevelEnd::EndOfInput)
         closeFile();
 }
 
 void Config::loadFile(const QString& name, QDomNode parent)
 {
-    readLevel(newElement(*document, name), parent);
+    readLevel(newElement(*tree.document, name), parent);
 }
 
 /// Reads one level into @p element, which joins @p parent with the first setting or group found: a level that
@@ -92,7 +92,7 @@ Config::LevelEnd Config::readLevel(QDomElement element, QDomNode parent)
             break;
         case ScanEvent::Kind::GroupEnds:
         case ScanEvent::Kind::EndOfInput:
-            order->set(element, names);
+            tree.order->set(element, names);
             return event.kind == ScanEvent::Kind::GroupEnds ? LevelEnd::Brace : LevelEnd::EndOfInput;
         }
     }
@@ -104,19 +104,19 @@ public:
     explicit XmlListener(Config& config)
         : config(config)
     {
-        groups.push(newElement(*config.document, config.fileName));
-        config.document->appendChild(groups.top());
+        groups.push(newElement(*config.tree.document, config.fileName));
+        config.tree.document->appendChild(groups.top());
     }
 
     bool startElement(const QString&, const QString&, const QString& qName, const QXmlAttributes& attributes) override
     {
-        const QDomElement group = newElement(*config.document, qName);
+        const QDomElement group = newElement(*config.tree.document, qName);
         groups.top().appendChild(group);
         groups.push(group);
         QStringList names;
         for (int i = 0; i < attributes.count(); ++i)
             config.setSetting(group, names, attributes.qName(i), attributes.value(i));
-        config.order->set(group, names);
+        config.tree.order->set(group, names);
         return true;
     }
 
@@ -136,8 +136,8 @@ private:
     {
         const bool isFirst = groups.size() == 1 && !groups.top().hasChildNodes();
         if (isFirst) {
-            groups.top().appendChild(config.document->createComment(QString()));
-            groups.top() = newElement(*config.document, QString()); // out of reach
+            groups.top().appendChild(config.tree.document->createComment(QString()));
+            groups.top() = newElement(*config.tree.document, QString()); // out of reach
         }
         return true;
     }

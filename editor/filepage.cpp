@@ -14,6 +14,8 @@
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 
+#include <algorithm>
+
 using settings::EditedSettings;
 using settings::SettingsFile;
 
@@ -24,6 +26,11 @@ const int leastHeight = 40; ///< of the list, on a small screen with bars above 
 bool isValue(const QTreeWidgetItem* item)
 {
     return item && item->flags().testFlag(Qt::ItemIsEditable);
+}
+
+bool isWholeTree(const settings::TreeStep& step)
+{
+    return std::holds_alternative<settings::WholeTreeStep>(step);
 }
 
 /// The group below whose item there are others after @p step; null when only a value is another one.
@@ -70,6 +77,15 @@ void FilePage::forget()
     tree->setParent(nullptr);
     tree->deleteLater(); // it may be what has just told of a key
     tree = nullptr;
+}
+
+void FilePage::replace()
+{
+    const bool hasFocus = tree->hasFocus();
+    forget();
+    build();
+    if (hasFocus)
+        takeFocus();
 }
 
 void FilePage::build()
@@ -329,7 +345,11 @@ void FilePage::follow(const settings::TreeChange& change)
 {
     if (!tree)
         return;
+    if (std::any_of(change.begin(), change.end(), isWholeTree))
+        return replace();
     const QSignalBlocker silence(tree);
+    if (QTreeWidgetItem* const root = tree->topLevelItem(0))
+        root->setText(0, settings.file().root().tagName()); // the file has another name when it was saved under one
     for (const settings::TreeStep& step : change) {
         const QDomElement group = groupWithOtherItems(step);
         if (!group.isNull()) {

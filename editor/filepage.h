@@ -57,6 +57,7 @@ private:
     };
 
     QAction* newCommand(const QString& text, void (FilePage::*command)());
+    void replace();
     void unfold();
     void noteEdit(QTreeWidgetItem* value);
     void enableCommands();

@@ -96,6 +96,7 @@ private:
     bool mayDiscardChanges();
     bool mayBeWritten(const QString& path, const settings::SettingsFile::Trial& trial);
     bool confirmed(const QString& warning);
+    void sayThatItCannotBeRead(const QString& path, const QString& reason);
     void sayThatItIsReadOnly();
     void tellBesideGroups();
     void showBesideGroups();

@@ -74,8 +74,7 @@ bool SettingsWindow::openFile(const QString& path)
 {
     const QString reason = settings.load(QFileInfo(path).absoluteFilePath());
     if (!reason.isEmpty()) {
-        Message(this, QStyle::SP_MessageBoxCritical, QObject::tr("The file %1 cannot be read: %2").arg(path, reason))
-            .ask();
+        sayThatItCannotBeRead(path, reason);
         return false;
     }
     showSettings();
@@ -83,6 +82,11 @@ bool SettingsWindow::openFile(const QString& path)
     if (!settings.isEditable())
         sayThatItIsReadOnly();
     return true;
+}
+
+void SettingsWindow::sayThatItCannotBeRead(const QString& path, const QString& reason)
+{
+    Message(this, QStyle::SP_MessageBoxCritical, QObject::tr("The file %1 cannot be read: %2").arg(path, reason)).ask();
 }
 
 void SettingsWindow::noteOpened()
@@ -205,9 +209,9 @@ bool SettingsWindow::saveTo(const QString& path)
             .ask();
         return false;
     }
-    // The window shows what the file holds now; where that cannot be read, this is still the only copy.
-    if (!isWhole && !openFile(path)) {
-        settings.noteUnstored();
+    const QString unread = isWhole ? QString() : settings.readBack(path);
+    if (!unread.isEmpty()) {
+        sayThatItCannotBeRead(path, unread);
         return false;
     }
     noteOpened();

@@ -29,6 +29,11 @@ check::Findings slipsOf(const SettingsFile& file, const TreeFindings& shown)
     return slips;
 }
 
+QString groupKeyOf(const QString& key)
+{
+    return key.section(QLatin1Char('.'), 0, -2);
+}
+
 } // namespace
 
 QString EditedSettings::load(const QString& path)
@@ -57,6 +62,12 @@ void EditedSettings::noteStored()
     isContentKnown = true;
     storedContent = tree.content();
     storedValues = writtenValues(tree);
+    storedGroups.clear();
+    for (auto key = storedValues.keyBegin(); key != storedValues.keyEnd(); ++key) {
+        const QString group = groupKeyOf(*key);
+        if (!storedGroups.contains(group))
+            storedGroups.insert(group, tree.settingsIn(group));
+    }
     history.endTyping();
     forget();
     storedSlips = slipsOf(tree, findings());
@@ -71,12 +82,22 @@ void EditedSettings::noteUnstored()
 
 void EditedSettings::set(const QString& key, const QString& value)
 {
+    if (!tree.holds(key))
+        putBack(key);
     tree.set(key, value);
     record(key);
 }
 
+/// As the file has it.
+void EditedSettings::putBack(const QString& key)
+{
+    tree.putBack(key, storedGroups.value(groupKeyOf(key)));
+}
+
 void EditedSettings::type(const QString& key, const QString& value)
 {
+    if (!tree.holds(key))
+        putBack(key);
     if (value.isEmpty() && !stored(key))
         tree.unset(key);
     else
@@ -92,6 +113,7 @@ void EditedSettings::unset(const QString& key)
 
 void EditedSettings::restore(const QString& key)
 {
+    putBack(key);
     const std::optional<QString> value = stored(key);
     if (value)
         tree.set(key, *value);
@@ -217,6 +239,11 @@ const TreeFindings& EditedSettings::findings() const
     return *knownFindings;
 }
 
+bool EditedSettings::isWhole(const SettingsFile::Trial& trial) const
+{
+    return trial.changed.isEmpty() && tree.losses().isEmpty() && tree.unwrittenGroups().isEmpty();
+}
+
 QString EditedSettings::save(const QString& path, const SettingsFile::Trial& trial)
 {
     const bool isThere = !SettingsFile::isMissing(path) || QFileInfo(path).isSymLink();
@@ -228,6 +255,20 @@ QString EditedSettings::save(const QString& path, const SettingsFile::Trial& tri
         noteUnstored();
     }
     return reason;
+}
+
+QString EditedSettings::readBack(const QString& path)
+{
+    SettingsFile written;
+    const QString reason = written.load(path);
+    if (!reason.isEmpty()) {
+        noteUnstored();
+        return reason;
+    }
+    tree.becomeAs(written);
+    record(QObject::tr("what saving dropped"));
+    noteStored();
+    return QString();
 }
 
 } // namespace settings

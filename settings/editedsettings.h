@@ -38,7 +38,7 @@ public:
 
     // Changes of what some program reads, by whole keys. Nothing happens where no look-up reaches.
 
-    /// SettingsFile::set().
+    /// SettingsFile::set(). What the file has and somebody took out comes back to its place in the file.
     void set(const QString& key, const QString& value);
     /// As it is typed, letter by letter: all together one change. Without a letter a setting that the file has is
     /// empty, and another one is absent.
@@ -47,7 +47,7 @@ public:
     void endTyping() { history.endTyping(); }
     /// SettingsFile::unset().
     void unset(const QString& key);
-    /// Gives the setting what the file has for it: its value, or none.
+    /// Gives the setting what the file has for it: its value, in its place, or none.
     void restore(const QString& key);
     void apply(const Remedy& remedy);
     /// fillWithSettings().
@@ -86,17 +86,22 @@ public:
 
     SettingsFile::Trial tryWriting(const QString& path) const { return tree.tryWriting(path); }
     /// Whether a file with what @p trial holds has all that is here: else it is to be read again when it is saved.
-    bool isWhole(const SettingsFile::Trial& trial) const { return trial.changed.isEmpty() && tree.losses().isEmpty(); }
+    bool isWhole(const SettingsFile::Trial& trial) const;
     /// SettingsFile::save(), or create() where there is no such file: for the user alone. When it is whole, it is the
     /// file that is edited from here on, and the changes can still be taken back.
     QString save(const QString& path, const SettingsFile::Trial& trial);
-    /// Nobody knows what the file holds: whatever is here counts as another content, until it is saved or read.
-    void noteUnstored();
+    /// To be called once what is not whole is saved as @p path: that is the file that is edited from here on, with what
+    /// it holds now. What it does not hold any more is a change, which can be taken back like those before it. Empty
+    /// when that succeeded, else the reason why the file cannot be read: then this is the only copy.
+    QString readBack(const QString& path);
 
 private:
     void record(const QString& text, const QString& typing = QString());
+    void putBack(const QString& key);
     void noteRead();
     void noteStored();
+    /// Nobody knows what the file holds: whatever is here counts as another content, until it is saved or read.
+    void noteUnstored();
     void forget();
     void tell(const TreeChange& change);
 
@@ -108,6 +113,7 @@ private:
     QStringList storedContent;
     check::Findings storedSlips;
     QHash<QString, std::optional<QString>> storedValues; ///< of all settings that some program reads
+    QHash<QString, QVector<SettingsFile::GroupSettings>> storedGroups; ///< that some program reads, by their keys
     mutable std::optional<TreeFindings> knownFindings; ///< of the tree as it is
     mutable std::optional<bool> knownModified;
 };

@@ -5,6 +5,8 @@
 #include "config/bracescanner.h"
 #include "toolkit/eightbit.h"
 
+#include <QSet>
+
 #include <algorithm>
 #include <utility>
 
@@ -27,6 +29,15 @@ QVector<QDomElement> namesakesIn(const QDomElement& parent, const QString& name)
     for (QDomElement child = parent.firstChildElement(name); !child.isNull(); child = child.nextSiblingElement(name))
         found += child;
     return found;
+}
+
+/// The first place in @p names behind all that are in @p before.
+int placeBehind(const QStringList& names, const QSet<QString>& before)
+{
+    int place = names.size();
+    while (place > 0 && !before.contains(names.at(place - 1)))
+        --place;
+    return place;
 }
 
 } // namespace
@@ -107,6 +118,50 @@ bool SettingsFile::unset(const QString& key)
     for (const QDomElement& group : holders)
         removeSetting(group, name);
     return !holders.isEmpty();
+}
+
+bool SettingsFile::holds(const QString& key) const
+{
+    QStringList names = namesOf(key);
+    return !names.isEmpty() && !holdersOf(names.mid(0, names.size() - 1), names.last()).isEmpty();
+}
+
+QVector<SettingsFile::GroupSettings> SettingsFile::settingsIn(const QString& key) const
+{
+    QVector<GroupSettings> found;
+    for (const QDomElement& group : groupsOf(key)) {
+        GroupSettings settings;
+        for (const QString& name : settingNames(group))
+            settings += NamedValue {name, group.attribute(name)};
+        found += settings;
+    }
+    return found;
+}
+
+void SettingsFile::putBack(const QString& key, const QVector<GroupSettings>& former)
+{
+    QStringList names = namesOf(key);
+    if (names.isEmpty())
+        return;
+    const QString name = names.takeLast();
+    const QVector<QDomElement> groups = groupsOf(names);
+    for (int i = 0; i < groups.size(); ++i)
+        putBack(groups.at(i), name, former.value(i));
+}
+
+/// What @p group lacks comes behind all that stood before it.
+void SettingsFile::putBack(const QDomElement& group, const QString& name, const GroupSettings& former)
+{
+    QSet<QString> before;
+    auto setting = former.begin();
+    for (; setting != former.end() && setting->name != name; ++setting)
+        before += setting->name;
+    if (setting != former.end() && group.hasAttribute(name))
+        put(group, name, setting->value);
+    else if (setting != former.end())
+        take(SettingStep {group, placeBehind(settingNames(group), before), std::nullopt, *setting});
+    else if (group.hasAttribute(name))
+        removeSetting(group, name);
 }
 
 /// Those of groupsOf(@p names) that have the setting @p name, be it empty.

@@ -158,29 +158,29 @@ SettingsFile::Trial SettingsFile::tryWriting(const QString& path) const
 QStringList SettingsFile::settingsMissingIn(const SettingsFile& other) const
 {
     GroupNumbers numbers;
-    const std::set<Setting> found = other.writtenSettings(numbers);
+    const QSet<Setting> found = other.writtenSettings(numbers);
     const QVector<Group> groups = writtenGroups();
     const QVector<int> groupNumbers = numbers.of(groups);
     QStringList texts;
     for (int place = 0; place < groups.size(); ++place) {
         const QDomElement& element = groups.at(place).element;
         for (const QString& name : settingNames(element)) {
-            if (found.count({groupNumbers.at(place), name, element.attribute(name)}) == 0)
+            if (!found.contains({{groupNumbers.at(place), name}, element.attribute(name)}))
                 texts += asText(groups, place, name);
         }
     }
     return texts;
 }
 
-std::set<SettingsFile::Setting> SettingsFile::writtenSettings(GroupNumbers& numbers) const
+QSet<SettingsFile::Setting> SettingsFile::writtenSettings(GroupNumbers& numbers) const
 {
     const QVector<Group> groups = writtenGroups();
     const QVector<int> groupNumbers = numbers.of(groups);
-    std::set<Setting> settings;
+    QSet<Setting> settings;
     for (int place = 0; place < groups.size(); ++place) {
         const QDomElement& element = groups.at(place).element;
         for (const QString& name : settingNames(element))
-            settings.emplace(groupNumbers.at(place), name, element.attribute(name));
+            settings.insert({{groupNumbers.at(place), name}, element.attribute(name)});
     }
     return settings;
 }
@@ -251,6 +251,17 @@ QVector<FileRemark> SettingsFile::losses() const
             lost += remark;
     }
     return lost;
+}
+
+QStringList SettingsFile::unwrittenGroups() const
+{
+    QStringList names;
+    const bool areInTheFile = fileReview.topLevelGroups.size() > 1;
+    for (const QDomElement& group : groupsIn(rootElement()).mid(1)) {
+        if (!areInTheFile && holdsSetting(group))
+            names += group.tagName();
+    }
+    return names;
 }
 
 bool SettingsFile::looksLikeSettings() const
@@ -329,8 +340,19 @@ void SettingsFile::moveTo(const QString& path, const Trial& trial)
     contents = trial.bytes;
     isUnwritten = false;
     fileReview = reviewOf(contents, format());
-    if (!rootElement().isNull())
-        rootElement().setTagName(path);
+    setFileName(path);
+}
+
+void SettingsFile::becomeAs(const SettingsFile& written)
+{
+    const bool isAnotherTree = content() != written.content() || fileReview.isHiddenByItsBeginning;
+    filePath = written.filePath;
+    contents = written.contents;
+    isUnwritten = false;
+    fileReview = written.fileReview;
+    setFileName(filePath);
+    if (isAnotherTree)
+        take(WholeTreeStep {wholeTree(), written.wholeTree()});
 }
 
 } // namespace settings

@@ -6,10 +6,9 @@
 #include "settings/filereview.h"
 #include "settings/treechange.h"
 
+#include <QPair>
+#include <QSet>
 #include <QVector>
-
-#include <set>
-#include <tuple>
 
 namespace settings {
 
@@ -57,6 +56,16 @@ public:
     /// Takes the setting @p key out of all groups in which a look-up seeks it. False when it is in none.
     bool unset(const QString& key);
 
+    /// Whether a group in which a look-up seeks the setting @p key has it, be it empty.
+    bool holds(const QString& key) const;
+
+    /// The settings of a group, in their order.
+    using GroupSettings = QVector<NamedValue>;
+    /// Those of each of the groupsOf() @p key.
+    QVector<GroupSettings> settingsIn(const QString& key) const;
+    /// Gives the setting @p key the values and the places that it had when settingsIn() its group was @p former.
+    void putBack(const QString& key, const QVector<GroupSettings>& former);
+
     // The tree, whatever stands in it (filetree.cpp). A group is the element that the tree has for it; the root element
     // stands for the file, and what stands in it is outside every group.
 
@@ -97,6 +106,9 @@ public:
     /// What of that is lost when the tree is written: all that the review has, but for a group that held nothing and
     /// holds something now.
     QVector<FileRemark> losses() const;
+    /// The names of what is lost beside that: top-level groups that the file does not have any more, since saving
+    /// dropped them, but that are back in the tree.
+    QStringList unwrittenGroups() const;
     /// What there is to know about them, in their order: check::checkSettings().
     check::Findings findings() const;
 
@@ -141,25 +153,31 @@ public:
     /// Once @p trial is written to the file @p path without a loss: that is the file from here on, and this its tree.
     void moveTo(const QString& path, const Trial& trial);
 
+    /// Once a file was written with a loss, and read as @p written: that is the file from here on, and what it holds is
+    /// the tree. A change of the tree where it held something else.
+    void becomeAs(const SettingsFile& written);
+
 private:
     struct Group {
         QDomElement element;
         int parent; ///< where the group around is in the same list; -1 when there is none
     };
-    using Setting = std::tuple<int, QString, QString>; ///< the group's number, name, value
+    using Setting = QPair<QPair<int, QString>, QString>; ///< the group's number, name; value
     class GroupNumbers;
 
     QVector<QDomElement> groupsOf(const QStringList& names) const;
     QVector<QDomElement> holdersOf(const QStringList& names, const QString& name) const;
     QDomElement madeGroup(const QStringList& names);
     void put(const QDomElement& group, const QString& name, const QString& value);
+    void putBack(const QDomElement& group, const QString& name, const GroupSettings& former);
     void take(const TreeStep& step);
     void apply(const SettingStep& step);
     void apply(const GroupStep& step);
+    void apply(const WholeTreeStep& step) { takeTree(step.after); }
     void addContent(const QDomElement& group, QStringList& texts) const;
     static void addGroups(const QDomElement& group, int parent, QVector<Group>& groups);
     QVector<Group> writtenGroups() const;
-    std::set<Setting> writtenSettings(GroupNumbers& numbers) const;
+    QSet<Setting> writtenSettings(GroupNumbers& numbers) const;
     QStringList settingsMissingIn(const SettingsFile& other) const;
     static QString keyOf(const QVector<Group>& groups, int place);
     static QString asText(const QVector<Group>& groups, int place, const QString& name);

@@ -49,7 +49,7 @@ QStringList shownLosses(const SettingsFile& file)
             ? QObject::tr("line %1: %2").arg(QString::number(first), text)
             : QObject::tr("lines %1 to %2: %3").arg(QString::number(first), QString::number(last), text);
     }
-    return texts;
+    return texts + shownSettings(file.unwrittenGroups(), file);
 }
 
 QStringList shownSettings(const QStringList& texts, const SettingsFile& file)

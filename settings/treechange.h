@@ -1,6 +1,8 @@
 #ifndef ZELMORA_SETTINGS_TREECHANGE_H
 #define ZELMORA_SETTINGS_TREECHANGE_H
 
+#include "config/config.h"
+
 #include <QDomElement>
 #include <QString>
 #include <QVector>
@@ -33,7 +35,13 @@ struct GroupStep {
     std::optional<QString> after; ///< its name; nothing: it is not there any more
 };
 
-using TreeStep = std::variant<SettingStep, GroupStep>;
+/// Another tree in place of the one that there was.
+struct WholeTreeStep {
+    libconfig::ConfigTree before;
+    libconfig::ConfigTree after;
+};
+
+using TreeStep = std::variant<SettingStep, GroupStep, WholeTreeStep>;
 
 /// What one change does to the tree of a settings file, step by step. Each step finds the tree as the one before has
 /// left it; so they are taken back from the last to the first.

@@ -2,6 +2,7 @@
 
 #include <QStringList>
 #include <QVector>
+#include <QtAlgorithms>
 
 #include <algorithm>
 #include <array>
@@ -41,12 +42,29 @@ int distance(const QVector<uint>& one, const QVector<uint>& other)
     return row[static_cast<std::size_t>(other.size() - one.size() + mostSlips + 1)];
 }
 
+/// A bit for each letter in @p text; some share one. The halves of a character of two units have none.
+quint64 lettersOf(const QString& text)
+{
+    quint64 letters = 0;
+    for (const QChar letter : text)
+        letters |= letter.isSurrogate() ? 0 : quint64(1) << (letter.unicode() % 64);
+    return letters;
+}
+
+/// Whether one of them has more letters that the other lacks than there may be slips: each mends one of these.
+bool haveOtherLetters(const QString& one, const QString& other)
+{
+    const quint64 ofOne = lettersOf(one);
+    const quint64 ofOther = lettersOf(other);
+    return qPopulationCount(ofOne & ~ofOther) > mostSlips || qPopulationCount(ofOther & ~ofOne) > mostSlips;
+}
+
 /// How many slips make @p name of @p meant; more than the most where they are too many to be worth counting.
 int slips(const QString& name, const QString& meant)
 {
     // A character takes two units at most, so that a slip makes no more difference in length: most pairs of names are
-    // told apart here.
-    if (std::abs(name.size() - meant.size()) > 2 * mostSlips)
+    // told apart here, and nearly all others by their letters.
+    if (std::abs(name.size() - meant.size()) > 2 * mostSlips || haveOtherLetters(name, meant))
         return mostSlips + 1;
     return distance(name.toUcs4(), meant.toUcs4());
 }

@@ -526,6 +526,10 @@ Changes the settings of the suite, and shows what is wrong with them.</source>
 Modifica le impostazioni della suite e mostra che cosa non va.</translation>
     </message>
     <message>
+        <source>what saving dropped</source>
+        <translation>quanto tolto dal salvataggio</translation>
+    </message>
+    <message>
         <source>a complete file</source>
         <translation>file completo</translation>
     </message>

@@ -83,7 +83,7 @@ void Config::rebuildTree(const QTreeWidget& list)
 {
     newDocument();
     for (int i = 0; i < list.topLevelItemCount(); ++i)
-        loadListView(list.topLevelItem(i), document.get());
+        loadListView(list.topLevelItem(i), tree.document.get());
 }
 
 void Config::loadListView(QTreeWidgetItem* item, QDomDocument* doc)
@@ -108,7 +108,7 @@ void Config::loadListView(QTreeWidgetItem* item, QDomNode parent)
         else
             loadListView(child, group);
     }
-    order->set(group, names);
+    tree.order->set(group, names);
 }
 
 } // namespace libconfig

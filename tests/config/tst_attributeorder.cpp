@@ -14,7 +14,6 @@ private slots:
     void theLastNoteCounts();
     void eachElementHasItsOwn();
     void aNewElementHasNoneOfAnOldOne();
-    void clear();
 
 private:
     QDomElement element(const QString& names);
@@ -91,15 +90,6 @@ void TestAttributeOrder::aNewElementHasNoneOfAnOldOne()
         QCOMPARE(order.names(doc), (QStringList {"a", "b"}));
         order.set(doc, {"b", "a"});
     }
-}
-
-void TestAttributeOrder::clear()
-{
-    const QDomElement doc = element("a b");
-    AttributeOrder order;
-    order.set(doc, {"b", "a"});
-    order.clear();
-    QCOMPARE(order.names(doc), (QStringList {"a", "b"}));
 }
 
 QTEST_GUILESS_MAIN(TestAttributeOrder)

@@ -24,6 +24,8 @@
 #include <QtTest>
 
 #include <cstdio>
+#include <thread>
+#include <unistd.h>
 
 class RemoteControl : public QObject {
     Q_OBJECT
@@ -180,7 +182,15 @@ class RemoteControlPlugin : public QGenericPlugin {
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "remotecontrol.json")
 
 public:
-    QObject* create(const QString&, const QString&) override { return new RemoteControl; }
+    QObject* create(const QString&, const QString&) override
+    {
+        // The plug-ins of real screens start threads of their own, to which a signal may be given too.
+        std::thread([] {
+            for (;;)
+                pause();
+        }).detach();
+        return new RemoteControl;
+    }
 };
 
 #include "remotecontrol.moc"

@@ -1,3 +1,6 @@
+#include "editor/papernotice.h"
+#include "editor/paperpane.h"
+#include "editor/paperview.h"
 #include "editor/person.h"
 #include "support/files.h"
 #include "support/ordinaryuser.h"
@@ -43,6 +46,7 @@ private slots:
     void absenceIsShown();
     void aSettingIsTakenOut();
     void aChangeGoesBackToTheFile();
+    void whatWasTakenOutGoesBackToItsPlace();
     void whatIsWrongIsPutRight();
     void aSlipOfAGroupIsPutRight();
     void aSlipOfTheOutermostNameIsPutRight();
@@ -50,7 +54,15 @@ private slots:
 
     void changesAreTakenBack();
     void changesAreTakenBackBeyondASave();
+    void changesAreTakenBackBeyondASaveThatDropsSomething();
     void bothPagesShowOneModel();
+
+    void thePaperFollowsAChange();
+    void theMarksGoWithASave();
+    void aSaveBeforeThePaperIsDrawnLeavesNoMarks();
+    void thePaperIsInTheLanguageThatIsSet();
+    void saysThatThereIsNoPrintProgram();
+    void saysWhatThePaperCannotBePrintedWith();
 
     void finds();
     void findsNext();
@@ -69,6 +81,7 @@ private slots:
     void theFolderOfANewFileIsMade();
     void saysThatAFileMayNotBeWritten();
     void saysAtOnceThatAFileWasChanged();
+    void readsAgainWhatAnotherProgramWrote();
     void opensRecentFiles();
     void helps();
     void saysWhatItIs();
@@ -81,6 +94,9 @@ private:
     void goToGroup(const QString& title);
     void pressButton(const QString& text);
     QStringList namesByTab(QWidget* first, int count);
+    QString paper() const { return window->findChild<PaperView*>()->accessibleDescription(); }
+    bool isPaperMarked() const;
+    void makeRoomForPaper();
     template <class Kind>
     Kind* field(const QString& name) const
     {
@@ -109,6 +125,7 @@ void TestSettingsTable::initTestCase()
 void TestSettingsTable::init()
 {
     QSettings().clear();
+    qputenv("PATH", QFile::encodeName(QFileInfo(ZELMORA_PRINT_PROGRAM).path()) + ":/usr/bin:/bin");
     folder = std::make_unique<QTemporaryDir>();
     path = folder->filePath("zelmora.conf");
     window = std::make_unique<SettingsWindow>();
@@ -489,6 +506,18 @@ void TestSettingsTable::aChangeGoesBackToTheFile()
     QVERIFY(!back->isEnabled());
 }
 
+void TestSettingsTable::whatWasTakenOutGoesBackToItsPlace()
+{
+    open(suite("receiptdoc: { paperWidth = 40; printDate = true; };"));
+    person->focus(field<QToolButton>("Take paperWidth out of the file"));
+    person->press(Qt::Key_Space);
+    QVERIFY(window->isWindowModified());
+    person->focus(field<QToolButton>("Take back the change of paperWidth"));
+    person->press(Qt::Key_Space);
+    QCOMPARE(field<QSpinBox>("paperWidth")->text(), QString("40"));
+    QVERIFY(!window->isWindowModified());
+}
+
 void TestSettingsTable::whatIsWrongIsPutRight()
 {
     open(suite("receiptdoc: { papperWidth = \"40\"; printDate = \"True\"; };"));
@@ -575,6 +604,41 @@ void TestSettingsTable::changesAreTakenBackBeyondASave()
     QVERIFY(window->isWindowModified());
 }
 
+// What the save dropped stands in the window no more; taking that back brings it there again, and saving asks again.
+void TestSettingsTable::changesAreTakenBackBeyondASaveThatDropsSomething()
+{
+    const QString asked = "Saving will drop from the file:\n\u00B7 ";
+    open(suite("db: { dbname = soup; };") + "\nother: { kind = fish; };");
+    goToGroup("Database");
+    person->focus(field<QLineEdit>("dbname"));
+    person->type("stew");
+    person->press(Qt::Key_2, Qt::ControlModifier);
+    QVERIFY(person->item({"other"}));
+    person->willPress(QMessageBox::Save);
+    save();
+    QCOMPARE(person->readBoxes(), QStringList(asked + "line 2: other"));
+    QVERIFY(!window->isWindowModified());
+    QVERIFY(!person->item({"other"}));
+
+    person->choose("&Edit", "&Undo what saving dropped");
+    QCOMPARE(person->value({"other", "kind"}), QString("fish"));
+    QCOMPARE(person->value({"zelmora", "db", "dbname"}), QString("stew"));
+    QVERIFY(window->isWindowModified());
+    person->press(Qt::Key_1, Qt::ControlModifier);
+    QVERIFY(!field<QToolButton>("Take back the change of dbname")->isEnabled()); // it is as in the file
+    person->press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(field<QLineEdit>("dbname")->text(), QString("soup"));
+    QVERIFY(field<QToolButton>("Take back the change of dbname")->isEnabled());
+
+    person->willPress(QMessageBox::Save);
+    save();
+    QCOMPARE(person->readBoxes(), QStringList(asked + "other"));
+    QCOMPARE(saved(), suite("db: { dbname = \"soup\"; };"));
+    QVERIFY(!window->isWindowModified());
+    person->press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(person->value({"other", "kind"}), QString("fish"));
+}
+
 void TestSettingsTable::bothPagesShowOneModel()
 {
     open(suite("receiptdoc: { paperWidth = 40; };"));
@@ -600,6 +664,122 @@ void TestSettingsTable::bothPagesShowOneModel()
     QVERIFY(!person->item({"zelmora", "receiptdoc", "printDate"}));
     QVERIFY(!person->item({"zelmora", "db"}));
     QVERIFY(!window->isWindowModified());
+}
+
+// --- The paper ---
+
+/// The letters of most desktops; with larger ones it folds away on this screen.
+void TestSettingsTable::makeRoomForPaper()
+{
+    window->setFont(QFont("DejaVu Sans", 9));
+    window->resize(780, 580);
+    QTRY_VERIFY(window->findChild<PaperPane*>()->isVisible());
+}
+
+/// Whether some of what is in sight is marked as changed.
+bool TestSettingsTable::isPaperMarked() const
+{
+    const QImage image = window->findChild<PaperView*>()->grab().toImage();
+    const QRgb changed = qRgb(0xFF, 0xF0, 0xA0);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixel(x, y) == changed)
+                return true;
+        }
+    }
+    return false;
+}
+
+void TestSettingsTable::thePaperFollowsAChange()
+{
+    makeRoomForPaper();
+    open(suite("receiptdoc: { paperWidth = 32; printDate = true; };"));
+    QTRY_VERIFY(paper().contains("14/11/2025"));
+    QVERIFY(!isPaperMarked());
+    person->focus(field<QCheckBox>("printTime"));
+    person->press(Qt::Key_Space);
+    QTRY_VERIFY(paper().contains("21:05"));
+    QVERIFY(isPaperMarked());
+    person->press(Qt::Key_Z, Qt::ControlModifier);
+    QTRY_VERIFY(!paper().contains("21:05"));
+    QVERIFY(!isPaperMarked());
+}
+
+void TestSettingsTable::theMarksGoWithASave()
+{
+    makeRoomForPaper();
+    open(suite("receiptdoc: { paperWidth = 32; printDate = true; printTime = true; };"));
+    QTRY_VERIFY(paper().contains("21:05"));
+    person->focus(field<QCheckBox>("printDate"));
+    person->press(Qt::Key_Space);
+    person->focus(field<QCheckBox>("printTable"));
+    person->press(Qt::Key_Space);
+    QTRY_VERIFY(paper().contains("Table: 3") && !paper().contains("14/11/2025"));
+    QVERIFY(isPaperMarked());
+    save();
+    QTRY_VERIFY(!isPaperMarked());
+    QVERIFY(paper().contains("Table: 3"));
+    for (int i = 0; i < 2; ++i)
+        person->press(Qt::Key_Z, Qt::ControlModifier); // beyond the save: it is the date that the file lacks now
+    QTRY_VERIFY(paper().contains("14/11/2025") && !paper().contains("Table: 3"));
+    QVERIFY(isPaperMarked());
+}
+
+// The keys come one after the other, before anything is printed.
+void TestSettingsTable::aSaveBeforeThePaperIsDrawnLeavesNoMarks()
+{
+    makeRoomForPaper();
+    open(suite("receiptdoc: { paperWidth = 32; printDate = true; };"));
+    QTRY_VERIFY(paper().contains("14/11/2025"));
+    auto* const time = field<QCheckBox>("printTime");
+    time->setFocus();
+    QTest::keyClick(time, Qt::Key_Space);
+    QTest::keyClick(time, Qt::Key_S, Qt::ControlModifier);
+    QTRY_VERIFY(paper().contains("21:05"));
+    QVERIFY(!window->isWindowModified());
+    QVERIFY(!isPaperMarked());
+}
+
+void TestSettingsTable::thePaperIsInTheLanguageThatIsSet()
+{
+    const QFileInfo catalogue(ZELMORA_CATALOGUE);
+    QVERIFY(QDir::setCurrent(catalogue.path() + "/.."));
+    open(suite("invoicedoc: { printDate = true; }; language: { basedir = \"" + catalogue.dir().dirName().toUtf8()
+               + "/\"; };"));
+    goToGroup("Language");
+    QTRY_VERIFY(paper().contains(" Date: 14/11/2025"));
+    person->focus(field<QLineEdit>("file"));
+    person->type(catalogue.fileName()); // in a folder that is named from the working folder
+    QTRY_VERIFY(paper().contains(" Data: 14/11/2025"));
+    QVERIFY(!paper().contains(" Date: "));
+}
+
+void TestSettingsTable::saysThatThereIsNoPrintProgram()
+{
+    makeRoomForPaper();
+    qputenv("PATH", QFile::encodeName(folder->path()));
+    open(suite("receiptdoc: { paperWidth = 32; };"));
+    auto* const notice = window->findChild<PaperNotice*>();
+    QTRY_VERIFY2(notice->text().startsWith("There is no program zelmora-print: "), qPrintable(notice->text()));
+    QVERIFY(notice->isVisible());
+    QCOMPARE(paper(), QString());
+}
+
+void TestSettingsTable::saysWhatThePaperCannotBePrintedWith()
+{
+    makeRoomForPaper();
+    path = folder->filePath("zelmora.xml");
+    open("<zelmora><receiptdoc paperWidth='32'/><db dbname='soup;fish'/></zelmora>");
+    auto* const notice = window->findChild<PaperNotice*>();
+    QTRY_COMPARE(notice->text(),
+                 "The print program reads the brace form alone, which cannot hold this of the file " + path
+                     + ":\n  zelmora.db.dbname = soup;fish");
+    QVERIFY(notice->isVisible());
+    goToGroup("Database");
+    person->focus(field<QLineEdit>("dbname"));
+    person->type("soup");
+    QTRY_VERIFY(!notice->isVisible());
+    QTRY_VERIFY(paper().startsWith("Receipt\n"));
 }
 
 // --- Finding ---
@@ -833,6 +1013,36 @@ void TestSettingsTable::saysAtOnceThatAFileWasChanged()
     QVERIFY(!person->reads(text));
     goToGroup("Database");
     QCOMPARE(field<QLineEdit>("dbname")->text(), QString("meat"));
+}
+
+// With changes of one's own, which are given up; of those that the file has now none is one.
+void TestSettingsTable::readsAgainWhatAnotherProgramWrote()
+{
+    open(suite("db: { dbname = soup; username = ann; };"));
+    goToGroup("Database");
+    person->focus(field<QLineEdit>("dbname"));
+    person->type("stew");
+    writeBytes(path, suite("db: { dbname = fish; username = bob; };"));
+    person->willPress(QMessageBox::Cancel);
+    person->press(Qt::Key_F5);
+    QCOMPARE(field<QLineEdit>("dbname")->text(), QString("stew"));
+    person->willPress(QMessageBox::Discard);
+    person->press(Qt::Key_F5);
+    QCOMPARE(
+        person->readBoxes(),
+        QStringList({"The settings have changed. Save the changes?", "The settings have changed. Save the changes?"}));
+    QCOMPARE(field<QLineEdit>("dbname")->text(), QString("fish"));
+    QCOMPARE(field<QLineEdit>("username")->text(), QString("bob"));
+    QVERIFY(!window->isWindowModified());
+    for (const char* key : {"dbname", "username"})
+        QVERIFY(!field<QToolButton>(QString("Take back the change of ") + key)->isEnabled());
+    QTRY_VERIFY(!person->reads("Another program has changed"));
+    person->press(Qt::Key_Z, Qt::ControlModifier); // nothing is left of what was changed in the former one
+    QCOMPARE(field<QLineEdit>("dbname")->text(), QString("fish"));
+    person->focus(field<QLineEdit>("dbname"));
+    person->type("meat");
+    save(); // without a question
+    QCOMPARE(saved(), suite("db: { dbname = \"meat\"; username = \"bob\"; };"));
 }
 
 void TestSettingsTable::opensRecentFiles()

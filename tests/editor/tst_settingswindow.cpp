@@ -675,6 +675,7 @@ void TestSettingsWindow::savesXmlAndBack()
     person->willType(back);
     person->press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
     QCOMPARE(fileContents(back), smallFileWithReceiptWidth("48"));
+    QCOMPARE(person->tree()->topLevelItem(0)->text(0), back);
 }
 
 void TestSettingsWindow::savingAsAnExistingFileAsks()

@@ -1,5 +1,6 @@
 #include "settings/editedfile.h"
 #include "settings/remedies.h"
+#include "settings/savequestions.h"
 #include "support/processstate.h"
 
 #include <QtTest>
@@ -25,10 +26,23 @@ private slots:
     void aNewChangeForgetsWhatWasTakenBack();
     void saysWhatWouldBeTakenBack();
     void goesBackBeyondASave();
+    void goesBackBeyondASaveThatDrops_data();
+    void goesBackBeyondASaveThatDrops();
+    void aSaveThatDropsNoSettingIsNoChange();
+    void aFurtherGroupWithoutSettingsIsNoLoss();
+    void aHiddenFileIsEmptyOnceItIsSaved();
+    void aNewFileThatIsReadBackIsNoNewOne();
+    void whatCannotBeReadBackIsTheOnlyCopy();
+    void aCopyThatFailsIsNoChange();
+    void slipsAreWhatTheTreeDoesNotShow();
     void savesUnderAnotherName();
     void whatIsNotWholeIsToBeReadAgain();
     void aNewFileIsForItsUserAlone();
     void comparesWithWhatTheFileHolds();
+    void comesBackToItsPlace_data();
+    void comesBackToItsPlace();
+    void comesBackToItsPlaceAfterASave();
+    void comesBackAsOneChange();
     void anEmptyGroupIsNoChange();
     void nobodyKnowsWhatAFailureLeaves();
     void tellsOfEachChange();
@@ -288,6 +302,161 @@ void TestEditedSettings::goesBackBeyondASave()
     QVERIFY(!file.isModified());
 }
 
+/// Saves it under the name @p name, whatever is lost.
+static QString saveAll(EditedFile& file, const QString& name)
+{
+    const QString path = QFileInfo(file.path).path() + '/' + name;
+    const auto trial = file.tryWriting(path);
+    const bool isWhole = file.isWhole(trial);
+    const QString reason = file.save(path, trial);
+    return reason.isEmpty() && !isWhole ? file.readBack(path) : reason;
+}
+
+void TestEditedSettings::goesBackBeyondASaveThatDrops_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<QString>("as");
+    QTest::addColumn<QByteArray>("saved"); // when dbname is 7
+    QTest::addColumn<QStringList>("askedAgain"); // when that is undone
+    const QByteArray only7 = "zelmora: { db: { dbname = \"7\"; }; };";
+    QTest::newRow("a second group at top level")
+        << "a.conf" << QByteArray("zelmora: { db: { dbname = 1; }; };\nb: { c = 1; };") << "a.conf" << only7
+        << QStringList("b");
+    QTest::newRow("the same, under another name")
+        << "a.conf" << QByteArray("zelmora: { db: { dbname = 1; }; };\nb: { c = 1; };") << "b.conf" << only7
+        << QStringList("b");
+    QTest::newRow("a value that the brace form cannot hold")
+        << "a.xml" << QByteArray("<zelmora><db dbname='1' username='x;y'/></zelmora>") << "a.conf"
+        << QByteArray("zelmora: { db: { dbname = \"7\"; username = \"x;y\"; }; };")
+        << QStringList {"line 6: \"x", "line 6: y\";", "zelmora.db.username = x;y"};
+}
+
+// Each step back and forth shows what was there, and compares it with what the file holds now.
+void TestEditedSettings::goesBackBeyondASaveThatDrops()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, before);
+    QFETCH(QString, as);
+    QFETCH(QByteArray, saved);
+    const QString key = "zelmora.db.dbname";
+    EditedFile file(before, qPrintable(name));
+    const QStringList first = file.file().content();
+    file.set(key, "7");
+    const QStringList second = file.file().content();
+    QCOMPARE(saveAll(file, as), QString());
+    const QString path = file.file().path();
+    QCOMPARE(QFileInfo(path).fileName(), as);
+    QCOMPARE(fileContents(path).simplified(), saved);
+    QVERIFY(!file.isModified());
+    QVERIFY(!file.file().changedOnDisk());
+    const QStringList third = file.file().content();
+    file.set(key, "8"); // in what was read back
+
+    for (int turn = 0; turn < 2; ++turn) {
+        file.undo();
+        QCOMPARE(file.file().content(), third);
+        QVERIFY(!file.isModified());
+        QCOMPARE(file.undoText(), QString("what saving dropped"));
+        file.undo();
+        QCOMPARE(file.file().content(), second);
+        QVERIFY(file.isModified());
+        QCOMPARE(file.stored(key), std::optional<QString>("7"));
+        const auto trial = file.tryWriting(path);
+        QStringList asked;
+        for (const auto& question : questionsBeforeSaving(file.file(), path, trial))
+            asked += question.lines;
+        QTEST(asked, "askedAgain");
+        QVERIFY(!file.isWhole(trial));
+        file.undo();
+        QCOMPARE(file.file().content(), first);
+        QVERIFY(!file.canUndo());
+        QCOMPARE(file.file().root().tagName(), path);
+        for (int i = 0; i < 3; ++i)
+            file.redo();
+        QVERIFY(!file.canRedo());
+        QCOMPARE(file.file().value(key), QString("8"));
+    }
+}
+
+// There is nothing in the window to be brought back.
+void TestEditedSettings::aSaveThatDropsNoSettingIsNoChange()
+{
+    EditedFile file("zelmora: { db: { dbname = 1; }; bin: { }; stray };");
+    file.set("zelmora.db.dbname", "7");
+    QCOMPARE(saveAll(file, "a.conf"), QString());
+    QVERIFY(!file.isModified());
+    QVERIFY(file.file().losses().isEmpty());
+    QCOMPARE(file.undoText(), QString("zelmora.db.dbname"));
+    file.undo();
+    QVERIFY(!file.canUndo());
+    QVERIFY(file.isModified());
+    QVERIFY(file.isWhole(file.tryWriting(file.path)));
+}
+
+void TestEditedSettings::aFurtherGroupWithoutSettingsIsNoLoss()
+{
+    EditedFile file("zelmora: { db: { dbname = 1; }; }; b: { c = 1; };");
+    file.removeSetting(file.file().root().lastChildElement(), "c");
+    QCOMPARE(saveAll(file, "a.conf"), QString());
+    QVERIFY(file.isWhole(file.tryWriting(file.path)));
+    file.undo();
+    QCOMPARE(file.file().unwrittenGroups(), QStringList("b"));
+    QVERIFY(!file.isWhole(file.tryWriting(file.path)));
+}
+
+// Nothing of it was found, and nothing of it was written: what stood before the first group is in the way no more.
+void TestEditedSettings::aHiddenFileIsEmptyOnceItIsSaved()
+{
+    EditedFile file("<!-- c --><zelmora><db dbname='1'/></zelmora>", "a.xml");
+    file.set("zelmora.db.dbname", "2");
+    QVERIFY(!file.canUndo());
+    QCOMPARE(saveAll(file, "a.xml"), QString());
+    QVERIFY(fileContents(file.path).trimmed().isEmpty());
+    file.set("zelmora.db.dbname", "2");
+    QCOMPARE(file.file().value("zelmora.db.dbname"), QString("2"));
+    QVERIFY(file.isWhole(file.tryWriting(file.path)));
+}
+
+void TestEditedSettings::aNewFileThatIsReadBackIsNoNewOne()
+{
+    EditedFile file("");
+    QVERIFY(QFile::remove(file.path));
+    file.beginAt(file.path);
+    file.set("zelmora.db.dbname", "x;y");
+    QCOMPARE(saveAll(file, "a.conf"), QString());
+    QVERIFY(!file.file().isNew());
+    QVERIFY(!file.file().changedOnDisk());
+    QCOMPARE(file.file().value("zelmora.db.dbname"), QString("x"));
+}
+
+void TestEditedSettings::whatCannotBeReadBackIsTheOnlyCopy()
+{
+    EditedFile file("zelmora: { db: { dbname = x<y; }; };");
+    QVERIFY(!saveAll(file, "a.xml").isEmpty());
+    QCOMPARE(file.file().path(), file.path);
+    QVERIFY(file.isModified());
+    QCOMPARE(file.file().value("zelmora.db.dbname"), QString("x<y"));
+}
+
+void TestEditedSettings::aCopyThatFailsIsNoChange()
+{
+    EditedFile file(begin);
+    const QString other = QFileInfo(file.path).path() + "/nowhere/b.conf";
+    QVERIFY(!file.save(other, file.tryWriting(other)).isEmpty());
+    QVERIFY(!file.isModified());
+    QCOMPARE(file.file().path(), file.path);
+}
+
+// The empty group is but a note, and its loss is asked about.
+void TestEditedSettings::slipsAreWhatTheTreeDoesNotShow()
+{
+    EditedFile file("zelmora: { db: { dbnam = 1; }; bin: { };\nreceiptdoc: { paperWidth = 32; }\n};");
+    QCOMPARE(file.slips().size(), 1);
+    QCOMPARE(file.slips().first().code, check::Code::MissingSemicolon);
+    QCOMPARE(file.slips().first().place.line, 2);
+}
+
 void TestEditedSettings::savesUnderAnotherName()
 {
     EditedFile file(begin);
@@ -350,6 +519,110 @@ void TestEditedSettings::comparesWithWhatTheFileHolds()
     file.restore("zelmora.receiptdoc.printDate");
     QVERIFY(!file.isModified());
     QCOMPARE(file.now(), QByteArray("zelmora: { receiptdoc: { paperWidth = \"32\"; }; };"));
+}
+
+// What was taken out and has come back differs in nothing from the file, in whatever way that went.
+void TestEditedSettings::comesBackToItsPlace_data()
+{
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<Action>("action");
+    const QByteArray three = "zelmora: { db: { dbname = 1; hostname = 2; username = 3; }; };";
+    const auto row = [](const char* name, const QByteArray& before, const Action& action) {
+        QTest::newRow(name) << before << action;
+    };
+    row("the first", three, [](EditedFile& file) {
+        file.unset("zelmora.db.dbname");
+        file.restore("zelmora.db.dbname");
+    });
+    row("one in the middle", three, [](EditedFile& file) {
+        file.unset("zelmora.db.hostname");
+        file.restore("zelmora.db.hostname");
+    });
+    row("all, the last one first", three, [](EditedFile& file) {
+        for (const char* key : {"zelmora.db.dbname", "zelmora.db.hostname", "zelmora.db.username"})
+            file.unset(key);
+        for (const char* key : {"zelmora.db.username", "zelmora.db.dbname", "zelmora.db.hostname"})
+            file.restore(key);
+    });
+    row("before what was added meanwhile", three, [](EditedFile& file) {
+        file.unset("zelmora.db.username");
+        file.set("zelmora.db.password", "4");
+        file.restore("zelmora.db.username");
+        file.restore("zelmora.db.password");
+    });
+    row("by its own value, set anew", three, [](EditedFile& file) {
+        file.unset("zelmora.db.hostname");
+        file.set("zelmora.db.hostname", "7");
+        file.set("zelmora.db.hostname", "2");
+    });
+    row("by its own value, typed anew", three, [](EditedFile& file) {
+        file.unset("zelmora.db.hostname");
+        for (const char* text : {"7", "", "2"})
+            file.type("zelmora.db.hostname", text);
+    });
+    row("an empty one", "zelmora: { db: { dbname = ; username = 3; }; };", [](EditedFile& file) {
+        file.set("zelmora.db.dbname", "1");
+        file.unset("zelmora.db.dbname");
+        file.restore("zelmora.db.dbname");
+    });
+    row("in each of the groups that repeat it",
+        "zelmora: { db: { dbname = 1; username = 2; }; db: { dbname = 3; hostname = 4; }; };", [](EditedFile& file) {
+            file.unset("zelmora.db.dbname");
+            file.restore("zelmora.db.dbname");
+        });
+    row("from the first group of the name to the second", "zelmora: { db: { username = 2; }; db: { dbname = 3; }; };",
+        [](EditedFile& file) {
+            file.addSetting(file.group({"zelmora", "db"}), "dbname");
+            file.setValue(file.group({"zelmora", "db"}), "dbname", "7");
+            file.restore("zelmora.db.dbname");
+        });
+    row("in the second group of the name", "zelmora: { db: { username = 2; }; db: { dbname = 3; hostname = 4; }; };",
+        [](EditedFile& file) {
+            file.unset("zelmora.db.dbname");
+            file.set("zelmora.db.dbname", "7");
+            file.restore("zelmora.db.dbname");
+        });
+}
+
+void TestEditedSettings::comesBackToItsPlace()
+{
+    QFETCH(QByteArray, before);
+    QFETCH(Action, action);
+    EditedFile file(before);
+    const QByteArray asItWas = file.now();
+    action(file);
+    QCOMPARE(file.now(), asItWas);
+    QVERIFY(!file.isModified());
+    while (file.canUndo())
+        file.undo();
+    QCOMPARE(file.now(), asItWas);
+}
+
+// It is the place in the file as it was saved.
+void TestEditedSettings::comesBackToItsPlaceAfterASave()
+{
+    EditedFile file(begin);
+    file.set("zelmora.db.hostname", "7");
+    file.set("zelmora.db.password", "8");
+    QCOMPARE(file.save(file.path, file.tryWriting(file.path)), QString());
+    file.unset("zelmora.db.hostname");
+    QVERIFY(file.isModified());
+    file.restore("zelmora.db.hostname");
+    QVERIFY(!file.isModified());
+}
+
+void TestEditedSettings::comesBackAsOneChange()
+{
+    EditedFile file(begin);
+    file.unset("zelmora.db.dbname");
+    const QByteArray without = file.now();
+    for (const char* text : {"7", "78"})
+        file.type("zelmora.db.dbname", text);
+    QCOMPARE(file.now(), QByteArray(begin).replace("\"1\"", "\"78\""));
+    file.undo();
+    QCOMPARE(file.now(), without);
+    file.redo();
+    QCOMPARE(file.now(), QByteArray(begin).replace("\"1\"", "\"78\""));
 }
 
 void TestEditedSettings::anEmptyGroupIsNoChange()

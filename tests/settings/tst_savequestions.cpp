@@ -11,6 +11,7 @@ private slots:
     void questions_data();
     void questions();
     void aGroupThatIsFilledIsNoLoss();
+    void whatIsHiddenByItsBeginning();
     void changedByOthers();
 };
 
@@ -63,6 +64,18 @@ void TestSaveQuestions::aGroupThatIsFilledIsNoLoss()
     QCOMPARE(asked(), 0);
     file.undo();
     QCOMPARE(asked(), 1);
+}
+
+// The file itself would be emptied; of a copy it is what the copy would lack.
+void TestSaveQuestions::whatIsHiddenByItsBeginning()
+{
+    EditedFile file("<!-- c -->\n<zelmora a='1'/>", "a.xml");
+    const auto asked = [&](const QString& path) {
+        const auto questions = questionsBeforeSaving(file.file(), path, file.tryWriting(path));
+        return questions.size() == 1 ? questions[0].text : QString::number(questions.size());
+    };
+    QCOMPARE(asked(file.path), "Nothing of the file " + file.path + " could be read. Saving empties it.");
+    QCOMPARE(asked(file.path + "2.xml"), QString("Saving will drop from the file:"));
 }
 
 void TestSaveQuestions::changedByOthers()

@@ -33,6 +33,7 @@ private slots:
     void aRemedyIsTakenBack();
     void notesOfTheGroup_data();
     void notesOfTheGroup();
+    void aNameThatAnotherGroupHasIsNotFree();
     void manyNotesAreCounted();
     void worst_data();
     void worst();
@@ -344,6 +345,16 @@ void TestSettingRows::notesOfTheGroup_data()
         << QByteArray("receiptdoc: { paperWidth = 32; }; recieptdoc: { paperWidth = 32; };")
         << "No program reads a group \"recieptdoc\" here: nothing in it is found. Is \"receiptdoc\" meant?"
         << "none";
+}
+
+// The slip, and that the group stands twice.
+void TestSettingRows::aNameThatAnotherGroupHasIsNotFree()
+{
+    EditedFile file("zelmora: { receiptdoc: { papperWidth = 20; }; receiptdoc: { paperWidth = 32; }; };");
+    const auto found = rowsOf(file, *vocabulary::findGroup("receiptdoc"));
+    QCOMPARE(found.notes.size(), 2);
+    for (const auto& note : found.notes)
+        QVERIFY2(!note.remedy, qPrintable(note.text));
 }
 
 void TestSettingRows::notesOfTheGroup()

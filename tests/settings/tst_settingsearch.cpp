@@ -39,6 +39,8 @@ void TestSettingSearch::finds_data()
                                          << "invoicedoc 1";
     QTest::newRow("the value of a secret is not looked at") << "s3cret"
                                                             << "";
+    QTest::newRow("a group and settings in it") << "database"
+                                                << "db 2";
     QTest::newRow("nothing") << "dinosaur"
                              << "";
 }

@@ -51,6 +51,12 @@ void TestNearest::nearest_data()
     row("two slips in a name of four", "nmae", {"name"}, "name");
     row("a name of one letter", "x", names, "");
     row("an accent is another letter", "pric\u00E8", names, "price");
+    row("two other letters, none of which the name has", "zriqe", names, "price");
+    row("two letters too many that it has not", "pricezq", names, "price");
+    row("letters that differ by 64", "A\u0161\u0162abc", {"A!\"abc"}, "A!\"abc");
+    row("two characters of two units are two slips", "\U0001F355\U0001F9C0ice", {"price"}, "price");
+    row("characters of two units for others", "\U0001F355\U0001F9C0ce", {"\U0001F414\U0001F420ce"},
+        "\U0001F414\U0001F420ce");
     row("a character of two units is one slip", "price\U0001F355\U0001F355", names, "price");
 }
 
