@@ -110,6 +110,8 @@ void TestScriptDocuments::faults_data()
     row("a discount is no sale", {"CLEAR ", "CHIAVE REG", "SCONTO VAL=1", "CHIUS T=1"}, {"1:1 no-sale"});
     row("payments below the sum", {"CLEAR ", "CHIAVE REG", sale, "1000H1T", "499H3T", "CHIUS T=1"},
         {"5:1 payments-below-sum 0.01"});
+    row("the last of three payments", {"CLEAR ", "CHIAVE REG", sale, "1H1T", "1H3T", "1H5T", "CHIUS T=1"},
+        {"6:1 payments-below-sum 14.97"});
     row("payments of the sum", {"CLEAR ", "CHIAVE REG", sale, "1000H1T", "500H3T", "CHIUS T=1"});
     row("payments above the sum", {"CLEAR ", "CHIAVE REG", sale, "2000H1T", "CHIUS T=1"});
     row("payments below a sum that is not known",
