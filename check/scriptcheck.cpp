@@ -155,6 +155,11 @@ void addPlain(Findings& findings, const Fault& fault)
             Code::QuoteInText,
             QObject::tr("The apostrophe ends the register's text early: write ` in its place. The text becomes: %1")
                 .arg(shown(fault.text)));
+    case Fault::BehindQuote:
+        return tell(Code::QuoteInText,
+                    QObject::tr("The text ends at this quote, and the command does not end with one: \"%1\" stands "
+                                "behind the last quote.")
+                        .arg(shown(fault.text)));
     case Fault::NoSale:
         return tell(Code::NoSale, QObject::tr("The fiscal receipt that begins here sells nothing."));
     case Fault::PaymentsBelowSum:

@@ -1,10 +1,11 @@
 #include "paper/comparison.h"
 
 #include "paper/cells.h"
-#include "paper/characters.h"
 #include "paper/rowmatches.h"
+#include "paper/rowpairs.h"
 
 #include <QHash>
+#include <QStringList>
 
 #include <algorithm>
 
@@ -22,9 +23,9 @@ QString seen(const Row& row)
         text += reader.cell().drawn;
     while (text.endsWith(QLatin1Char(' ')))
         text.chop(1);
-    for (const MarkedPart& part : row.marked) {
-        if (part.mark != Mark::Changed)
-            text += QStringLiteral("\n%1 %2 %3").arg(int(part.mark)).arg(part.begin).arg(part.length);
+    for (const MarkedColumns& marked : markedColumns(row)) {
+        if (marked.mark != Mark::Changed)
+            text += QStringLiteral("\n%1 %2 %3").arg(int(marked.mark)).arg(marked.begin).arg(marked.width);
     }
     return text;
 }
@@ -63,35 +64,6 @@ private:
     QHash<QString, int> numbers;
 };
 
-/// Whether a character may be told from the one before it: no half of one, and no mark that joins it.
-bool isBoundary(const QString& text, int index)
-{
-    if (index >= text.size())
-        return true;
-    int next = index;
-    return !text.at(index).isLowSurrogate() && shapeOf(nextCharacter(text, next)) != Shape::Combining;
-}
-
-int commonBegin(const QString& left, const QString& right)
-{
-    const int most = std::min(left.size(), right.size());
-    int length = static_cast<int>(std::mismatch(left.begin(), left.begin() + most, right.begin()).first - left.begin());
-    while (length > 0 && !(isBoundary(left, length) && isBoundary(right, length)))
-        --length;
-    return length;
-}
-
-/// At the end, of what lies behind the first @p begin units.
-int commonEnd(const QString& left, const QString& right, int begin)
-{
-    const int most = std::min(left.size(), right.size()) - begin;
-    int length =
-        static_cast<int>(std::mismatch(left.rbegin(), left.rbegin() + most, right.rbegin()).first - left.rbegin());
-    while (length > 0 && !(isBoundary(left, left.size() - length) && isBoundary(right, right.size() - length)))
-        --length;
-    return length;
-}
-
 /// Rows that stand beside each other, by their numbers.
 struct RowPair {
     int left; ///< -1: there is none
@@ -99,28 +71,57 @@ struct RowPair {
     bool isSame;
 };
 
+/// Rows of one paper from one to before another one.
+struct Block {
+    int begin;
+    int end;
+};
+
+QStringList textsOf(const Rows& rows, Block block)
+{
+    QStringList texts;
+    for (int row = block.begin; row < block.end; ++row)
+        texts += rows.at(row).text;
+    return texts;
+}
+
+/// Adds the rows of two blocks that have none in common; what stands alone goes before the next pair.
+void addChanged(QVector<RowPair>& pairs, const Rows& left, Block onLeft, const Rows& right, Block onRight)
+{
+    const QVector<RowMatch> beside = rowPairs(textsOf(left, onLeft), textsOf(right, onRight));
+    RowMatch next {onLeft.begin, onRight.begin};
+    const auto addAlone = [&](int leftEnd, int rightEnd) {
+        while (next.left < leftEnd)
+            pairs += RowPair {next.left++, -1, false};
+        while (next.right < rightEnd)
+            pairs += RowPair {-1, next.right++, false};
+    };
+    for (const RowMatch& pair : beside) {
+        addAlone(onLeft.begin + pair.left, onRight.begin + pair.right);
+        pairs += RowPair {next.left++, next.right++, false};
+    }
+    addAlone(onLeft.end, onRight.end);
+}
+
 QVector<RowPair> pairsOf(const Rows& left, const Rows& right)
 {
     RowNumbers numbers;
     const QVector<int> leftNumbers = numbers.of(left);
     const QVector<int> rightNumbers = numbers.of(right);
-    QVector<RowMatch> matches = rowMatches(leftNumbers, rightNumbers);
-    matches += RowMatch {left.size(), right.size()}; // what is behind the last one goes before this
     QVector<RowPair> pairs;
     RowMatch next {0, 0};
-    for (const RowMatch& match : qAsConst(matches)) {
-        while (next.left < match.left || next.right < match.right)
-            pairs += RowPair {next.left < match.left ? next.left++ : -1, next.right < match.right ? next.right++ : -1,
-                              false};
-        pairs += RowPair {next.left++, next.right++, true};
+    for (const RowMatch& match : rowMatches(leftNumbers, rightNumbers)) {
+        addChanged(pairs, left, {next.left, match.left}, right, {next.right, match.right});
+        pairs += RowPair {match.left, match.right, true};
+        next = {match.left + 1, match.right + 1};
     }
-    pairs.removeLast();
+    addChanged(pairs, left, {next.left, left.size()}, right, {next.right, right.size()});
     return pairs;
 }
 
-void markChanged(Row& row, int begin, int end)
+void markChanged(Row& row, CommonParts common)
 {
-    row.marked += MarkedPart {Mark::Changed, begin, row.text.size() - begin - end};
+    row.marked += MarkedPart {Mark::Changed, common.begin, row.text.size() - common.begin - common.end};
 }
 
 /// A pair, marked where it is none of rows that are the same; an empty row where there is none.
@@ -135,12 +136,11 @@ MarkedPair markedPair(const Rows& left, const Rows& right, const RowPair& pair)
     if (pair.isSame)
         return marked;
     const bool areBoth = pair.left >= 0 && pair.right >= 0;
-    const int begin = areBoth ? commonBegin(marked.left.text, marked.right.text) : 0;
-    const int end = areBoth ? commonEnd(marked.left.text, marked.right.text, begin) : 0;
+    const CommonParts common = areBoth ? commonParts(marked.left.text, marked.right.text) : CommonParts {0, 0};
     if (pair.left >= 0)
-        markChanged(marked.left, begin, end);
+        markChanged(marked.left, common);
     if (pair.right >= 0)
-        markChanged(marked.right, begin, end);
+        markChanged(marked.right, common);
     return marked;
 }
 

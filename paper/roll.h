@@ -49,6 +49,7 @@ struct Fault {
         NotClosed, ///< text: the closing command that is missing
         OpenedTwice, ///< text: the command
         QuoteInText, ///< text: what stands before the quote
+        BehindQuote, ///< text: what stands behind the last quote, which should end the command; at the first quote
         NoSale,
         PaymentsBelowSum, ///< text: the amount that is missing
         InvalidBytes, ///< text: them, in hexadecimal digits, two for each

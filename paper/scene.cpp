@@ -84,9 +84,17 @@ Scene::BandPlace Scene::placeBand(const Sheet::Band& band, int top)
     return place;
 }
 
+/// The first band that ends below @p y, or how many there are: a page looks at its own alone.
+int Scene::bandAt(int y) const
+{
+    const auto found =
+        std::partition_point(places.begin(), places.end(), [y](const BandPlace& place) { return place.bottom <= y; });
+    return static_cast<int>(found - places.begin());
+}
+
 void Scene::draw(Canvas& canvas, int top, int bottom) const
 {
-    for (int i = 0; i < places.size(); ++i) {
+    for (int i = bandAt(top); i < places.size() && places.at(i).top < bottom; ++i) {
         for (int strip = 0; strip < sheet.bands.at(i).size(); ++strip)
             drawStrip(canvas, places.at(i), strip, sheet.bands.at(i).at(strip), {top, bottom});
     }
@@ -122,14 +130,14 @@ void Scene::drawRow(Canvas& canvas, const Row& row, int most, QPoint begin) cons
 int Scene::pageEnd(int top, int height) const
 {
     const int end = top + height;
-    const auto cut = std::find_if(places.begin(), places.end(),
-                                  [end](const BandPlace& place) { return end < place.bottom - padding; });
-    if (cut == places.end())
+    const int cut = bandAt(end + padding);
+    if (cut == places.size())
         return wholeSize.height(); // what is left is margin
-    if (end <= cut->top)
-        return cut->top;
-    const int rows = (end - cut->rows) / cellHeight;
-    const int between = end < cut->rows + cellHeight ? cut->top : cut->rows + rows * cellHeight;
+    const BandPlace& place = places.at(cut);
+    if (end <= place.top)
+        return place.top;
+    const int rows = (end - place.rows) / cellHeight;
+    const int between = end < place.rows + cellHeight ? place.top : place.rows + rows * cellHeight;
     return between > top ? between : end;
 }
 

@@ -61,6 +61,7 @@ private:
     };
 
     BandPlace placeBand(const Sheet::Band& band, int top);
+    int bandAt(int y) const;
     void drawStrip(Canvas& canvas, const BandPlace& place, int index, const Strip& strip, Extent extent) const;
     void drawRow(Canvas& canvas, const Row& row, int most, QPoint begin) const;
 

@@ -199,8 +199,12 @@ void ScriptReader::end(OpenDocument& document)
 
 void ScriptReader::judgeText(const Command& command)
 {
-    if (!command.behindQuote.isEmpty())
-        roll.faults += Fault {Fault::QuoteInText, toolkit::after(place, line.left(command.quote)), command.text};
+    if (command.behindQuote.isEmpty())
+        return;
+    const TextPlace at = toolkit::after(place, line.left(command.quote));
+    const bool isInText = command.behindQuote.endsWith(registercommands::quote);
+    roll.faults += isInText ? Fault {Fault::QuoteInText, at, command.text}
+                            : Fault {Fault::BehindQuote, at, line.mid(line.lastIndexOf(registercommands::quote) + 1)};
 }
 
 /// As the check of a job counts: characters, whatever they take on paper, and no line of blanks.

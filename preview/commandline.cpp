@@ -37,7 +37,7 @@ struct TaskRules {
 constexpr TaskRules taskRules[] = {
     {Call::Task::Help, "help"_L1, {}, 0, -1, {}},
     {Call::Task::Version, "version"_L1, {}, 0, -1, {}},
-    {Call::Task::Proof, "proof"_L1, "output settings scale"_L1, 0, 0,
+    {Call::Task::Proof, "proof"_L1, "output settings plain scale"_L1, 0, 0,
      "The option --proof draws the built-in samples: it takes no files."_L1},
     {Call::Task::Compare, "compare"_L1, "output encoding scale"_L1, 2, 2,
      "The option --compare takes two scripts or two folders, the old and the new."_L1},

@@ -2203,6 +2203,10 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
         <translation>L&apos;apostrofo chiude in anticipo il testo per il registratore: scrivere ` al suo posto. Il testo diventa: %1</translation>
     </message>
     <message>
+        <source>The text ends at this quote, and the command does not end with one: &quot;%1&quot; stands behind the last quote.</source>
+        <translation>Il testo finisce a questo apice, e il comando non finisce con un apice: dopo l&apos;ultimo si trova &quot;%1&quot;.</translation>
+    </message>
+    <message>
         <source>The fiscal receipt that begins here sells nothing.</source>
         <translation>Lo scontrino fiscale che comincia qui non vende nulla.</translation>
     </message>

@@ -4,6 +4,7 @@
 #include "paper/scene.h"
 
 #include <QBuffer>
+#include <QHash>
 #include <QImage>
 #include <QObject>
 #include <QPainter>
@@ -44,12 +45,24 @@ public:
 
 protected:
     QPainter& painter;
+
+private:
+    int widthOf(const QString& characters);
+
+    QHash<QString, int> widths; ///< of a cell's characters, once measured
 };
+
+int PainterCanvas::widthOf(const QString& characters)
+{
+    const auto known = widths.constFind(characters);
+    return known != widths.constEnd() ? *known
+                                      : *widths.insert(characters, painter.fontMetrics().horizontalAdvance(characters));
+}
 
 /// In the middle of the cell, which the font may not fill or may overflow.
 void PainterCanvas::drawCell(const QRect& area, const QString& characters)
 {
-    const int width = painter.fontMetrics().horizontalAdvance(characters);
+    const int width = widthOf(characters);
     painter.drawText(QPointF(area.x() + (area.width() - width) / 2.0, area.y() + baseline), characters);
 }
 

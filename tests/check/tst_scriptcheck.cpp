@@ -89,6 +89,11 @@ void TestScriptCheck::texts_data()
         "\"CLEAR \" opens a document while another one is open: that one must be closed first.");
     row("an apostrophe", {"nofis apri", "nofis riga='l'acqua'", "nofis chiudi"}, "2:14 error quote-in-text",
         "The apostrophe ends the register's text early: write ` in its place. The text becomes: l");
+    row("a blank at the end", {"nofis apri", "nofis riga='acqua' ", "nofis chiudi"}, "2:18 error quote-in-text",
+        "The text ends at this quote, and the command does not end with one: \" \" stands behind the last quote.");
+    row("an apostrophe and no closing quote", {"nofis apri", "nofis riga='l'acqua", "nofis chiudi"},
+        "2:14 error quote-in-text",
+        "The text ends at this quote, and the command does not end with one: \"acqua\" stands behind the last quote.");
     row("nothing sold", {"CLEAR ", "CHIAVE REG", "CHIUS T=1"}, "1:1 warning no-sale",
         "The fiscal receipt that begins here sells nothing.");
     row("paid too little", {"CLEAR ", "CHIAVE REG", sale().toUtf8(), "500H1T", "CHIUS T=1"},

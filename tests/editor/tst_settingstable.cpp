@@ -88,6 +88,7 @@ private slots:
     void fitsASmallScreen();
 
 private:
+    void showWindow();
     void open(const QByteArray& bytes);
     QByteArray saved() const { return fileContents(path).simplified(); }
     void save() { person->press(Qt::Key_S, Qt::ControlModifier); }
@@ -128,6 +129,11 @@ void TestSettingsTable::init()
     qputenv("PATH", QFile::encodeName(QFileInfo(ZELMORA_PRINT_PROGRAM).path()) + ":/usr/bin:/bin");
     folder = std::make_unique<QTemporaryDir>();
     path = folder->filePath("zelmora.conf");
+    showWindow();
+}
+
+void TestSettingsTable::showWindow()
+{
     window = std::make_unique<SettingsWindow>();
     person = std::make_unique<Person>(*window);
     window->show();
@@ -993,7 +999,10 @@ void TestSettingsTable::saysThatAFileMayNotBeWritten()
     writeBytes(path, suite("db: { dbname = soup; };"));
     setPermissions(path, 0444);
     setPermissions(folder->path(), 0755);
-    const OrdinaryUser someone;
+    person.reset();
+    window.reset();
+    const OrdinaryUser someone; // whose own window can remove the folders that it makes for the paper
+    showWindow();
     window->openFile(path);
     QVERIFY(person->reads("The file " + path + " may not be written: save under another name."));
 }

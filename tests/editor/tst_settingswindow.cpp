@@ -111,6 +111,8 @@ private:
     bool isSaveEnabled() const { return fileAction("&Save")->isEnabled(); }
     QString write(const char* name, const QByteArray& bytes) const;
     void open(const QString& path);
+    void showWindow();
+    std::unique_ptr<OrdinaryUser> becomeOrdinaryUser();
     void openSettings(const QByteArray& bytes) { open(write("zelmora.conf", bytes)); }
     void showWhatIsWrong();
     QByteArray savedBytes() const { return fileContents(folder->filePath("zelmora.conf")); }
@@ -172,6 +174,11 @@ void TestSettingsWindow::init()
     folder = std::make_unique<QTemporaryDir>();
     toolkitMessages.clear();
     qInstallMessageHandler(noteMessage);
+    showWindow();
+}
+
+void TestSettingsWindow::showWindow()
+{
     window = std::make_unique<SettingsWindow>();
     person = std::make_unique<Person>(*window);
     window->show();
@@ -186,6 +193,18 @@ void TestSettingsWindow::cleanup()
     qInstallMessageHandler(nullptr);
     QCOMPARE(boxes, QStringList());
     QCOMPARE(toolkitMessages.join('\n'), QString());
+}
+
+/// With a window of that user's own, which can remove the folders that it makes for the paper; those of a window of
+/// root's would be left.
+std::unique_ptr<OrdinaryUser> TestSettingsWindow::becomeOrdinaryUser()
+{
+    person.reset();
+    window.reset();
+    setPermissions(folder->path(), 0777);
+    auto user = std::make_unique<OrdinaryUser>();
+    showWindow();
+    return user;
 }
 
 QString TestSettingsWindow::write(const char* name, const QByteArray& bytes) const
@@ -602,16 +621,13 @@ void TestSettingsWindow::saveIsForWhatCouldNotBeSaved()
 
 void TestSettingsWindow::aCopyThatCouldNotBeSavedIsNoChange()
 {
+    const auto someone = becomeOrdinaryUser();
     openSettings(smallFile);
     QVERIFY(QDir(folder->path()).mkdir("closed"));
-    QCOMPARE(chmod(QFile::encodeName(folder->path()).constData(), 0755), 0);
-    QCOMPARE(chmod(QFile::encodeName(folder->filePath("closed")).constData(), 0555), 0);
+    setPermissions(folder->filePath("closed"), 0555);
     person->willType(folder->filePath("closed/copy.conf"));
     person->willPress(QMessageBox::Ok);
-    {
-        const OrdinaryUser someone;
-        person->press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
-    }
+    person->press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
     QCOMPARE(person->readBoxes().size(), 1);
     QVERIFY(!isSaveEnabled());
     QVERIFY(!window->isWindowModified());
@@ -926,16 +942,13 @@ void TestSettingsWindow::cannotBeWritten()
 
 void TestSettingsWindow::readOnly()
 {
+    const auto someone = becomeOrdinaryUser();
     openSettings(smallFile);
     person->change(receiptWidth, "48");
     const QString path = folder->filePath("zelmora.conf");
     setPermissions(path, 0444);
-    setPermissions(folder->path(), 0777);
     person->willPress(QMessageBox::Ok);
-    {
-        const OrdinaryUser someone;
-        person->press(Qt::Key_S, Qt::ControlModifier);
-    }
+    person->press(Qt::Key_S, Qt::ControlModifier);
 
     const QStringList told = person->readBoxes();
     QCOMPARE(told.size(), 1);
@@ -1182,23 +1195,24 @@ void TestSettingsWindow::aMissingSemicolonCostsNothingUnseen()
 void TestSettingsWindow::whatCannotBeKeptIsAskedAgain()
 {
     const QByteArray bytes = smallFile + "other: { b = 2; };";
-    const QString path = folder->filePath("zelmora.conf");
-    openSettings(bytes);
+    const auto someone = becomeOrdinaryUser();
+    const QString place = folder->filePath("closed");
+    QVERIFY(QDir().mkdir(place));
+    const QString path = write("closed/zelmora.conf", bytes);
+    open(path);
     person->change(receiptWidth, "48");
-    setPermissions(path, 0666);
-    setPermissions(folder->path(), 0555); // there may be no new file in it
+    setPermissions(place, 0555); // there may be no new file in it
     const QString question = "The file as it is now cannot be kept as " + path + "~: ";
     for (const auto answer : {QMessageBox::Cancel, QMessageBox::Save}) {
-        const OrdinaryUser someone;
         person->willPress(QMessageBox::Save);
         person->willPress(answer);
         person->press(Qt::Key_S, Qt::ControlModifier);
         const QStringList told = person->readBoxes();
         QCOMPARE(told.size(), 2);
         QVERIFY2(told[1].startsWith(question), qPrintable(told[1]));
-        QCOMPARE(savedBytes(), answer == QMessageBox::Save ? smallFileWithReceiptWidth("48") : bytes);
+        QCOMPARE(fileContents(path), answer == QMessageBox::Save ? smallFileWithReceiptWidth("48") : bytes);
     }
-    setPermissions(folder->path(), 0777);
+    setPermissions(place, 0700);
 }
 
 void TestSettingsWindow::otherTextsAreForReadingOnly_data()

@@ -11,9 +11,9 @@
 inline QStringList faultsOf(const paper::Roll& roll)
 {
     // In the order of their kinds.
-    static const char* const names[] = {"no-command",         "not-opened",    "not-closed",
-                                        "opened-twice",       "quote-in-text", "no-sale",
-                                        "payments-below-sum", "invalid-bytes", "too-wide"};
+    static const char* const names[] = {"no-command",    "not-opened",   "not-closed", "opened-twice",
+                                        "quote-in-text", "behind-quote", "no-sale",    "payments-below-sum",
+                                        "invalid-bytes", "too-wide"};
     QStringList faults;
     for (const paper::Fault& fault : roll.faults)
         faults += QStringLiteral("%1:%2 %3%4")

@@ -192,6 +192,7 @@ void TestCells::cellsKnowTheirText()
     QCOMPARE(shown(edge).section(' ', -1), "32=" + han);
     QCOMPARE(paper::columns(edge), 34);
     QCOMPARE(shown(QString(30, 'x') + han).section(' ', -1), "30=" + han);
+    QCOMPARE(shown(QString(63, 'x') + han).section(' ', -1), "63=" + han); // there is no edge any more
 }
 
 void TestCells::marks_data()

@@ -110,6 +110,9 @@ void TestFiscalReceipt::rows_data()
     row("no description", {"VEND REP=1,QTY=1,PREZZO=1,DES=''"},
         {"                            1.00", "  1 x 1.00                 REP 1", dashes,
          "TOTAL                       1.00"});
+    const QByteArray price = QByteArray(29, '9');
+    row("no description, and an amount as wide as the paper", {"VEND REP=1,QTY=1,PREZZO=" + price + ",DES=''"},
+        {price + ".00", "  1 x " + price + ".00", "                           REP 1", dashes, "TOTAL", price + ".00"});
     row("a department of many letters", {"VEND REP=" + QByteArray(25, 'r') + ",QTY=1,PREZZO=1,DES='a'"},
         {"a                           1.00", "  1 x 1.00", "   REP " + QString(25, 'r'), dashes,
          "TOTAL                       1.00"});

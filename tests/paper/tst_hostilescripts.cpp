@@ -1,5 +1,6 @@
 #include "paper/comparison.h"
 #include "paper/drawing.h"
+#include "paper/scene.h"
 #include "paper/sheet.h"
 #include "rolls.h"
 #include "support/processortime.h"
@@ -20,6 +21,7 @@ private slots:
     void timeGrowsWithTheScript_data();
     void timeGrowsWithTheScript();
     void drawingsStayInProportion();
+    void pagesOfManyDocuments();
     void nulsAreCharacters();
 };
 
@@ -42,6 +44,17 @@ void useAll(const QByteArray& script)
     paper::svgDrawing(sheet);
     paper::looksAlike(roll, readRoll(script.left(script.size() / 2)));
 }
+
+/// Draws nothing.
+class CellCount : public paper::Canvas {
+public:
+    void drawPaper(const QRect&) override { }
+    void drawMark(const QRect&, paper::Mark) override { }
+    void drawChangeBar(const QRect&) override { }
+    void drawCell(const QRect&, const QString&) override { ++count; }
+
+    int count = 0;
+};
 
 int millisecondsFor(const QByteArray& script)
 {
@@ -111,6 +124,24 @@ void TestHostileScripts::drawingsStayInProportion()
     paper::Rows mixed = many;
     mixed += readRoll(script).documents.first().rows;
     QVERIFY(paper::textDrawing({{{{{}, mixed}, {{}, mixed}}}}, paper::Frame::Ascii).size() < 30 * script.size());
+}
+
+/// A page takes what stands on it, not what stands on all the others.
+void TestHostileScripts::pagesOfManyDocuments()
+{
+    paper::Sheet sheet;
+    for (int i = 0; i < 100000; ++i)
+        sheet.bands += paper::Sheet::Band {{{}, {{"a"}}}};
+    const paper::Scene scene(sheet);
+    CellCount cells;
+    const ProcessorTime time;
+    for (int top = 0; top < scene.size().height();) {
+        const int end = scene.pageEnd(top, 1380);
+        scene.draw(cells, top, end);
+        top = end;
+    }
+    QCOMPARE(cells.count, 100000);
+    QVERIFY2(time.milliseconds() < 2000, qPrintable(QString::number(time.milliseconds())));
 }
 
 void TestHostileScripts::nulsAreCharacters()

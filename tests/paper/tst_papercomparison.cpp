@@ -28,6 +28,7 @@ private slots:
     void changedParts();
     void changesOfOnePaper();
     void sameRowsAreKept();
+    void longRowsTakeNoTime();
     void strangePapersTakeNoTime();
 };
 
@@ -96,6 +97,11 @@ void TestPaperComparison::likeness_data()
     row("two documents in place of one", document({"a", "b"}), document({"a"}) + document({"b"}), false);
     row("blanks past the edge are marked", document({x32}), document({x32 + "  "}), false);
     row("a text behind a quote is marked", document({"ab"}), document({"a'b"}), false);
+    const QByteArray eightMarks = QByteArray("e") + QByteArray("\xCC\x81").repeated(8);
+    row("marks that have no room on a character before what is past the edge", document({eightMarks + x32}),
+        document({eightMarks + "\xCC\x81" + x32}), true);
+    row("what takes more bytes behind a quote and is drawn alike", document({"'\xE2\x80\x8B"}),
+        document({"'\xF3\xA0\x80\x81"}), true);
     row("another price", fiscalReceipt({"VEND REP=1,QTY=1,PREZZO=1,DES='a'"}),
         fiscalReceipt({"VEND REP=1,QTY=1,PREZZO=2,DES='a'"}), false);
     row("another way to write a price", fiscalReceipt({"VEND REP=1,QTY=1,PREZZO=1,DES='a'"}),
@@ -131,6 +137,20 @@ void TestPaperComparison::alignments_data()
     row("nothing in common", {"a", "b"}, {"x"}, "~a|x -b");
     row("an empty row gone", {"a", "", "b"}, {"a", "b"}, "=a - =b");
     row("repeated rows", {"a", "a", "a"}, {"a", "a"}, "=a =a -a");
+    row("one added before two that changed", {"a", "fish1", "soup1", "d"}, {"a", "x", "fish2", "soup2", "d"},
+        "=a +x ~fish1|fish2 ~soup1|soup2 =d");
+    row("one gone before two that changed", {"a", "x", "fish1", "soup1"}, {"a", "fish2", "soup2"},
+        "=a -x ~fish1|fish2 ~soup1|soup2");
+    row("one added and one gone around two that changed", {"fish1", "soup1", "y"}, {"x", "fish2", "soup2"},
+        "+x ~fish1|fish2 ~soup1|soup2 -y");
+    row("a row that moved to the right and one before it", {"fish"}, {"x", "    fish"}, "+x ~fish|    fish");
+    row("blanks around are no likeness", {"      fish      "}, {"x", "      soup      "},
+        "~      fish      |x +      soup      ");
+    row("less than half in common is no likeness", {"fish12"}, {"x", "fi3456"}, "~fish12|x +fi3456");
+    row("half in common is one", {"fish12"}, {"x", "fis456"}, "+x ~fish12|fis456");
+    row("one character more in common is better than one more pair", {"f1", "x"}, {"y", "f2"}, "+y ~f1|f2 -x");
+    row("of rows that changed places those that leave more pairs", {"soup1", "fish1"}, {"fish2", "soup2", "x"},
+        "+fish2 ~soup1|soup2 ~fish1|x");
 }
 
 void TestPaperComparison::alignments()
@@ -185,6 +205,11 @@ void TestPaperComparison::changesOfOnePaper()
     QCOMPARE(rows.at(1).marked.size(), 1);
     QCOMPARE(rows.at(2).marked.first().begin, 1);
     QVERIFY(paper::withChanges(rowsOf({"a"}), rowsOf({"a", "gone"})).first().marked.isEmpty());
+    // One more at the beginning is no change of those behind it.
+    const Rows more = paper::withChanges(rowsOf({"new", "fish 2", "soup 2"}), rowsOf({"fish 1", "soup 1"}));
+    QCOMPARE(more.at(0).marked.first().length, 3);
+    QCOMPARE(more.at(1).marked.first().begin, 5);
+    QCOMPARE(more.at(2).marked.first().begin, 5);
     // Marks that stood there stay.
     const Row marked {"it's", {{paper::Mark::BehindQuote, 2, 2}}, {}};
     QCOMPARE(paper::withChanges({marked}, rowsOf({"x"})).first().marked.size(), 2);
@@ -213,6 +238,19 @@ void TestPaperComparison::sameRowsAreKept()
         QCOMPARE(foundRight, right);
         QCOMPARE(same, longestCommon(left, right));
     }
+}
+
+void TestPaperComparison::longRowsTakeNoTime()
+{
+    QStringList left;
+    QStringList right;
+    for (int i = 0; i < 400; ++i) {
+        left += QString(20000, 'x') + QString::number(i);
+        right += QString(20000, 'x') + QString::number(1000 - i);
+    }
+    const ProcessorTime time;
+    QCOMPARE(alignedRows(rowsOf(left), rowsOf(right)).left.size(), 400);
+    QVERIFY2(time.milliseconds() < 5000, qPrintable(QString::number(time.milliseconds())));
 }
 
 void TestPaperComparison::strangePapersTakeNoTime()

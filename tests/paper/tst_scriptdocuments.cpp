@@ -49,7 +49,7 @@ void TestScriptDocuments::faults_data()
     row("a line without its closing quote", {"nofis apri", "nofis riga='a", "nofis chiudi"},
         {"2:1 no-command nofis riga='a"});
     row("a line without its closing quote, but with one within", {"nofis apri", "nofis riga='a'b", "nofis chiudi"},
-        {"2:14 quote-in-text a"});
+        {"2:14 behind-quote b"});
     row("a sale without its closing quote", {"CLEAR ", "CHIAVE REG", sale.chopped(1), "CHIUS T=1"},
         {"3:1 no-command VEND REP=1,QTY=2,PREZZO=7.50,DES='PIZZA"});
 
@@ -99,16 +99,19 @@ void TestScriptDocuments::faults_data()
         {"4:1 opened-twice nofis apri"});
 
     row("a quote within a line", {"nofis apri", "nofis riga='it's'", "nofis chiudi"}, {"2:15 quote-in-text it"});
+    row("a quote within a line that has none at its end", {"nofis apri", "nofis riga='it's at l'a", "nofis chiudi"},
+        {"2:15 behind-quote a"});
     row("several quotes are one fault", {"nofis apri", "nofis riga='a'b'c'", "nofis chiudi"}, {"2:14 quote-in-text a"});
     row("a quote within a sale", {"CLEAR ", "CHIAVE REG", "VEND REP=1,QTY=1,PREZZO=1,DES='Baba' al rum'", "CHIUS T=1"},
         {"3:36 quote-in-text Baba"});
-    row("a blank behind the closing quote", {"nofis apri", "nofis riga='a' ", "nofis chiudi"},
-        {"2:14 quote-in-text a"});
+    row("a blank behind the closing quote", {"nofis apri", "nofis riga='a' ", "nofis chiudi"}, {"2:14 behind-quote  "});
 
     row("a fiscal receipt without a sale", {"CLEAR ", "CHIAVE REG", "CHIUS T=1"}, {"1:1 no-sale"});
     row("a discount is no sale", {"CLEAR ", "CHIAVE REG", "SCONTO VAL=1", "CHIUS T=1"}, {"1:1 no-sale"});
     row("payments below the sum", {"CLEAR ", "CHIAVE REG", sale, "1000H1T", "499H3T", "CHIUS T=1"},
         {"5:1 payments-below-sum 0.01"});
+    row("the last of three payments", {"CLEAR ", "CHIAVE REG", sale, "1H1T", "1H3T", "1H5T", "CHIUS T=1"},
+        {"6:1 payments-below-sum 14.97"});
     row("payments of the sum", {"CLEAR ", "CHIAVE REG", sale, "1000H1T", "500H3T", "CHIUS T=1"});
     row("payments above the sum", {"CLEAR ", "CHIAVE REG", sale, "2000H1T", "CHIUS T=1"});
     row("payments below a sum that is not known",
@@ -180,7 +183,7 @@ void TestScriptDocuments::lineEnds_data()
     row("line feed alone", "nofis apri\nnofis riga='a'\nnofis chiudi\n", {"a"});
     row("no end behind the last", "nofis apri\r\nnofis riga='a'\r\nnofis chiudi", {"a"});
     row("one carriage return belongs to the end, another does not",
-        "nofis apri\r\nnofis riga='a'\r\r\nnofis chiudi\r\n", {"a\r"}, {"2:14 quote-in-text a"});
+        "nofis apri\r\nnofis riga='a'\r\r\nnofis chiudi\r\n", {"a\r"}, {"2:14 behind-quote \r"});
     row("a carriage return alone is a character", "nofis apri\r\nnofis riga='a\rb'\r\nnofis chiudi\r\n", {"a\rb"});
     row("a carriage return at the end of the file is a character", "nofis apri\r\nnofis riga='a'\r\nnofis chiudi\r",
         {"a"}, {"1:1 not-closed nofis chiudi", "3:1 no-command nofis chiudi\r"});

@@ -25,6 +25,7 @@ private slots:
     void plainIsWhole();
     void plainOfAFiscalDocument();
     void allSamplesOnOneSheet();
+    void rowsOfAllSamples();
 
     void statuses_data();
     void statuses();
@@ -290,6 +291,21 @@ void TestPaperDrawing::allSamplesOnOneSheet()
     QVERIFY(run.standardOutput.contains("Statement of account\n"));
 }
 
+void TestPaperDrawing::rowsOfAllSamples()
+{
+    PaperRun run;
+    run.setSettings(exampleSettings());
+    QStringList arguments {"--plain"};
+    for (const char* file : {"kitchen-order", "full-order", "receipt", "invoice", "delivery-note", "fiscal-receipt",
+                             "summary-order", "summary-receipt", "summary-invoice", "summary-fiscal-receipt", "report",
+                             "sold-list", "statement-of-account"})
+        arguments += examples.filePath(QString(file) + ".xml");
+    QCOMPARE(run.statusOf(arguments), 0);
+    const QByteArray rows = run.standardOutput;
+    QCOMPARE(run.statusOf({"--proof", "--plain"}), 0);
+    QVERIFY2(run.standardOutput == rows, difference(rows, run.standardOutput).constData());
+}
+
 void TestPaperDrawing::statuses_data()
 {
     QTest::addColumn<QStringList>("arguments");
@@ -373,7 +389,6 @@ void TestPaperDrawing::wrongCalls_data()
         "The scale is a whole number from 1 to 8, and \"1.5\" is none.");
     row("an unknown encoding", {"--encoding", "klingon", "a.txt"}, "There is no encoding \"klingon\".");
     row("a proof of files", {"--proof", "a.txt"}, "The option --proof draws the built-in samples: it takes no files.");
-    row("a proof, plain", {"--proof", "--plain"}, "The options --proof and --plain cannot be had together.");
     row("a proof with an encoding", {"--proof", "--encoding", "latin1"},
         "The options --proof and --encoding cannot be had together.");
     row("a comparison of one", {"--compare", "a.txt"},

@@ -186,7 +186,7 @@ void TestPaperFiles::takesTheOldOnesPlace()
     QCOMPARE(permissionsOf(run.path("b.txt")), mode_t(0640));
 }
 
-// A script that ends in .txt, through a link too; settings; one in a folder of scripts.
+// A script that ends in .txt, through a link too; settings, those to rehearse too; one in a folder of scripts.
 void TestPaperFiles::isNotWhatItIsDrawnFrom()
 {
     OneScript run;
@@ -203,6 +203,12 @@ void TestPaperFiles::isNotWhatItIsDrawnFrom()
     run.writeFile("settings.txt", "zelmora: { };");
     QCOMPARE(run.statusOf({"-o", "settings.txt", "--settings", "settings.txt", "a.txt"}), 2);
     QCOMPARE(run.fileOf("settings.txt"), QByteArray("zelmora: { };"));
+
+    run.writeFile("others.txt", simpleSettings());
+    run.writeFile("job.xml", jobOf("two"));
+    QCOMPARE(run.statusOf({"--rehearse", "others.txt", "-o", "drawn.txt", "job.xml"}), 1);
+    QCOMPARE(run.statusOf({"--rehearse", "others.txt", "-o", "others.txt", "job.xml"}), 2);
+    QCOMPARE(run.fileOf("others.txt"), simpleSettings());
 
     QDir(run.path(".")).mkpath("old/sub");
     QDir(run.path(".")).mkpath("new");

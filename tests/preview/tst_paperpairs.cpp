@@ -15,6 +15,7 @@ private slots:
     void findingsDoNotCount();
     void intoAFile();
     void folders();
+    void aScriptOfNoDocumentOnOneSide();
     void wholeFoldersAreRead();
     void filesOfAnyName();
     void oneThatIsMissingHidesNoOther();
@@ -158,6 +159,24 @@ void TestPaperPairs::folders()
     QCOMPARE(linesWith(run.standardOutput, "│came"), QStringList {QString(36, ' ') + "│came" + QString(28, ' ') + "│"});
     QCOMPARE(linesWith(run.standardOutput, "│gone"), QStringList {"│gone" + QString(28, ' ') + "│"});
     QVERIFY(drawing.contains("old/b.txt" + QString(27, ' ') + "new/b.txt\n"));
+}
+
+/// An empty paper, since there is none of that name on the other side.
+void TestPaperPairs::aScriptOfNoDocumentOnOneSide()
+{
+    PaperRun run;
+    QDir(run.path(".")).mkpath("old");
+    QDir(run.path(".")).mkpath("new");
+    run.writeFile("new/words.txt", "words\n");
+    QCOMPARE(run.statusOf({"--compare", "old", "new"}), 1);
+    QByteArray expected;
+    for (const QByteArray& line : framed("new/words.txt", {}).split('\n'))
+        expected += line.isEmpty() ? line : QByteArray(36, ' ') + line + '\n';
+    QCOMPARE(run.standardOutput, expected + scripts(1, 1, 0));
+
+    run.writeFile("old/words.txt", "other words\n");
+    QCOMPARE(run.statusOf({"--compare", "old", "new"}), 0);
+    QCOMPARE(run.standardOutput, scripts(1, 0, 1));
 }
 
 // With a slash at its end, through a link to it; a link in it leads out of the folder, or round in a circle.
