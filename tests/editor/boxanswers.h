@@ -2,7 +2,10 @@
 #define ZELMORA_TESTS_EDITOR_BOXANSWERS_H
 
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QTextEdit>
 #include <QtTest>
 
@@ -16,6 +19,16 @@ public:
     /// False when the box is another one than was expected.
     using Answer = std::function<bool(QWidget*)>;
     void will(const Answer& next) { answers += next; }
+    void willPress(QMessageBox::StandardButton button)
+    {
+        will([button](QWidget* box) {
+            const auto* const buttons = box->findChild<QDialogButtonBox*>();
+            QPushButton* const found = buttons->button(static_cast<QDialogButtonBox::StandardButton>(button));
+            if (found)
+                QTest::mouseClick(found, Qt::LeftButton);
+            return found != nullptr;
+        });
+    }
     void willPress(Qt::Key key)
     {
         will([key](QWidget* box) {
@@ -23,7 +36,7 @@ public:
             return true;
         });
     }
-    /// Into a file dialog.
+    /// Into a file dialog; an empty path cancels it.
     void willType(const QString& path)
     {
         will([path](QWidget* box) {
@@ -32,7 +45,7 @@ public:
                 return false;
             field->selectAll();
             QTest::keyClicks(field, path);
-            QTest::keyClick(field, Qt::Key_Return);
+            QTest::keyClick(path.isEmpty() ? box : field, path.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
             return true;
         });
     }
@@ -59,6 +72,8 @@ private:
         }
         if (const auto* const message = box->findChild<QTextEdit*>())
             texts += message->toPlainText();
+        else if (const auto* const toolkitsOwn = qobject_cast<QMessageBox*>(box))
+            texts += toolkitsOwn->text();
         if (answers.isEmpty() || !answers.takeFirst()(box)) {
             texts += QStringLiteral("A box came up that was not expected: ") + box->windowTitle();
             box->close();

@@ -1,55 +1,31 @@
 #ifndef ZELMORA_TESTS_EDITOR_PERSON_H
 #define ZELMORA_TESTS_EDITOR_PERSON_H
 
+#include "editor/boxanswers.h"
 #include "editor/settingswindow.h"
 
-#include <QDialogButtonBox>
-#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QStatusBar>
-#include <QTextEdit>
 #include <QTreeWidget>
 #include <QtTest>
 
 #include <algorithm>
-#include <functional>
 
 /// The person before a settings window: reads it, presses keys, and answers the boxes that come up.
-class Person : public QObject {
+class Person : public BoxAnswers {
 public:
     /// Boxes without an answer are cancelled.
     explicit Person(SettingsWindow& theWindow)
         : window(theWindow)
     {
-        answer();
     }
 
-    /// The answers to the boxes that will come up, in their order.
-    void willPress(QMessageBox::StandardButton button)
-    {
-        answers += [button](QWidget* box) {
-            const auto* const buttons = box->findChild<QDialogButtonBox*>();
-            QPushButton* const found = buttons->button(static_cast<QDialogButtonBox::StandardButton>(button));
-            if (found)
-                QTest::mouseClick(found, Qt::LeftButton);
-            return found != nullptr;
-        };
-    }
-    void willPress(Qt::Key key) ///< in a message
-    {
-        answers += [key](QWidget* box) {
-            QTest::keyClick(box->focusWidget(), key);
-            return true;
-        };
-    }
     void willName(const QString& name) ///< in a box that asks for a name; one that is refused is cancelled
     {
-        answers += [this, name](QWidget* box) {
+        will([this, name](QWidget* box) {
             auto* const field = box->findChild<QLineEdit*>();
             if (!field)
                 return false;
@@ -61,31 +37,9 @@ public:
             if (box->isVisible())
                 QTest::keyClick(field, Qt::Key_Escape);
             return true;
-        };
+        });
     }
     QString refusal; ///< of the name that was typed last; empty when it was taken
-    void willType(const QString& path) ///< into a file dialog; nothing cancels it
-    {
-        answers += [path](QWidget* box) {
-            auto* const dialog = qobject_cast<QFileDialog*>(box);
-            if (!dialog)
-                return false;
-            auto* const field = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-            field->selectAll();
-            QTest::keyClicks(field, path);
-            QTest::keyClick(path.isEmpty() ? static_cast<QWidget*>(dialog) : field,
-                            path.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
-            return true;
-        };
-    }
-
-    /// The texts of the boxes since this was last asked. Answers that are left over count as boxes that did not come.
-    QStringList readBoxes()
-    {
-        for (; !answers.isEmpty(); answers.removeFirst())
-            texts += QStringLiteral("An expected box did not come up.");
-        return std::exchange(texts, QStringList());
-    }
 
     void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
@@ -199,31 +153,7 @@ private:
             qFatal("The window is not active.");
     }
 
-    using Answer = std::function<bool(QWidget*)>;
-
-    void answer()
-    {
-        QTimer::singleShot(5, this, &Person::answer); // a box may bring up the next before this returns
-        QWidget* const box = QApplication::activeModalWidget();
-        if (!box || !box->isVisible())
-            return;
-        if (!box->isActiveWindow()) {
-            box->activateWindow(); // as a desktop does
-            return;
-        }
-        if (const auto* const message = box->findChild<QTextEdit*>())
-            texts += message->toPlainText();
-        else if (const auto* const toolkitsOwn = qobject_cast<QMessageBox*>(box))
-            texts += toolkitsOwn->text();
-        if (answers.isEmpty() || !answers.takeFirst()(box)) {
-            texts += QStringLiteral("A box came up that was not expected.");
-            box->close();
-        }
-    }
-
     SettingsWindow& window;
-    QVector<Answer> answers;
-    QStringList texts;
 };
 
 #endif
