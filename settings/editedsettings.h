@@ -34,7 +34,7 @@ public:
     /// False for a text that does not look like settings: it is to be read only.
     bool isEditable() const { return editable; }
     /// Whether no setting stands in it.
-    bool isEmpty() const { return tree.content().isEmpty(); }
+    bool isEmpty() const { return tree.isEmpty(); }
 
     // Changes of what some program reads, by whole keys. Nothing happens where no look-up reaches.
 

@@ -253,6 +253,11 @@ QVector<FileRemark> SettingsFile::losses() const
     return lost;
 }
 
+bool SettingsFile::isEmpty() const
+{
+    return !holdsSetting(rootElement());
+}
+
 QStringList SettingsFile::unwrittenGroups() const
 {
     QStringList names;

@@ -100,6 +100,8 @@ public:
     /// All groups with a setting in them, however deep, and all settings, as a list of texts: equal for files that hold
     /// the same.
     QStringList content() const;
+    /// Whether no setting stands in the tree.
+    bool isEmpty() const;
 
     /// What load() found in the file's bytes.
     const FileReview& review() const { return fileReview; }
