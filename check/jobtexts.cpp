@@ -299,8 +299,7 @@ void JobTexts::judgeWidth(const ScriptCommand& command, int paperWidth)
         if (!std::exchange(isWideNoted, true))
             addLesser(findings, Code::TooWide, element->place(),
                       QObject::tr("The line has %1 characters, and the paper %2. It is always so long.")
-                          .arg(width)
-                          .arg(paperWidth));
+                          .arg(QString::number(width), QString::number(paperWidth)));
         return;
     }
     const toolkit::TextPlace place = placeOfLine(command.text);
@@ -309,8 +308,7 @@ void JobTexts::judgeWidth(const ScriptCommand& command, int paperWidth)
         widePlaces.insert(key);
         add(findings, Code::TooWide, place,
             QObject::tr("The line has %1 characters, and the paper %2: make the text shorter, or the columns narrower.")
-                .arg(width)
-                .arg(paperWidth));
+                .arg(QString::number(width), QString::number(paperWidth)));
     }
 }
 

@@ -33,7 +33,10 @@ QJsonObject asObject(const QString& file, const Finding& finding)
 // Findings may be many: what is plain ASCII goes past the codec.
 QByteArray gccLine(const QByteArray& file, const Finding& finding)
 {
-    QByteArray line = file;
+    const int around = 64; // what stands beside the file's name and the text, and more
+    QByteArray line;
+    line.reserve(file.size() + finding.text.size() + around);
+    line += file;
     line += ':';
     line += QByteArray::number(finding.place.line);
     line += ':';

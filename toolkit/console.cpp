@@ -38,6 +38,8 @@ bool finishWriting()
 
 QString inOneLine(const QString& text)
 {
+    if (std::none_of(text.begin(), text.end(), endsLine))
+        return text; // as nearly all are: nothing is copied
     QString line = text;
     std::replace_if(line.begin(), line.end(), endsLine, QLatin1Char(' '));
     return line;
