@@ -6,11 +6,11 @@
 namespace settings {
 
 /// A text that somebody looks for, in any letter case: in names, plain names, descriptions and values. The value of a
-/// secret is not looked at.
+/// secret is not looked at. Blanks around the text count for nothing: somebody is still typing.
 class Search {
 public:
     explicit Search(const QString& text)
-        : text(text)
+        : text(text.trimmed())
     {
     }
 
