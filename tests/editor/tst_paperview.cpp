@@ -1,4 +1,5 @@
 #include "editor/paperview.h"
+#include "paper/cells.h"
 #include "paper/painting/painting.h"
 #include "support/processortime.h"
 
@@ -400,6 +401,16 @@ void TestPaperView::aLongPaperScrollsAtOnce()
     QVERIFY2(many < 2 * few + 40, qPrintable(QString("%1 for %2").arg(many).arg(few)));
 }
 
+/// What it takes to look at the cells of a row twenty times.
+static int millisecondsToLook(int columns)
+{
+    const QString text(columns, 'x');
+    const ProcessorTime time;
+    for (int i = 0; i < 20; ++i)
+        paper::columns(text);
+    return time.milliseconds();
+}
+
 void TestPaperView::aLongRowScrollsAtOnce()
 {
     const auto rowOf = [](int columns) {
@@ -409,8 +420,8 @@ void TestPaperView::aLongRowScrollsAtOnce()
     ShownView large(rowOf(100000));
     const int few = millisecondsToScroll(small, small.horizontalScrollBar());
     const int many = millisecondsToScroll(large, large.horizontalScrollBar());
-    // Each cell is looked at, and none out of sight is drawn.
-    QVERIFY2(many < 2 * few + 800, qPrintable(QString("%1 for %2").arg(many).arg(few)));
+    // Each cell is looked at, and none out of sight is drawn: that would take twenty times as long.
+    QVERIFY2(many < 2 * few + 5 * millisecondsToLook(100000), qPrintable(QString("%1 for %2").arg(many).arg(few)));
 }
 
 QTEST_MAIN(TestPaperView)

@@ -157,12 +157,12 @@ void TestPrintRun::endsAProgramThatHangsBehindAWindow()
     QCOMPARE(run.failure(), QString("The print program was ended after 10 seconds."));
 }
 
-// Each "geometry" is 10,000 lines.
+// Each heading has two lines as wide as the paper.
 void TestPrintRun::keepsTheBeginningOfAVeryLongScript()
 {
-    const QByteArray settings = "zelmora: { solddoc: { printGeometry = true; topMargin = 10000; paperWidth = 32; }; };";
+    const QByteArray settings = "zelmora: { solddoc: { printHeader = true; paperWidth = 10000; }; };";
     PrintRun run(program, std::make_shared<PrintHome>(settings));
-    run.print("<j><method name=\"printSold\"/>" + QByteArray("<geometry/>").repeated(500) + "</j>");
+    run.print("<j><method name=\"printSold\"/>" + QByteArray("<headers title=\"a\"/>").repeated(4000) + "</j>");
     QCOMPARE(run.failure(), QString("The script is longer than 64 MB."));
     QCOMPARE(run.script().size(), 64 * 1024 * 1024);
 }
