@@ -4,6 +4,7 @@
 #include "editor/valuedelegate.h"
 #include "settings/editedsettings.h"
 #include "settings/namereason.h"
+#include "settings/search.h"
 
 #include <QAction>
 #include <QBoxLayout>
@@ -172,7 +173,7 @@ void FilePage::noteEdit(QTreeWidgetItem* value)
         settings.setValue(subject.group, subject.name, value->text(0));
 }
 
-bool FilePage::goToNext(const QString& text)
+bool FilePage::goToNext(const settings::Search& search)
 {
     if (!tree->topLevelItem(0))
         return false;
@@ -182,7 +183,7 @@ bool FilePage::goToNext(const QString& text)
     do {
         if (!*++item)
             item = QTreeWidgetItemIterator(tree);
-        if ((*item)->text(0).contains(text, Qt::CaseInsensitive)) {
+        if (search.isIn((*item)->text(0))) {
             (*item)->setExpanded(true);
             tree->setCurrentItem(*item);
             return true;

@@ -13,6 +13,7 @@ class QVBoxLayout;
 
 namespace settings {
 class EditedSettings;
+class Search;
 }
 
 /// All that stands in the file, as a list of groups, settings and values, whether the suite knows them or not. Values
@@ -36,9 +37,9 @@ public:
     void finishEditing();
     /// Whether the text of a cell that is being edited is not the value any more.
     bool isTypingAnotherValue() const;
-    /// Goes to the next item after the current one that holds @p text, and from the last one to the first. False when
-    /// there is none.
-    bool goToNext(const QString& text);
+    /// Goes to the next item after the current one in which @p search is, and from the last one to the first. False
+    /// when there is none.
+    bool goToNext(const settings::Search& search);
 
     /// To add, to rename, to remove: for a menu.
     const QList<QAction*>& commands() const { return commandActions; }

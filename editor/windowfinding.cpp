@@ -59,8 +59,8 @@ void SettingsWindow::find()
 
 void SettingsWindow::findNext()
 {
-    const QString text = findField->text();
-    if (text.isEmpty() || settings.file().root().isNull())
+    const Search search(findField->text());
+    if (search.isEmpty() || settings.file().root().isNull())
         return;
     if (!isFilePage()) {
         if (!table->goOn()) {
@@ -69,8 +69,8 @@ void SettingsWindow::findNext()
         }
         return;
     }
-    if (filePage->goToNext(text))
+    if (filePage->goToNext(search))
         statusBar()->clearMessage();
     else
-        statusBar()->showMessage(QObject::tr("\"%1\" is not found.").arg(text));
+        statusBar()->showMessage(QObject::tr("\"%1\" is not found.").arg(findField->text()));
 }

@@ -15,7 +15,9 @@ public:
     }
 
     bool isEmpty() const { return text.isEmpty(); }
-    /// Whether it stands in a setting's name, what is said of it, or its value. The empty text stands in all.
+    /// Whether it stands in @p candidate. The empty text stands in all.
+    bool isIn(const QString& candidate) const { return candidate.contains(text, Qt::CaseInsensitive); }
+    /// Whether it stands in a setting's name, what is said of it, or its value.
     bool finds(const SettingRow& row) const;
     /// Whether it stands in a group's name, its plain name or what is said of it.
     bool finds(const vocabulary::SettingGroup& group) const;
@@ -27,7 +29,6 @@ public:
     int hitsIn(const SettingsFile& file) const;
 
 private:
-    bool isIn(const QString& candidate) const { return candidate.contains(text, Qt::CaseInsensitive); }
     bool isIn(const char* marked) const;
     int hitsBelow(const SettingsFile& file, const QDomElement& group) const;
 

@@ -327,6 +327,8 @@ void TestSettingsWindow::find_data()
         << Labels() << "ERW" << QVector<Labels> {receiptWidth, soldWidth};
     QTest::newRow("a value") << Labels() << "40" << QVector<Labels> {soldWidth + Labels {"40"}};
     QTest::newRow("a group") << Labels() << "solddoc" << QVector<Labels> {soldGroup};
+    QTest::newRow("blanks around it") << Labels() << " solddoc " << QVector<Labels> {soldGroup};
+    QTest::newRow("blanks alone are nothing to go to") << soldGroup << "  " << QVector<Labels> {soldGroup, soldGroup};
     QTest::newRow("after the current item") << soldWidth << "paperWidth" << QVector<Labels> {receiptWidth, soldWidth};
     QTest::newRow("the current item alone") << soldGroup << "solddoc" << QVector<Labels> {soldGroup, soldGroup};
     QTest::newRow("the name and its value are two places")
