@@ -1,6 +1,7 @@
 #include "editor/paperview.h"
 #include "paper/cells.h"
 #include "paper/painting/painting.h"
+#include "support/comparedtimes.h"
 #include "support/processortime.h"
 
 #include <QScrollBar>
@@ -396,9 +397,10 @@ void TestPaperView::aLongPaperScrollsAtOnce()
 {
     ShownView small(sheetOf(rows(100)));
     ShownView large(sheetOf(rows(100000)));
-    const int few = millisecondsToScroll(small, small.verticalScrollBar());
-    const int many = millisecondsToScroll(large, large.verticalScrollBar());
-    QVERIFY2(many < 2 * few + 40, qPrintable(QString("%1 for %2").arg(many).arg(few)));
+    const ComparedTimes times([&] { return millisecondsToScroll(small, small.verticalScrollBar()); },
+                              [&] { return millisecondsToScroll(large, large.verticalScrollBar()); },
+                              [](int few, int many) { return many < 2 * few + 40; });
+    QVERIFY2(times.hold(), times.text());
 }
 
 /// What it takes to look at the cells of a row twenty times.
@@ -418,10 +420,11 @@ void TestPaperView::aLongRowScrollsAtOnce()
     };
     ShownView small(rowOf(200));
     ShownView large(rowOf(100000));
-    const int few = millisecondsToScroll(small, small.horizontalScrollBar());
-    const int many = millisecondsToScroll(large, large.horizontalScrollBar());
     // Each cell is looked at, and none out of sight is drawn: that would take twenty times as long.
-    QVERIFY2(many < 2 * few + 5 * millisecondsToLook(100000), qPrintable(QString("%1 for %2").arg(many).arg(few)));
+    const ComparedTimes times([&] { return millisecondsToScroll(small, small.horizontalScrollBar()); },
+                              [&] { return millisecondsToScroll(large, large.horizontalScrollBar()); },
+                              [](int few, int many) { return many < 2 * few + 5 * millisecondsToLook(100000); });
+    QVERIFY2(times.hold(), times.text());
 }
 
 QTEST_MAIN(TestPaperView)

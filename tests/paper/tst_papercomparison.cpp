@@ -1,6 +1,7 @@
 #include "paper/comparison.h"
 #include "rolls.h"
 #include "sheets.h"
+#include "support/comparedtimes.h"
 #include "support/processortime.h"
 #include "support/registerscript.h"
 
@@ -28,8 +29,8 @@ private slots:
     void changedParts();
     void changesOfOnePaper();
     void sameRowsAreKept();
-    void longRowsTakeNoTime();
-    void strangePapersTakeNoTime();
+    void timeGrowsWithTheRows_data();
+    void timeGrowsWithTheRows();
 };
 
 namespace {
@@ -240,31 +241,31 @@ void TestPaperComparison::sameRowsAreKept()
     }
 }
 
-void TestPaperComparison::longRowsTakeNoTime()
+void TestPaperComparison::timeGrowsWithTheRows_data()
 {
-    QStringList left;
-    QStringList right;
-    for (int i = 0; i < 400; ++i) {
-        left += QString(20000, 'x') + QString::number(i);
-        right += QString(20000, 'x') + QString::number(1000 - i);
-    }
-    const ProcessorTime time;
-    QCOMPARE(alignedRows(rowsOf(left), rowsOf(right)).left.size(), 400);
-    QVERIFY2(time.milliseconds() < 5000, qPrintable(QString::number(time.milliseconds())));
+    QTest::addColumn<QString>("beginning");
+    QTest::addColumn<int>("count");
+    QTest::newRow("long rows") << QString(20000, 'x') << 100;
+    QTest::newRow("many rows, none of them in both") << QString() << 25000;
 }
 
-void TestPaperComparison::strangePapersTakeNoTime()
+void TestPaperComparison::timeGrowsWithTheRows()
 {
-    QStringList left;
-    QStringList right;
-    for (int i = 0; i < 100000; ++i) {
-        left += QString::number(i);
-        right += QString::number(200000 - i);
-    }
-    const ProcessorTime time;
-    const AlignedRows rows = alignedRows(rowsOf(left), rowsOf(right));
-    QCOMPARE(rows.left.size(), 100000); // pairs in their order
-    QVERIFY2(time.milliseconds() < 10000, qPrintable(QString::number(time.milliseconds())));
+    QFETCH(QString, beginning);
+    QFETCH(int, count);
+    const auto milliseconds = [&](int rows) {
+        QStringList left;
+        QStringList right;
+        for (int i = 0; i < rows; ++i) {
+            left += beginning + QString::number(i);
+            right += beginning + QString::number(2 * rows - i);
+        }
+        const ProcessorTime time;
+        const AlignedRows aligned = alignedRows(rowsOf(left), rowsOf(right));
+        return aligned.left.size() == rows ? time.milliseconds() : INT_MAX; // pairs in their order
+    };
+    const ComparedTimes times = growth(milliseconds, count);
+    QVERIFY2(times.hold(), times.text());
 }
 
 QTEST_APPLESS_MAIN(TestPaperComparison)

@@ -1,4 +1,4 @@
-#include "paper/scene.h"
+#include "recordingcanvas.h"
 #include "sheets.h"
 
 #include <QtTest>
@@ -30,18 +30,6 @@ paper::Sheet sheet()
     both.bands += sheetOf(QString("abcdefghij").split(QString(), Qt::SkipEmptyParts), "B").bands;
     return both;
 }
-
-/// The characters of all cells in the order in which they are drawn, and how many papers.
-class Record : public paper::Canvas {
-public:
-    void drawPaper(const QRect&) override { ++papers; }
-    void drawMark(const QRect&, paper::Mark) override { }
-    void drawChangeBar(const QRect&) override { }
-    void drawCell(const QRect&, const QString& characters) override { cells += characters; }
-
-    int papers = 0;
-    QString cells;
-};
 
 } // namespace
 
@@ -94,7 +82,7 @@ void TestScene::parts()
     QFETCH(int, top);
     QFETCH(int, bottom);
     const paper::Sheet drawn = sheet();
-    Record record;
+    RecordingCanvas record;
     Scene(drawn).draw(record, top, bottom);
     QTEST(record.cells, "cells");
     QTEST(record.papers, "papers");
