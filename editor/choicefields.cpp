@@ -76,6 +76,8 @@ WordField::WordField(const vocabulary::Setting& setting)
 
 void WordField::tellChoice(int index)
 {
+    if (index == shownIndex)
+        return; // the file may have the word in other letter cases
     if (index == 0)
         emit cleared();
     else
@@ -89,8 +91,8 @@ bool WordField::isFor(const SettingRow& row) const
 
 void WordField::show(const SettingRow& row)
 {
-    list->setCurrentIndex(row.isAbsent() ? 0
-                                         : list->findText(*row.written, Qt::MatchFixedString)); // in any letter case
+    shownIndex = row.isAbsent() ? 0 : list->findText(*row.written, Qt::MatchFixedString); // in any letter case
+    list->setCurrentIndex(shownIndex);
     colour(*list, row.isAbsent());
 }
 
@@ -110,10 +112,8 @@ void NumberBox::setAbsence(const QString& text, int value)
 
 void NumberBox::stepBy(int steps)
 {
-    if (isAbsent())
-        setValue(qBound(minimum() + 1, absentValue + steps, maximum()));
-    else
-        setValue(qBound(minimum() + 1, value() + steps, maximum()));
+    const qint64 wanted = qint64(isAbsent() ? absentValue : value()) + steps; // may be beyond an int
+    setValue(static_cast<int>(qBound<qint64>(minimum() + 1, wanted, maximum())));
     selectAll();
 }
 

@@ -36,6 +36,7 @@ private:
     void tellChoice(int index);
 
     QComboBox* const list;
+    int shownIndex = 0;
 };
 
 /// A number to be typed or stepped, or none: that is one below the least, shown as what absence means.

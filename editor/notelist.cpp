@@ -1,5 +1,6 @@
 #include "editor/notelist.h"
 
+#include "check/findingtext.h"
 #include "editor/icons.h"
 #include "toolkit/literals.h"
 
@@ -36,8 +37,7 @@ QString breakable(const QString& text)
 
 QLabel* newText(const QString& text)
 {
-    const QString shown = text.size() <= longestText ? text : text.left(longestText) + QStringLiteral("...");
-    auto* const label = new QLabel(breakable(shown));
+    auto* const label = new QLabel(breakable(check::shown(text, longestText)));
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     return label;
@@ -61,25 +61,27 @@ NoteList::NoteList()
     hide();
 }
 
-void NoteList::show(const QVector<Note>& notes, int further)
+void NoteList::show(const QVector<Note>& theNotes, int further)
 {
+    notes = theNotes; // what puts it right may have changed where nothing that is seen has
     const QVector<QString> texts = textsOf(notes, further);
-    if (texts == shown)
+    if (texts == shownTexts)
         return; // a button that was just pressed stays
-    shown = texts;
+    shownTexts = texts;
     for (QWidget* const line : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
         line->hide();
         line->deleteLater(); // it may be the one that was pressed
     }
-    for (const Note& note : notes)
-        add(note);
+    for (int i = 0; i < notes.size(); ++i)
+        add(i);
     if (further > 0)
         lines->addWidget(newText(QObject::tr("and %1 more").arg(further)));
     setVisible(!notes.isEmpty());
 }
 
-void NoteList::add(const Note& note)
+void NoteList::add(int index)
 {
+    const Note& note = notes.at(index);
     auto* const line = new QWidget;
     auto* const layout = new QGridLayout(line);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -89,20 +91,23 @@ void NoteList::add(const Note& note)
     layout->addWidget(picture, 0, 0, Qt::AlignTop);
     layout->addWidget(newText(note.text), 0, 1);
     if (note.remedy)
-        layout->addWidget(newButton(*note.remedy), 1, 1, Qt::AlignLeft);
+        layout->addWidget(newButton(index), 1, 1, Qt::AlignLeft);
     lines->addWidget(line);
 }
 
-QWidget* NoteList::newButton(const Remedy& remedy)
+QWidget* NoteList::newButton(int index)
 {
-    const QString before = remedy.before.simplified();
-    const QString shownBefore = before.size() <= longestBefore ? before : before.left(longestBefore) + "..."_L1;
-    const QString change = QStringLiteral("%1 \u2192 %2").arg(shownBefore, remedy.after); // an arrow
+    const Remedy& remedy = *notes.at(index).remedy;
+    const QString before = check::shown(remedy.before.simplified(), longestBefore);
+    const QString change = QStringLiteral("%1 \u2192 %2").arg(before, remedy.after); // an arrow
     const QString text = QObject::tr("Put it right: %1").arg(change);
     const QString lines =
         text.size() <= longestLine ? text : QObject::tr("Put it right: %1").arg(QLatin1Char('\n') + change);
     auto* const button = new QPushButton(QString(lines).replace(QLatin1Char('&'), "&&"_L1)); // no letter of it is a key
     button->setAccessibleName(text);
-    connect(button, &QPushButton::clicked, this, [this, remedy] { emit remedyChosen(remedy); });
+    connect(button, &QPushButton::clicked, this, [this, index] {
+        const Remedy chosen = *notes.at(index).remedy; // other notes come of it
+        emit remedyChosen(chosen);
+    });
     return button;
 }

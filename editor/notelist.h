@@ -15,18 +15,19 @@ class NoteList : public QWidget {
 public:
     NoteList();
 
-    /// @p further: how many there are that are not among @p notes.
-    void show(const QVector<settings::Note>& notes, int further = 0);
+    /// @p further: how many there are that are not among @p theNotes.
+    void show(const QVector<settings::Note>& theNotes, int further = 0);
 
 signals:
     void remedyChosen(const settings::Remedy& remedy);
 
 private:
-    void add(const settings::Note& note);
-    QWidget* newButton(const settings::Remedy& remedy);
+    void add(int index);
+    QWidget* newButton(int index);
 
     QVBoxLayout* const lines;
-    QVector<QString> shown;
+    QVector<settings::Note> notes;
+    QVector<QString> shownTexts;
 };
 
 #endif

@@ -1,5 +1,6 @@
 #include "editor/settingwidget.h"
 
+#include "check/findingtext.h"
 #include "editor/icons.h"
 #include "editor/notelist.h"
 #include "editor/taborder.h"
@@ -9,6 +10,7 @@
 
 #include <QGridLayout>
 #include <QPainter>
+#include <QTextDocument>
 #include <QToolButton>
 
 using settings::EditedSettings;
@@ -45,6 +47,17 @@ QString spokenText(const SettingRow& row)
     for (const settings::Note& note : row.notes)
         texts += note.text;
     return texts.join(QLatin1Char(' '));
+}
+
+/// What the way back leads to. A secret is not told.
+QString backText(const SettingRow& row)
+{
+    if (!row.stored)
+        return QObject::tr("Back to what the file has: nothing");
+    if (row.setting->kind == vocabulary::SettingKind::Secret)
+        return QObject::tr("Back to what the file has");
+    const QString text = QObject::tr("Back to what the file has: %1").arg(check::shown(*row.stored));
+    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
 }
 
 } // namespace
@@ -124,11 +137,21 @@ void SettingWidget::takeField()
     emit fieldTaken();
 }
 
+/// Takes another field where the row has one, but not from under somebody who is typing in this one.
+void SettingWidget::fitField()
+{
+    const bool hadFocus = field->holdsFocus();
+    if (field->isFor(shownRow) || (hadFocus && field->canShow(shownRow)))
+        return;
+    takeField();
+    if (hadFocus)
+        field->takeFocus();
+}
+
 void SettingWidget::show(const SettingRow& row)
 {
     shownRow = row;
-    if (!field->isFor(row) && !field->holdsFocus()) // somebody may be typing in it
-        takeField();
+    fitField();
     field->show(row);
     field->describe(row.setting->key, spokenText(row));
     description->setText(descriptionOf(row));
@@ -147,8 +170,7 @@ void SettingWidget::showNames()
 void SettingWidget::showButtons()
 {
     backButton->setEnabled(shownRow.isChanged());
-    backButton->setToolTip(shownRow.stored ? QObject::tr("Back to what the file has: %1").arg(*shownRow.stored)
-                                           : QObject::tr("Back to what the file has: nothing"));
+    backButton->setToolTip(backText(shownRow));
     noneButton->setEnabled(shownRow.written.has_value());
 }
 

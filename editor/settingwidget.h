@@ -43,6 +43,7 @@ private:
     void addNames(QGridLayout& layout);
     void addButtons(QGridLayout& layout);
     void takeField();
+    void fitField();
     void showNames();
     void showButtons();
 

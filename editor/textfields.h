@@ -14,6 +14,7 @@ public:
     TextField();
 
     bool isFor(const settings::SettingRow& row) const override;
+    bool canShow(const settings::SettingRow&) const override { return true; }
     void show(const settings::SettingRow& row) override;
 
 protected:

@@ -17,6 +17,8 @@ public:
 
     /// Whether it is the field that make() would give.
     virtual bool isFor(const settings::SettingRow& row) const = 0;
+    /// Whether it can show the row's value, though make() may give another one.
+    virtual bool canShow(const settings::SettingRow& row) const { return isFor(row); }
     virtual void show(const settings::SettingRow& row) = 0;
     /// Names it for those who cannot see it.
     void describe(const QString& name, const QString& description);

@@ -1,5 +1,6 @@
 // Files: opened, saved and closed without losing what nobody gave up.
 
+#include "check/findingtext.h"
 #include "editor/filepage.h"
 #include "editor/message.h"
 #include "editor/notice.h"
@@ -34,8 +35,7 @@ const int longestFinding = 300; // they say what will happen and what to do
 
 QString oneLine(const QString& text, int longest)
 {
-    const QString line = text.simplified();
-    return line.size() <= longest ? line : line.left(longest) + "..."_L1;
+    return check::shown(text.simplified(), longest);
 }
 
 QString bulletList(const QStringList& texts, int longest = longestLine)

@@ -332,6 +332,10 @@
         <translation>Un altro programma ha modificato o rimosso il file %1 dopo l&apos;apertura.</translation>
     </message>
     <message>
+        <source>Back to what the file has</source>
+        <translation>Torna a quello che ha il file</translation>
+    </message>
+    <message>
         <source>Back to what the file has: %1</source>
         <translation>Torna a quello che ha il file: %1</translation>
     </message>

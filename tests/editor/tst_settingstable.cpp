@@ -6,15 +6,18 @@
 #include "support/ordinaryuser.h"
 #include "support/toolkitmessages.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QListWidget>
 #include <QSettings>
 #include <QSpinBox>
 #include <QTabWidget>
+#include <QTextDocumentFragment>
 #include <QToolButton>
 #include <QWheelEvent>
 
+#include <functional>
 #include <memory>
 
 /// The settings described in a table, as a person changes them: real keys to the real window.
@@ -86,6 +89,15 @@ private slots:
     void helps();
     void saysWhatItIs();
     void fitsASmallScreen();
+
+    void puttingRightActsOnTheFileThatIsShown_data();
+    void puttingRightActsOnTheFileThatIsShown();
+    void whatIsTakenBackInAFieldIsShownInIt_data();
+    void whatIsTakenBackInAFieldIsShownInIt();
+    void noHintTellsASecret();
+    void hintsTellValuesAsTexts();
+    void stepsEndAtTheRange();
+    void theWordThatIsThereStaysAsItIsWritten();
 
 private:
     void showWindow();
@@ -1131,6 +1143,131 @@ void TestSettingsTable::fitsASmallScreen()
     QTRY_VERIFY2(
         fits(),
         qPrintable(QString("%1 by %2").arg(window->minimumSizeHint().width()).arg(window->minimumSizeHint().height())));
+}
+
+using Step = std::function<void()>;
+Q_DECLARE_METATYPE(Step)
+
+void TestSettingsTable::puttingRightActsOnTheFileThatIsShown_data()
+{
+    QTest::addColumn<Step>("step");
+    QTest::newRow("read again") << Step([this] { person->press(Qt::Key_F5); });
+    QTest::newRow("another file") << Step([this] {
+        path = folder->filePath("other.conf");
+        open(suite("receiptdoc: { printDate = True; };") + " other: { kind = fish; };");
+    });
+    QTest::newRow("a save that drops something") << Step([this] {
+        person->focus(field<QSpinBox>("topMargin"));
+        person->type("1");
+        person->willPress(QMessageBox::Save);
+        save();
+        person->readBoxes();
+        person->press(Qt::Key_Z, Qt::ControlModifier);
+        person->press(Qt::Key_Z, Qt::ControlModifier);
+    });
+}
+
+// What is wrong is the same, and the groups in which it stands are others.
+void TestSettingsTable::puttingRightActsOnTheFileThatIsShown()
+{
+    QFETCH(Step, step);
+    open(suite("receiptdoc: { printDate = True; };") + " other: { kind = fish; };");
+    step();
+    pressButton(QString("Put it right: True %1 true").arg(QChar(0x2192)));
+    QVERIFY(field<QCheckBox>("printDate")->isChecked());
+    person->willPress(QMessageBox::Save);
+    save();
+    person->readBoxes();
+    QCOMPARE(saved(), suite("receiptdoc: { printDate = \"true\"; };"));
+}
+
+void TestSettingsTable::whatIsTakenBackInAFieldIsShownInIt_data()
+{
+    QTest::addColumn<QByteArray>("group");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("wrong");
+    QTest::addColumn<QString>("right");
+    QTest::newRow("a number") << QByteArray("receiptdoc") << "Receipt"
+                              << "paperWidth"
+                              << "32 mm"
+                              << "32";
+    QTest::newRow("a flag") << QByteArray("receiptdoc") << "Receipt"
+                            << "printDate"
+                            << "True"
+                            << "true";
+    QTest::newRow("a word") << QByteArray("logger") << "Log"
+                            << "level"
+                            << "INFOO"
+                            << "INFO";
+}
+
+void TestSettingsTable::whatIsTakenBackInAFieldIsShownInIt()
+{
+    QFETCH(QByteArray, group);
+    QFETCH(QString, title);
+    QFETCH(QString, key);
+    QFETCH(QString, wrong);
+    QFETCH(QString, right);
+    open(suite(group + ": { " + key.toUtf8() + " = " + wrong.toUtf8() + "; };"));
+    goToGroup(title);
+    pressButton(QString("Put it right: %1 %2 %3").arg(wrong, QChar(0x2192), right));
+    QVERIFY(!field<QLineEdit>(key));
+    person->press(Qt::Key_Z, Qt::ControlModifier);
+    auto* const text = field<QLineEdit>(key);
+    QVERIFY(text);
+    QVERIFY(text->hasFocus());
+    QCOMPARE(text->text(), wrong);
+    QVERIFY(!window->isWindowModified());
+}
+
+void TestSettingsTable::noHintTellsASecret()
+{
+    open(suite("db: { password = s3cret; };"));
+    goToGroup("Database");
+    person->focus(field<QLineEdit>("password"));
+    person->type("other");
+    QVERIFY(field<QToolButton>("Take back the change of password")->isEnabled());
+    for (const QWidget* widget : window->findChildren<QWidget*>()) {
+        const QString told = widget->toolTip() + widget->accessibleName() + widget->accessibleDescription();
+        QVERIFY2(!told.contains("s3cret"), qPrintable(told));
+    }
+}
+
+void TestSettingsTable::hintsTellValuesAsTexts()
+{
+    const QString longName(10000, 'x');
+    open(suite("db: { dbname = <b>fish</b>; hostname = " + longName.toUtf8() + "; };"));
+    goToGroup("Database");
+    const QString name = field<QToolButton>("Take back the change of dbname")->toolTip();
+    QCOMPARE(QTextDocumentFragment::fromHtml(name).toPlainText(), QString("Back to what the file has: <b>fish</b>"));
+    QVERIFY(field<QToolButton>("Take back the change of hostname")->toolTip().size() < 200);
+}
+
+void TestSettingsTable::stepsEndAtTheRange()
+{
+    open(suite("receiptdoc: { paperRows = 2147483640; };"));
+    auto* const rows = field<QSpinBox>("paperRows");
+    person->focus(rows);
+    person->press(Qt::Key_PageUp);
+    QCOMPARE(rows->text(), QString("2147483647"));
+    person->type("5");
+    person->press(Qt::Key_PageDown);
+    QCOMPARE(rows->text(), QString("0"));
+}
+
+void TestSettingsTable::theWordThatIsThereStaysAsItIsWritten()
+{
+    open(suite("logger: { type = append; };"));
+    goToGroup("Log");
+    auto* const type = field<QComboBox>("type");
+    person->focus(type);
+    type->showPopup();
+    QTest::keyClick(type->view(), Qt::Key_Return);
+    QVERIFY(!type->view()->isVisible());
+    QVERIFY(!window->isWindowModified());
+    person->press(Qt::Key_Home);
+    QVERIFY(window->isWindowModified());
 }
 
 QTEST_MAIN(TestSettingsTable)

@@ -37,7 +37,7 @@ private:
 inline ComparedTimes growth(const std::function<int(int size)>& milliseconds, int size)
 {
     return {[&] { return milliseconds(size); }, [&] { return milliseconds(4 * size); },
-        [](int few, int many) { return many < 8 * few + 200; }};
+            [](int few, int many) { return many < 8 * few + 200; }};
 }
 
 #endif
