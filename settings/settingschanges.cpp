@@ -40,6 +40,14 @@ int placeBehind(const QStringList& names, const QSet<QString>& before)
     return place;
 }
 
+/// Those of @p group in @p former; none when it is not there.
+QVector<NamedValue> settingsOf(const QDomElement& group, const QVector<SettingsFile::GroupSettings>& former)
+{
+    const auto found = std::find_if(former.begin(), former.end(),
+                                    [&](const SettingsFile::GroupSettings& its) { return its.group == group; });
+    return found == former.end() ? QVector<NamedValue>() : found->settings;
+}
+
 } // namespace
 
 QString SettingsFile::value(const QString& key) const
@@ -130,10 +138,10 @@ QVector<SettingsFile::GroupSettings> SettingsFile::settingsIn(const QString& key
 {
     QVector<GroupSettings> found;
     for (const QDomElement& group : groupsOf(key)) {
-        GroupSettings settings;
+        GroupSettings its {group, {}};
         for (const QString& name : settingNames(group))
-            settings += NamedValue {name, group.attribute(name)};
-        found += settings;
+            its.settings += NamedValue {name, group.attribute(name)};
+        found += its;
     }
     return found;
 }
@@ -145,12 +153,14 @@ void SettingsFile::putBack(const QString& key, const QVector<GroupSettings>& for
         return;
     const QString name = names.takeLast();
     const QVector<QDomElement> groups = groupsOf(names);
+    const bool areOfThisTree =
+        std::any_of(former.begin(), former.end(), [&](const GroupSettings& its) { return groups.contains(its.group); });
     for (int i = 0; i < groups.size(); ++i)
-        putBack(groups.at(i), name, former.value(i));
+        putBack(groups.at(i), name, areOfThisTree ? settingsOf(groups.at(i), former) : former.value(i).settings);
 }
 
 /// What @p group lacks comes behind all that stood before it.
-void SettingsFile::putBack(const QDomElement& group, const QString& name, const GroupSettings& former)
+void SettingsFile::putBack(const QDomElement& group, const QString& name, const QVector<NamedValue>& former)
 {
     QSet<QString> before;
     auto setting = former.begin();

@@ -350,14 +350,16 @@ void SettingsFile::moveTo(const QString& path, const Trial& trial)
 
 void SettingsFile::becomeAs(const SettingsFile& written)
 {
-    const bool isAnotherTree = content() != written.content() || fileReview.isHiddenByItsBeginning;
+    const bool wasHidden = fileReview.isHiddenByItsBeginning;
     filePath = written.filePath;
     contents = written.contents;
     isUnwritten = false;
     fileReview = written.fileReview;
     setFileName(filePath);
-    if (isAnotherTree)
+    if (content() != written.content())
         take(WholeTreeStep {wholeTree(), written.wholeTree()});
+    else if (wasHidden) // nothing stands in either; to bring it back would help nobody
+        takeTree(written.wholeTree());
 }
 
 } // namespace settings

@@ -60,10 +60,14 @@ public:
     bool holds(const QString& key) const;
 
     /// The settings of a group, in their order.
-    using GroupSettings = QVector<NamedValue>;
+    struct GroupSettings {
+        QDomElement group;
+        QVector<NamedValue> settings;
+    };
     /// Those of each of the groupsOf() @p key.
     QVector<GroupSettings> settingsIn(const QString& key) const;
-    /// Gives the setting @p key the values and the places that it had when settingsIn() its group was @p former.
+    /// Gives the setting @p key the values and the places that it had when settingsIn() its group was @p former, of
+    /// this tree or of one with the same groups.
     void putBack(const QString& key, const QVector<GroupSettings>& former);
 
     // The tree, whatever stands in it (filetree.cpp). A group is the element that the tree has for it; the root element
@@ -171,7 +175,7 @@ private:
     QVector<QDomElement> holdersOf(const QStringList& names, const QString& name) const;
     QDomElement madeGroup(const QStringList& names);
     void put(const QDomElement& group, const QString& name, const QString& value);
-    void putBack(const QDomElement& group, const QString& name, const GroupSettings& former);
+    void putBack(const QDomElement& group, const QString& name, const QVector<NamedValue>& former);
     void take(const TreeStep& step);
     void apply(const SettingStep& step);
     void apply(const GroupStep& step);

@@ -96,6 +96,7 @@ void TestPaperComparison::likeness_data()
     row("a line more", document({"a"}), document({"a", ""}), false);
     row("a document more", document({"a"}), document({"a"}) + document({}), false);
     row("two documents in place of one", document({"a", "b"}), document({"a"}) + document({"b"}), false);
+    row("more blanks past the edge", document({x32 + " "}), document({x32 + "  "}), false);
     row("blanks past the edge are marked", document({x32}), document({x32 + "  "}), false);
     row("a text behind a quote is marked", document({"ab"}), document({"a'b"}), false);
     const QByteArray eightMarks = QByteArray("e") + QByteArray("\xCC\x81").repeated(8);

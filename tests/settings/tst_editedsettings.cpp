@@ -21,6 +21,7 @@ private slots:
     void nothingChanges();
     void typingIsOneChange();
     void typingGoesOnOnlyInOneSetting();
+    void typingInTwoGroupsIsTakenBackInBoth();
     void typedToNothing_data();
     void typedToNothing();
     void aNewChangeForgetsWhatWasTakenBack();
@@ -28,6 +29,7 @@ private slots:
     void goesBackBeyondASave();
     void goesBackBeyondASaveThatDrops_data();
     void goesBackBeyondASaveThatDrops();
+    void goesBackUnderTheNameOfTheLastSave();
     void aSaveThatDropsNoSettingIsNoChange();
     void aFurtherGroupWithoutSettingsIsNoLoss();
     void aHiddenFileIsEmptyOnceItIsSaved();
@@ -42,6 +44,9 @@ private slots:
     void comesBackToItsPlace_data();
     void comesBackToItsPlace();
     void comesBackToItsPlaceAfterASave();
+    void comesBackToItsGroup();
+    void comesBackWithItsGroup();
+    void leavesAloneWhatDoesNotAnswer();
     void comesBackAsOneChange();
     void anEmptyGroupIsNoChange();
     void nobodyKnowsWhatAFailureLeaves();
@@ -228,6 +233,21 @@ void TestEditedSettings::typingGoesOnOnlyInOneSetting()
     QVERIFY(!file.canUndo());
 }
 
+// To type nothing goes to all groups that have the setting, what follows to the one that answers.
+void TestEditedSettings::typingInTwoGroupsIsTakenBackInBoth()
+{
+    const QByteArray two = "zelmora: { db: { dbname = \"1\"; }; db: { dbname = \"3\"; }; };";
+    EditedFile file(two);
+    file.type("zelmora.db.dbname", "");
+    QCOMPARE(file.now(), QByteArray("zelmora: { db: { dbname = \"\"; }; db: { dbname = \"\"; }; };"));
+    file.type("zelmora.db.dbname", "5");
+    file.undo();
+    QCOMPARE(file.now(), two);
+    QVERIFY(!file.canUndo());
+    file.redo();
+    QCOMPARE(file.now(), QByteArray("zelmora: { db: { dbname = \"5\"; }; db: { dbname = \"\"; }; };"));
+}
+
 void TestEditedSettings::typedToNothing_data()
 {
     QTest::addColumn<QString>("key");
@@ -250,6 +270,7 @@ void TestEditedSettings::typedToNothing()
     for (const char* text : {"7", "78", "7", ""})
         file.type(key, text);
     QCOMPARE(file.now(), after.replace("\"3\"", "\"4\""));
+    QCOMPARE(file.undoText(), isChange ? key : QString("zelmora.bin.path"));
     if (isChange)
         file.undo();
     file.type(key, "5");
@@ -379,6 +400,16 @@ void TestEditedSettings::goesBackBeyondASaveThatDrops()
     }
 }
 
+void TestEditedSettings::goesBackUnderTheNameOfTheLastSave()
+{
+    EditedFile file(begin + "other: { b = 1; };");
+    QCOMPARE(saveAll(file, "a.conf"), QString());
+    QCOMPARE(saveAll(file, "b.conf"), QString());
+    file.undo();
+    QCOMPARE(file.file().root().lastChildElement().tagName(), QString("other"));
+    QCOMPARE(QFileInfo(file.file().root().tagName()).fileName(), QString("b.conf"));
+}
+
 // There is nothing in the window to be brought back.
 void TestEditedSettings::aSaveThatDropsNoSettingIsNoChange()
 {
@@ -413,6 +444,7 @@ void TestEditedSettings::aHiddenFileIsEmptyOnceItIsSaved()
     QVERIFY(!file.canUndo());
     QCOMPARE(saveAll(file, "a.xml"), QString());
     QVERIFY(fileContents(file.path).trimmed().isEmpty());
+    QVERIFY(!file.canUndo()); // nothing was in sight before, either
     file.set("zelmora.db.dbname", "2");
     QCOMPARE(file.file().value("zelmora.db.dbname"), QString("2"));
     QVERIFY(file.isWhole(file.tryWriting(file.path)));
@@ -611,6 +643,40 @@ void TestEditedSettings::comesBackToItsPlaceAfterASave()
     QVERIFY(!file.isModified());
 }
 
+// Whatever has become of the other groups of its name.
+void TestEditedSettings::comesBackToItsGroup()
+{
+    EditedFile file("zelmora: { db: { username = x; }; db: { dbname = 3; hostname = 4; }; };");
+    file.removeGroup(file.group({"zelmora", "db"}));
+    file.set("zelmora.db.dbname", "7");
+    file.restore("zelmora.db.dbname");
+    QCOMPARE(file.now(), QByteArray("zelmora: { db: { dbname = \"3\"; hostname = \"4\"; }; };"));
+    file.unset("zelmora.db.dbname");
+    file.addGroup(file.group({"zelmora"}), "db");
+    file.restore("zelmora.db.dbname"); // not to the new one
+    QCOMPARE(file.now(), QByteArray("zelmora: { db: { dbname = \"3\"; hostname = \"4\"; }; };"));
+}
+
+void TestEditedSettings::comesBackWithItsGroup()
+{
+    EditedFile file(begin);
+    file.removeGroup(file.group({"zelmora", "db"}));
+    file.restore("zelmora.db.dbname");
+    QCOMPARE(file.file().value("zelmora.db.dbname"), QString("1"));
+    file.restore("zelmora.db.hostname"); // which the file lacks
+    QCOMPARE(file.now(), QByteArray("zelmora: { bin: { path = \"3\"; }; db: { dbname = \"1\"; }; };"));
+}
+
+void TestEditedSettings::leavesAloneWhatDoesNotAnswer()
+{
+    EditedFile file("zelmora: { db: { dbname = 1; }; db: { dbname = 3; }; };");
+    file.setValue(file.group({"zelmora"}).lastChildElement(), "dbname", "5");
+    file.set("zelmora.db.dbname", "7");
+    QCOMPARE(file.now(), QByteArray("zelmora: { db: { dbname = \"7\"; }; db: { dbname = \"5\"; }; };"));
+    file.type("zelmora.db.dbname", "8");
+    QCOMPARE(file.now(), QByteArray("zelmora: { db: { dbname = \"8\"; }; db: { dbname = \"5\"; }; };"));
+}
+
 void TestEditedSettings::comesBackAsOneChange()
 {
     EditedFile file(begin);
@@ -670,6 +736,9 @@ void TestEditedSettings::fillsAnEmptyFile()
 {
     EditedFile file(" \n");
     QVERIFY(file.isEmpty());
+    file.addGroup(QDomElement(), "zelmora"); // with nothing in it
+    QVERIFY(file.isEmpty());
+    file.undo();
     file.fill();
     QVERIFY(!file.isEmpty());
     QCOMPARE(file.file().value("zelmora.receiptdoc.paperWidth"), QString("32"));
