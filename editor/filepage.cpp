@@ -82,10 +82,10 @@ void FilePage::forget()
 
 void FilePage::replace()
 {
-    const bool hasFocus = tree->hasFocus();
+    const bool hadFocus = window()->focusWidget() == tree; // or will have it, when a box before the window has gone
     forget();
     build();
-    if (hasFocus)
+    if (hadFocus)
         takeFocus();
 }
 
@@ -100,6 +100,7 @@ void FilePage::build()
     unfold();
     tree->setMinimumHeight(leastHeight);
     layout->insertWidget(0, tree, 1);
+    tree->show(); // what is hidden yet takes no focus
     tree->addActions(commandActions);
     tree->setContextMenuPolicy(Qt::ActionsContextMenu);
     tree->setCurrentItem(tree->topLevelItem(0));

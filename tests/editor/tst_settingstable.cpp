@@ -98,6 +98,8 @@ private slots:
     void hintsTellValuesAsTexts();
     void stepsEndAtTheRange();
     void theWordThatIsThereStaysAsItIsWritten();
+    void tabGoesFromTheGroupsNotesToItsRows();
+    void theListKeepsTheKeyboardWhenASaveIsTakenBack();
 
 private:
     void showWindow();
@@ -1268,6 +1270,29 @@ void TestSettingsTable::theWordThatIsThereStaysAsItIsWritten()
     QVERIFY(!window->isWindowModified());
     person->press(Qt::Key_Home);
     QVERIFY(window->isWindowModified());
+}
+
+void TestSettingsTable::tabGoesFromTheGroupsNotesToItsRows()
+{
+    open(suite("receiptdoc: { paperWidth = 40; };"));
+    open(suite("recieptdoc: { paperWidth = 40; };")); // what puts it right is made after the fields
+    const QStringList names = namesByTab(person->named<QWidget>("Groups of settings"), 3);
+    QCOMPARE(names.at(1), QString::fromUtf8("Put it right: recieptdoc \u2192 receiptdoc"));
+    QVERIFY(person->named<QSpinBox>(names.at(2)) || person->named<QCheckBox>(names.at(2)));
+}
+
+void TestSettingsTable::theListKeepsTheKeyboardWhenASaveIsTakenBack()
+{
+    open(suite("receiptdoc: { paperWidth = 40; };") + " other: { kind = fish; };");
+    person->press(Qt::Key_2, Qt::ControlModifier);
+    person->change({"zelmora", "receiptdoc", "paperWidth"}, "48");
+    person->willPress(QMessageBox::Save);
+    save();
+    person->readBoxes();
+    QCOMPARE(window->focusWidget(), person->tree()); // as soon as a desktop gives it to the window
+    person->press(Qt::Key_Z, Qt::ControlModifier);
+    QVERIFY(person->item({"other"}));
+    QVERIFY(person->tree()->hasFocus());
 }
 
 QTEST_MAIN(TestSettingsTable)

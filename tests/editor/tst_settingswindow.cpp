@@ -66,6 +66,7 @@ private slots:
     void closesAtOnceWithoutChanges();
     void closeAsksWhenThereAreChanges_data();
     void closeAsksWhenThereAreChanges();
+    void doesNotCloseOverTheOnlyCopy();
     void keysAnswerQuestions_data();
     void keysAnswerQuestions();
     void openingAsksWhenThereAreChanges();
@@ -777,6 +778,21 @@ void TestSettingsWindow::closesAtOnceWithoutChanges()
     openSettings(smallFile);
     window->close();
     QVERIFY(!window->isVisible());
+}
+
+// What was saved can't be read: it stands in the window alone.
+void TestSettingsWindow::doesNotCloseOverTheOnlyCopy()
+{
+    const QString path = write("zelmora.xml", "<zelmora a='1'/>");
+    open(path);
+    person->change({"zelmora", "a"}, "x<y");
+    person->willPress(QMessageBox::Save);
+    person->willPress(QMessageBox::Save); // though it would be no XML
+    person->willPress(QMessageBox::Ok);
+    QVERIFY(!window->close());
+    QCOMPARE(person->readBoxes().value(2), "The file " + path + " cannot be read: it is not XML");
+    QVERIFY(window->isVisible());
+    QCOMPARE(person->value({"zelmora", "a"}), QString("x<y"));
 }
 
 void TestSettingsWindow::closeAsksWhenThereAreChanges_data()
