@@ -164,8 +164,9 @@ struct Trial {
 Side printed(const QByteArray& job, const QString& name, const Trial& trial, QString& failure)
 {
     const PrintedJob done = trial.printer.print(job);
-    if (!done.failure.isEmpty())
-        failure = name + ": "_L1 + done.failure;
+    const QString reason = failureOf(done);
+    if (!reason.isEmpty())
+        failure = name + ": "_L1 + reason;
     return {name + ", "_L1 + trial.settings, true, done.script};
 }
 

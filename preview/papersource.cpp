@@ -61,13 +61,17 @@ Paper paperOfJob(const QByteArray& job, const QString& name, JobPrinter& printer
     if (made.failure.isEmpty()) {
         const PrintedJob printed = printer.print(job);
         made = paperOfScript(printed.script);
-        const QString failure =
-            printed.script.isEmpty() && printed.failure.isEmpty() ? nothingPrinted() : printed.failure;
+        const QString failure = failureOf(printed);
         if (!failure.isEmpty())
             made.failure = name + ": "_L1 + failure;
     }
     made.isOfJob = true;
     return made;
+}
+
+QString failureOf(const PrintedJob& printed)
+{
+    return printed.script.isEmpty() && printed.failure.isEmpty() ? nothingPrinted() : printed.failure;
 }
 
 QString nothingPrinted()

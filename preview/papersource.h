@@ -7,6 +7,7 @@
 namespace preview {
 
 class JobPrinter;
+struct PrintedJob;
 
 /// A file, or what stands for one, that is to become paper.
 struct Source {
@@ -30,6 +31,10 @@ struct Paper {
 Paper paperOfScript(const QByteArray& script, QTextCodec* encoding = nullptr);
 /// That of a job, which @p printer prints; it is called @p name where that fails.
 Paper paperOfJob(const QByteArray& job, const QString& name, JobPrinter& printer);
+
+/// Why @p printed is not all that there should be, in a translated sentence: a job of which nothing is printed has
+/// failed too. Empty when it is.
+QString failureOf(const PrintedJob& printed);
 
 /// What is to be said of a job that has no script.
 QString nothingPrinted();

@@ -105,12 +105,15 @@ void PrintRun::end(const QString& failure)
     emit finished();
 }
 
-void PrintRun::processFinished(int, QProcess::ExitStatus status)
+/// The print program's own status is 0, whatever becomes of the job.
+void PrintRun::processFinished(int exitCode, QProcess::ExitStatus status)
 {
     if (status == QProcess::CrashExit)
         end(QObject::tr("The print program was ended by a signal."));
     else if (output.size() >= longestScript)
         end(QObject::tr("The script is longer than %1 MB.").arg(longestScript / 1024 / 1024));
+    else if (exitCode != 0)
+        end(QObject::tr("The print program ended with status %1.").arg(exitCode));
     else
         end(QString());
 }

@@ -2307,6 +2307,10 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
         <translation>Lo script supera i %1 MB.</translation>
     </message>
     <message>
+        <source>The print program ended with status %1.</source>
+        <translation>Il programma di stampa è terminato con lo stato %1.</translation>
+    </message>
+    <message>
         <source>The print program cannot be started: %1</source>
         <translation>Il programma di stampa non può essere avviato: %1</translation>
     </message>

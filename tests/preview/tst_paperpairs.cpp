@@ -352,6 +352,9 @@ void TestPaperPairs::whatCannotBeRehearsed_data()
                                       << QByteArray("The file none.conf cannot be read: No such file or directory\n");
     QTest::newRow("an empty job") << QStringList {"new.conf", "empty.xml"}
                                   << QByteArray("The file empty.xml is empty.\n");
+    QTest::newRow("a job of which nothing is printed")
+        << QStringList {"new.conf", "cut.xml"}
+        << QByteArray("cut.xml: Nothing of this job is printed. zelmora-check says why.\n");
     QTest::newRow("settings that the brace form cannot hold")
         << QStringList {"new.xml", "a.xml"}
         << QByteArray("The print program reads the brace form alone, which cannot hold this of the file new.xml:\n"
@@ -368,6 +371,7 @@ void TestPaperPairs::whatCannotBeRehearsed()
     run.writeFile("a.xml", jobOf("one"));
     run.writeFile("a.txt", script({"one"}));
     run.writeFile("empty.xml", "");
+    run.writeFile("cut.xml", "<printjob");
     QCOMPARE(run.statusOf(QStringList {"--rehearse"} + arguments), 2);
     QCOMPARE(run.standardError, message);
     QCOMPARE(run.standardOutput, QByteArray());

@@ -19,7 +19,8 @@ private slots:
     void saysThatThereIsNone();
     void scriptsTakeNone();
     void saysThatItHung();
-    void saysThatItCrashed();
+    void saysThatItFailed_data();
+    void saysThatItFailed();
     void whatIsLeftBySignals_data();
     void whatIsLeftBySignals();
     void anIgnoredSignalStaysIgnored();
@@ -219,18 +220,30 @@ void TestPaperRuns::saysThatItHung()
              run.standardError.constData());
 }
 
-void TestPaperRuns::saysThatItCrashed()
+void TestPaperRuns::saysThatItFailed_data()
 {
+    QTest::addColumn<QByteArray>("commands");
+    QTest::addColumn<QByteArray>("message");
+    QTest::newRow("it crashed") << QByteArray("kill -s ABRT $$")
+                                << QByteArray("a.xml: The print program was ended by a signal.\n");
+    QTest::newRow("its libraries are not there")
+        << QByteArray("exit 127") << QByteArray("a.xml: The print program ended with status 127.\n");
+}
+
+void TestPaperRuns::saysThatItFailed()
+{
+    QFETCH(QByteArray, commands);
+    QFETCH(QByteArray, message);
     const Place place;
-    place.makePrintProgram("own/deep", "kill -s ABRT $$");
+    place.makePrintProgram("own/deep", commands);
     PaperRun run(place.program());
     run.writeFile("a.xml", "<j/>");
     run.writeFile("a.conf", "");
     QCOMPARE(run.statusOf({"a.xml"}), 2);
-    QCOMPARE(run.standardError, QByteArray("a.xml: The print program was ended by a signal.\n"));
+    QCOMPARE(run.standardError, message);
     QCOMPARE(run.standardOutput, QByteArray());
     QCOMPARE(run.statusOf({"--rehearse", "a.conf", "a.xml"}), 2);
-    QCOMPARE(run.standardError, QByteArray("a.xml: The print program was ended by a signal.\n"));
+    QCOMPARE(run.standardError, message);
     QCOMPARE(run.statusOf({"-o", "a.txt", "a.xml"}), 2);
     QVERIFY(!QFile::exists(run.path("a.txt")));
 }

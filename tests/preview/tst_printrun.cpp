@@ -22,6 +22,7 @@ private slots:
     void aJobThatBreaksOffIsNoFailure();
     void saysThatItCannotBeStarted();
     void saysThatItWasEnded();
+    void saysThatItEndedBadly();
     void endsAProgramThatHangs();
     void endsAProgramThatHangsBehindAWindow();
     void keepsTheBeginningOfAVeryLongScript();
@@ -130,6 +131,16 @@ void TestPrintRun::saysThatItWasEnded()
     PrintRun run(fake.path(), exampleHome());
     run.print("<j/>");
     QCOMPARE(run.failure(), QString("The print program was ended by a signal."));
+    QCOMPARE(run.script(), QByteArray("nofis apri\r\n"));
+}
+
+// Its own status is 0, whatever it prints; 127 is that of one whose libraries are not there.
+void TestPrintRun::saysThatItEndedBadly()
+{
+    const FakeProgram fake("printf 'nofis apri\\r\\n' > \"$2\"; exit 127");
+    PrintRun run(fake.path(), exampleHome());
+    run.print("<j/>");
+    QCOMPARE(run.failure(), QString("The print program ended with status 127."));
     QCOMPARE(run.script(), QByteArray("nofis apri\r\n"));
 }
 
