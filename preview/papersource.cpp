@@ -91,7 +91,7 @@ QVector<paper::Strip> stripsOf(const paper::Roll& roll, const QString& title)
 
 QString documentTitle(const QString& title, int number)
 {
-    return number == 0 ? title : QStringLiteral("%1 (%2)").arg(title).arg(number + 1);
+    return number == 0 ? title : QStringLiteral("%1 (%2)").arg(title, QString::number(number + 1));
 }
 
 } // namespace preview

@@ -89,6 +89,10 @@ void TestPaperDrawing::eachDocumentOfAScript()
     run.writeFile("a.txt", script({"one"}) + script({"two"}));
     QCOMPARE(run.statusOf({"a.txt"}), 0);
     QCOMPARE(run.standardOutput, framed("a.txt", {"one"}) + '\n' + framed("a.txt (2)", {"two"}));
+
+    run.writeFile("a%2b.txt", script({"one"}) + script({"two"})); // a place for no number
+    QCOMPARE(run.statusOf({"a%2b.txt"}), 0);
+    QCOMPARE(run.standardOutput, framed("a%2b.txt", {"one"}) + '\n' + framed("a%2b.txt (2)", {"two"}));
 }
 
 void TestPaperDrawing::standardInput()
