@@ -9,7 +9,7 @@ namespace preview {
 
 namespace {
 
-/// The documents of a script one by one; those that are not there too.
+/// The documents of a script one by one; those that are not there too. Where it has none, there is an empty paper.
 class Documents {
 public:
     Documents(const Side& side, QTextCodec* encoding)
@@ -17,6 +17,8 @@ public:
     {
         if (side.isThere)
             roll = paper::readRoll(side.script, encoding);
+        if (side.isThere && roll.documents.isEmpty())
+            roll.documents.resize(1);
     }
 
     int count() const { return roll.documents.size(); }
@@ -58,8 +60,6 @@ Difference differenceOf(const Side& left, const Side& right, QTextCodec* encodin
         if (!paper::looksAlike(leftOnes.only(number), rightOnes.only(number)))
             difference.bands += bandOf(leftOnes, rightOnes, number);
     }
-    if (left.isThere != right.isThere && difference.bands.isEmpty())
-        difference.bands += {{left.title, {}, left.isThere}, {right.title, {}, right.isThere}};
     difference.isWithoutTrace = difference.bands.isEmpty();
     return difference;
 }

@@ -11,6 +11,7 @@ private slots:
     void differentScripts();
     void onlyTheDocumentsThatDiffer();
     void aDocumentMore();
+    void noDocumentIsAnEmptyOne();
     void differentWithoutATrace();
     void findingsDoNotCount();
     void intoAFile();
@@ -99,6 +100,21 @@ void TestPaperPairs::aDocumentMore()
     QCOMPARE(run.statusOf({"--compare", "a.txt", "b.txt"}), 1);
     QCOMPARE(linesWith(run.standardOutput, "two"), QStringList {QString(36, ' ') + "│two" + QString(29, ' ') + "│"});
     QVERIFY(!run.standardOutput.contains("│one"));
+}
+
+// They are drawn alike. A fiscal document is never empty: it has its total.
+void TestPaperPairs::noDocumentIsAnEmptyOne()
+{
+    PaperRun run;
+    run.writeFile("none.txt", "words\n");
+    run.writeFile("empty.txt", script({}));
+    run.writeFile("fiscal.txt", "CLEAR \r\nCHIAVE REG\r\nCHIUS T=1\r\n");
+    QCOMPARE(run.statusOf({"--compare", "none.txt", "empty.txt"}), 0);
+    QCOMPARE(run.standardOutput, scripts(1, 0, 1));
+    QCOMPARE(run.statusOf({"--compare", "empty.txt", "none.txt"}), 0);
+    QCOMPARE(run.standardOutput, scripts(1, 0, 1));
+    QCOMPARE(run.statusOf({"--compare", "none.txt", "fiscal.txt"}), 1);
+    QVERIFY(run.standardOutput.endsWith(scripts(1, 1, 0)));
 }
 
 void TestPaperPairs::differentWithoutATrace()
