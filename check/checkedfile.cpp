@@ -3,6 +3,7 @@
 #include "check/scriptcheck.h"
 #include "paper/roll.h"
 #include "toolkit/filenames.h"
+#include "toolkit/filereading.h"
 #include "toolkit/literals.h"
 
 #include <QBuffer>
@@ -41,7 +42,10 @@ CheckedFile checkContents(QFile& file, const JobSettings& settings, JobTrace* tr
 {
     if (paper::isJob(head(file)))
         return {CheckedFile::Checked, checkJob(file, settings, trace)};
-    QByteArray contents = file.readAll();
+    QByteArray contents;
+    const QString reason = toolkit::readRest(file, contents);
+    if (!reason.isEmpty())
+        return {CheckedFile::Unreadable, {}, reason};
     if (contents.isEmpty())
         return {CheckedFile::Empty};
     if (paper::isJob(contents)) { // behind more white space than was looked at

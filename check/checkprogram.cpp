@@ -12,6 +12,7 @@
 #include "config/zmconfiguration.h"
 #include "toolkit/console.h"
 #include "toolkit/filenames.h"
+#include "toolkit/filereading.h"
 #include "toolkit/localecodec.h"
 
 #include <QCoreApplication>
@@ -77,9 +78,7 @@ SettingsBytes readSettings(const Call& call)
         return {};
     SettingsBytes read;
     read.isThere = file.open(QIODevice::ReadOnly);
-    read.bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        read.reason = file.errorString();
+    read.reason = read.isThere ? toolkit::readRest(file, read.bytes) : file.errorString();
     return read;
 }
 

@@ -2,12 +2,12 @@
 
 #include "check/scriptcheck.h"
 #include "preview/jobprinter.h"
+#include "toolkit/filereading.h"
 #include "toolkit/literals.h"
 
 #include <QFile>
 #include <QObject>
 
-#include <cerrno>
 #include <unistd.h>
 
 using toolkit::operator""_L1;
@@ -35,12 +35,9 @@ Source readSource(const QString& name)
 {
     Source source;
     QFile file;
-    if (open(file, name))
-        source.bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        source.failure = unreadable(name, file.errorString());
-    else if (source.bytes.isEmpty() && file.size() > 0) // more than the toolkit reads at once: not a word of it
-        source.failure = unreadable(name, qt_error_string(EFBIG));
+    const QString reason = open(file, name) ? toolkit::readRest(file, source.bytes) : file.errorString();
+    if (!reason.isEmpty())
+        source.failure = unreadable(name, reason);
     else if (source.bytes.isEmpty())
         source.failure = QObject::tr("The file %1 is empty.").arg(name);
     return source;

@@ -5,6 +5,7 @@
 #include "config/settingsscan.h"
 #include "settings/backup.h"
 #include "settings/likeness.h"
+#include "toolkit/filereading.h"
 #include "toolkit/filereplacement.h"
 #include "toolkit/literals.h"
 
@@ -114,10 +115,7 @@ QString SettingsFile::read(const QString& path, QByteArray& bytes)
     if (isNoFile(path))
         return noFileReason();
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return file.errorString();
-    bytes = file.readAll();
-    return file.error() == QFileDevice::NoError ? QString() : file.errorString();
+    return file.open(QIODevice::ReadOnly) ? toolkit::readRest(file, bytes) : file.errorString();
 }
 
 QString SettingsFile::load(const QString& path)

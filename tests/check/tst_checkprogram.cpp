@@ -47,6 +47,7 @@ private slots:
     void scriptInAnotherLocale();
     void scriptsBesideJobs();
     void emptyFiles();
+    void filesThatAreTooLarge();
     void traceOfAScript();
     void jobsAreReadPieceByPiece();
 };
@@ -625,6 +626,24 @@ void TestCheckProgram::emptyFiles()
     run.start({"--trace", "empty"});
     QCOMPARE(run.standardOutput, QByteArray());
     QCOMPARE(run.standardError, QByteArray("The file empty is empty.\n"));
+    QCOMPARE(run.exitStatus, 2);
+}
+
+// Of a script, and of settings, more than memory is to hold. A job is read piece by piece.
+void TestCheckProgram::filesThatAreTooLarge()
+{
+    CheckRun run;
+    run.startShell("truncate -s 3G large");
+    QCOMPARE(run.output({"large"}),
+             QByteArray("large:1:1: error: The file cannot be read: File too large [unreadable]\n"));
+    QCOMPARE(run.exitStatus, 2);
+    run.startShell("\"$program\" - < large");
+    QCOMPARE(run.standardOutput, QByteArray("-:1:1: error: The file cannot be read: File too large [unreadable]\n"));
+    run.start({"--trace", "large"});
+    QCOMPARE(run.standardError, QByteArray("The file large cannot be read: File too large\n"));
+    run.writeFile("job.xml", errorJob);
+    QCOMPARE(run.output({"--settings", "large", "job.xml"}),
+             QByteArray("large:1:1: error: The file cannot be read: File too large [unreadable]\n"));
     QCOMPARE(run.exitStatus, 2);
 }
 
