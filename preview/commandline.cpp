@@ -123,8 +123,11 @@ QString wrongOptions(const QCommandLineParser& parser, const TaskRules& rules)
 
 QString wrongFiles(const QStringList& files, const TaskRules& rules)
 {
-    const bool isRight = files.size() >= rules.fewest && (rules.most < 0 || files.size() <= rules.most);
-    return isRight ? QString() : QString(rules.wrongFiles);
+    if (files.size() < rules.fewest || (rules.most >= 0 && files.size() > rules.most))
+        return rules.wrongFiles;
+    if (files.count(QStringLiteral("-")) > 1)
+        return QStringLiteral("Standard input can be read only once: there are several \"-\".");
+    return QString();
 }
 
 /// The path of the file that the caller means.

@@ -395,6 +395,11 @@ void TestPaperDrawing::wrongCalls_data()
     row("a scale of half", {"--scale", "1.5", "-o", "a.png", "a.txt"},
         "The scale is a whole number from 1 to 8, and \"1.5\" is none.");
     row("an unknown encoding", {"--encoding", "klingon", "a.txt"}, "There is no encoding \"klingon\".");
+    row("standard input twice", {"-", "a.txt", "-"}, "Standard input can be read only once: there are several \"-\".");
+    row("a comparison of standard input with itself", {"--compare", "-", "-"},
+        "Standard input can be read only once: there are several \"-\".");
+    row("a rehearsal of it twice", {"--rehearse", "x.conf", "-", "-"},
+        "Standard input can be read only once: there are several \"-\".");
     row("a proof of files", {"--proof", "a.txt"}, "The option --proof draws the built-in samples: it takes no files.");
     row("a proof with an encoding", {"--proof", "--encoding", "latin1"},
         "The options --proof and --encoding cannot be had together.");

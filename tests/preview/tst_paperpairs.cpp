@@ -20,6 +20,7 @@ private slots:
     void wholeFoldersAreRead();
     void filesOfAnyName();
     void oneThatIsMissingHidesNoOther();
+    void standardInput();
     void encodings();
     void whatCannotBeCompared_data();
     void whatCannotBeCompared();
@@ -253,6 +254,19 @@ void TestPaperPairs::oneThatIsMissingHidesNoOther()
     QCOMPARE(run.statusOf({"--compare", "old", "new"}), 2);
     QCOMPARE(run.standardOutput, QByteArray());
     QVERIFY(run.standardError.contains("new/job.xml is a job"));
+}
+
+void TestPaperPairs::standardInput()
+{
+    PaperRun run;
+    run.writeFile("a.txt", script({"one"}));
+    run.writeFile("b.txt", script({"two"}));
+    run.startShell("\"$program\" --compare - a.txt < a.txt");
+    QCOMPARE(run.remarks(), scripts(1, 0, 0));
+    run.startShell("\"$program\" --compare a.txt - < b.txt");
+    QCOMPARE(run.exitStatus, 1);
+    QVERIFY(run.standardOutput.startsWith("a.txt" + QByteArray(31, ' ') + "-\n"));
+    QVERIFY(run.standardOutput.endsWith(scripts(1, 1, 0)));
 }
 
 void TestPaperPairs::encodings()
