@@ -33,7 +33,8 @@ sigset_t endingSignals()
 {
     sigset_t ending;
     sigemptyset(&ending);
-    for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) {
+    for (const int signal :
+         {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGUSR1, SIGUSR2, SIGALRM, SIGXCPU, SIGVTALRM, SIGPROF, SIGIO}) {
         struct sigaction action;
         const bool isIgnored = sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
         if (!isIgnored)

@@ -5,10 +5,12 @@
 
 class QString;
 
-/// Folders that are gone when the process is, also when it is asked to end by SIGHUP, SIGINT, SIGQUIT or SIGTERM.
+/// Folders that are gone when the process is, also when one of the signals ends it that mean no fault of its own:
+/// SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGUSR1, SIGUSR2, SIGALRM, SIGXCPU, SIGVTALRM, SIGPROF and SIGIO. (SIGPIPE and
+/// SIGXFSZ the programs ignore. SIGKILL leaves them.)
 namespace preview {
 
-/// From now on a thread of its own takes these three signals: it removes what there is of scratch folders, and then
+/// From now on a thread of its own takes these signals: it removes what there is of scratch folders, and then
 /// lets the signal end the process as it would have. A signal that was ignored stays ignored. All other threads must
 /// block them: a program with threads calls this in its main(), before the first one is started. Further calls do
 /// nothing.

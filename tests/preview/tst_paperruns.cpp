@@ -259,6 +259,13 @@ void TestPaperRuns::whatIsLeftBySignals_data()
     row("SIGINT", SIGINT, {"a.xml"});
     row("SIGHUP", SIGHUP, {"a.xml"});
     row("SIGQUIT", SIGQUIT, {"a.xml"});
+    row("SIGUSR1", SIGUSR1, {"a.xml"});
+    row("SIGUSR2", SIGUSR2, {"a.xml"});
+    row("SIGALRM", SIGALRM, {"a.xml"});
+    row("SIGXCPU", SIGXCPU, {"a.xml"});
+    row("SIGVTALRM", SIGVTALRM, {"a.xml"});
+    row("SIGPROF", SIGPROF, {"a.xml"});
+    row("SIGIO", SIGIO, {"a.xml"});
     row("SIGTERM while several are printed", SIGTERM, {"a.xml", "a.xml", "a.xml"});
     row("SIGTERM while a picture is made", SIGTERM, {"-o", "a.png", "a.xml", "a.xml"});
     row("SIGTERM at a rehearsal, with two homes", SIGTERM, {"--rehearse", "a.conf", "a.xml"});
