@@ -207,11 +207,8 @@ ExitStatus compare(const Call& call, const SettingsBytes&)
 
 ExitStatus rehearse(const Call& call, const SettingsBytes& settings)
 {
-    const SettingsBytes others = readSettings(call.otherSettings);
-    if (!others.reason.isEmpty())
-        return refuse(others.reason);
     JobPrinter today(settings);
-    JobPrinter tomorrow(others);
+    JobPrinter tomorrow(readSettings(call.otherSettings));
     for (JobPrinter* printer : {&today, &tomorrow}) {
         if (!printer->obstacle().isEmpty())
             return refuse(printer->obstacle());

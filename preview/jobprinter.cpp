@@ -8,11 +8,14 @@ namespace preview {
 
 JobPrinter::JobPrinter(const SettingsBytes& settings)
     : settings(settings.bytes)
+    , itsObstacle(settings.reason)
 {
 }
 
 void JobPrinter::prepare()
 {
+    if (!itsObstacle.isEmpty())
+        return;
     program = findPrintProgram();
     home = std::make_shared<PrintHome>(settings);
     if (program.isEmpty())

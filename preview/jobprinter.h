@@ -20,7 +20,7 @@ struct PrintedJob {
 /// takes is made with the first one.
 class JobPrinter {
 public:
-    /// @p settings are there.
+    /// Settings that cannot be had are an obstacle.
     explicit JobPrinter(const SettingsBytes& settings);
 
     /// Why none can be printed, in a translated sentence; empty when they can.

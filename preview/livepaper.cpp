@@ -19,11 +19,6 @@ LivePaper::Site::Site(const SettingsBytes& settings)
 {
 }
 
-QString LivePaper::Site::obstacle() const
-{
-    return settings.reason.isEmpty() ? printer->obstacle() : settings.reason;
-}
-
 LivePaper::LivePaper(QObject* parent)
     : QObject(parent)
     , now(std::make_shared<Site>(SettingsBytes()))
@@ -83,7 +78,7 @@ void LivePaper::startOver()
 
 void LivePaper::begin()
 {
-    const QString obstacle = documents.empty() ? QString() : now->obstacle();
+    const QString obstacle = documents.empty() ? QString() : now->printer->obstacle();
     if (!obstacle.isEmpty())
         return show({{}, obstacle});
     for (Document& document : documents) {
@@ -91,7 +86,7 @@ void LivePaper::begin()
         print(document, now);
     }
     for (Document& document : documents) {
-        if (stored != now && stored->obstacle().isEmpty())
+        if (stored != now && stored->printer->obstacle().isEmpty())
             print(document, stored);
     }
     composeWhenPrinted();

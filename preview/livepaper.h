@@ -44,7 +44,6 @@ private:
     /// Settings, and who prints with them.
     struct Site {
         explicit Site(const SettingsBytes& settings);
-        QString obstacle() const;
 
         const SettingsBytes settings;
         const std::shared_ptr<JobPrinter> printer;

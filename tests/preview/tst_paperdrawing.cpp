@@ -32,6 +32,7 @@ private slots:
     void wrongCalls_data();
     void wrongCalls();
     void settingsThatCannotBeHad();
+    void ownSettingsThatCannotBeHad();
     void xmlSettings();
     void findingsOfAJobAreThoseOfItsScript();
     void aJobThatPrintsNothing();
@@ -437,11 +438,37 @@ void TestPaperDrawing::settingsThatCannotBeHad()
     QCOMPARE(run.statusOf({"--settings", "none.conf", "a.xml"}), 2);
     QCOMPARE(run.standardError, QByteArray("The file none.conf cannot be read: No such file or directory\n"));
     QCOMPARE(run.standardOutput, QByteArray());
+    run.writeFile("a.txt", script({"one"}));
+    QCOMPARE(run.statusOf({"--settings", "none.conf", "a.txt"}), 2); // which the call names all the same
+    QCOMPARE(run.standardOutput, QByteArray());
+    run.startShell("truncate -s 3G large.conf; \"$program\" --settings large.conf a.xml; rm large.conf");
+    QCOMPARE(run.standardError, QByteArray("The file large.conf cannot be read: File too large\n"));
+}
+
+// A script needs none.
+void TestPaperDrawing::ownSettingsThatCannotBeHad()
+{
+    PaperRun run;
+    run.writeFile("a.xml", jobOf("one"));
+    run.writeFile("a.txt", script({"one"}));
+    run.writeFile("new.conf", simpleSettings());
     QDir(run.path(".")).mkpath("home/.zelmora/conf/zelmora.conf");
-    QCOMPARE(run.statusOf({"a.xml"}), 2);
-    QCOMPARE(run.standardError,
-             "The file " + run.path("home/.zelmora/conf/zelmora.conf").toUtf8()
-                 + " cannot be read: it is not a file\n");
+    const QByteArray reason =
+        "The file " + run.path("home/.zelmora/conf/zelmora.conf").toUtf8() + " cannot be read: it is not a file\n";
+    for (const QStringList& arguments :
+         {QStringList {"a.xml"}, QStringList {"--proof"}, QStringList {"--rehearse", "new.conf", "a.xml"}}) {
+        QCOMPARE(run.statusOf(arguments), 2);
+        QCOMPARE(run.standardError, reason);
+        QCOMPARE(run.standardOutput, QByteArray());
+    }
+    QCOMPARE(run.statusOf({"a.txt"}), 0);
+    QCOMPARE(run.standardOutput, framed("a.txt", {"one"}));
+    QCOMPARE(run.standardError, QByteArray());
+    QCOMPARE(run.statusOf({"--compare", "a.txt", "a.txt"}), 0);
+    QCOMPARE(run.statusOf({"a.xml", "a.txt"}), 2);
+    QCOMPARE(run.standardOutput, framed("a.txt", {"one"}));
+    QCOMPARE(run.standardError, reason);
+    QCOMPARE(run.statusOf({"--settings", "new.conf", "a.xml"}), 0);
 }
 
 void TestPaperDrawing::xmlSettings()
