@@ -26,11 +26,15 @@ ExitStatus writeFile(const QByteArray& bytes, const QString& path)
     return reason.isEmpty() ? Done : refuse(QObject::tr("The file %1 cannot be written: %2").arg(path, reason));
 }
 
+bool hasTerminalBoxes()
+{
+    return !toolkit::isLocaleAscii() && toolkit::localeCodec()->canEncode(QStringLiteral("─│┌┐└┘"));
+}
+
 /// A file is UTF-8, which has all; a terminal may have no box characters.
 paper::Frame frameOf(const Call& call)
 {
-    const bool hasBox = !call.output.isEmpty() || toolkit::localeCodec()->canEncode(QStringLiteral("─│┌┐└┘"));
-    return hasBox ? paper::Frame::Box : paper::Frame::Ascii;
+    return !call.output.isEmpty() || hasTerminalBoxes() ? paper::Frame::Box : paper::Frame::Ascii;
 }
 
 /// Of all forms but text. Null, and a reason, when it cannot be.

@@ -22,11 +22,15 @@ QByteArray codesetName()
     return name;
 }
 
+bool isAscii(const QByteArray& codeset)
+{
+    return codeset.isEmpty() || codeset == "ANSI_X3.4-1968" || codeset == "US-ASCII";
+}
+
 QTextCodec* findLocaleCodec()
 {
     const QByteArray name = codesetName();
-    const bool plainAscii = name.isEmpty() || name == "ANSI_X3.4-1968" || name == "US-ASCII";
-    QTextCodec* const codec = plainAscii ? nullptr : QTextCodec::codecForName(name);
+    QTextCodec* const codec = isAscii(name) ? nullptr : QTextCodec::codecForName(name);
     return codec ? codec : QTextCodec::codecForName("UTF-8");
 }
 
@@ -37,6 +41,12 @@ QTextCodec* localeCodec()
     // Qt's own answer can't be used: Debian's build says UTF-8 in every locale.
     static QTextCodec* const codec = findLocaleCodec();
     return codec;
+}
+
+bool isLocaleAscii()
+{
+    static const bool isIt = isAscii(codesetName());
+    return isIt;
 }
 
 QByteArray localeText(const QString& text)

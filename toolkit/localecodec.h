@@ -13,6 +13,10 @@ namespace toolkit {
 /// toolkit owns it. The environment is read once, at the first call.
 QTextCodec* localeCodec();
 
+/// Whether the locale's own codeset is plain ASCII, as that of C and POSIX, and of an unknown locale, which behaves as
+/// C. What a terminal there shows of other characters is anybody's guess. Read once, too.
+bool isLocaleAscii();
+
 /// @p text in the locale's encoding; what the codec lacks becomes '?'.
 QByteArray localeText(const QString& text);
 

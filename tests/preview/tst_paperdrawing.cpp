@@ -18,6 +18,8 @@ private slots:
     void toldByContent();
     void encodings();
     void anEightBitTerminal();
+    void anAsciiTerminal_data();
+    void anAsciiTerminal();
     void anyFileName();
     void aNameThatBeginsWithAColon();
     void plain_data();
@@ -165,6 +167,27 @@ void TestPaperDrawing::anEightBitTerminal()
     QCOMPARE(run.standardOutput,
              "a.txt\n" + edge + "|\xE8" + rest + "|\n" + edge + "\nb.xml\n" + edge + "| Note: \xA4" + rest.mid(7)
                  + "|\n|" + QByteArray(32, '=') + "|\n" + edge);
+}
+
+void TestPaperDrawing::anAsciiTerminal_data()
+{
+    QTest::addColumn<QString>("locale");
+    for (const char* locale : {"C", "POSIX", "xx_YY.UTF-8"}) // there is none of the last name
+        QTest::newRow(locale) << locale;
+}
+
+// The frame alone is another one. A file has box characters.
+void TestPaperDrawing::anAsciiTerminal()
+{
+    QFETCH(QString, locale);
+    PaperRun run;
+    run.setEnvironment("LC_ALL", locale);
+    run.writeFile("a.txt", script({"\xC3\xA8"}));
+    const QByteArray edge = '+' + QByteArray(32, '-') + "+\n";
+    QCOMPARE(run.statusOf({"a.txt"}), 0);
+    QCOMPARE(run.standardOutput, "a.txt\n" + edge + "|\xC3\xA8" + QByteArray(31, ' ') + "|\n" + edge);
+    QCOMPARE(run.statusOf({"-o", "b.txt", "a.txt"}), 0);
+    QCOMPARE(run.fileOf("b.txt"), framed("a.txt", {"è"}));
 }
 
 // Its bytes are no text in this locale.
