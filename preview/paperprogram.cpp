@@ -11,6 +11,7 @@
 #include "toolkit/localecodec.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTranslator>
@@ -30,6 +31,14 @@ ExitStatus refuseCall(const QString& reason)
     return refuse(QStringLiteral("%1\nTry '%2 --help' for more information.").arg(reason, program));
 }
 
+/// Of a file that is not there yet, in the folder where it would be.
+QString canonicalPath(const QString& path)
+{
+    const QFileInfo file(path);
+    return file.exists() ? file.canonicalFilePath()
+                         : QDir(QFileInfo(file.path()).canonicalFilePath()).filePath(file.fileName());
+}
+
 /// Whether the file @p path is @p source, or lies in it.
 bool isOf(const QString& source, const QString& path)
 {
@@ -37,10 +46,13 @@ bool isOf(const QString& source, const QString& path)
     return !sourcePath.isEmpty() && (path == sourcePath || path.startsWith(sourcePath + u'/'));
 }
 
-/// Nobody means that: a drawing in the place of what it was drawn from.
-bool drawsOverItsSource(const Call& call)
+/// Nobody means that: a drawing in the place of what it was drawn from, or among it, where the next one would be drawn
+/// from this.
+bool drawsIntoItsSource(const Call& call)
 {
-    const QString output = QFileInfo(call.output).canonicalFilePath(); // empty where nothing is drawn over
+    if (call.output.isEmpty())
+        return false;
+    const QString output = canonicalPath(call.output);
     const QStringList sources = QStringList(call.files) << call.settings << call.otherSettings;
     return std::any_of(sources.begin(), sources.end(), [&](const QString& source) { return isOf(source, output); });
 }
@@ -108,8 +120,9 @@ int runPaperProgram(int argc, char** argv)
     const QString wrong = readCall(arguments, call);
     if (!wrong.isEmpty())
         return refuseCall(wrong);
-    if (drawsOverItsSource(call))
-        return refuseCall(QStringLiteral("The file %1 cannot be drawn into: it is what is read.").arg(call.output));
+    if (drawsIntoItsSource(call))
+        return refuseCall(
+            QStringLiteral("The file %1 cannot be drawn into: it is part of what is read.").arg(call.output));
     if (call.task == Call::Task::Help)
         return say(helpText().trimmed());
     if (call.task == Call::Task::Version)

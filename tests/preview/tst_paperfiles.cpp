@@ -24,6 +24,7 @@ private slots:
 
     void takesTheOldOnesPlace();
     void isNotWhatItIsDrawnFrom();
+    void isNotAmongWhatItIsDrawnFrom();
     void isNotWrittenOfAPart();
     void isWrittenWithFindings();
     void cannotBeWritten_data();
@@ -196,7 +197,7 @@ void TestPaperFiles::isNotWhatItIsDrawnFrom()
         run.drawn(name);
         QCOMPARE(run.exitStatus, 2);
         QVERIFY2(run.standardError.startsWith("The file " + QByteArray(name)
-                                              + " cannot be drawn into: it is what is read.\n"),
+                                              + " cannot be drawn into: it is part of what is read.\n"),
                  run.standardError.constData());
         QCOMPARE(run.fileOf("a.txt"), before);
     }
@@ -217,6 +218,28 @@ void TestPaperFiles::isNotWhatItIsDrawnFrom()
     QCOMPARE(run.fileOf("old/sub/a.txt"), QByteArray("before"));
     run.writeFile("older.txt", "before");
     QCOMPARE(run.statusOf({"--compare", "-o", "older.txt", "old", "new"}), 1);
+}
+
+// The next comparison would compare the drawing.
+void TestPaperFiles::isNotAmongWhatItIsDrawnFrom()
+{
+    OneScript run;
+    QDir(run.path(".")).mkpath("old/sub");
+    QDir(run.path(".")).mkpath("new");
+    run.writeFile("old/a.txt", script({"one"}));
+    makeLink("old", run.path("link"));
+    for (const char* name : {"old/b.txt", "old/sub/b.svg", "new/b.png", "link/b.txt", "new/../old/b.pdf"}) {
+        QCOMPARE(run.statusOf({"--compare", "-o", name, "old", "new"}), 2);
+        QVERIFY2(run.standardError.startsWith("The file " + QByteArray(name)
+                                              + " cannot be drawn into: it is part of what is read.\n"),
+                 run.standardError.constData());
+        QVERIFY(!QFile::exists(run.path(name)));
+    }
+    QCOMPARE(run.statusOf({"--compare", "-o", "older.txt", "old", "new"}), 1); // beside it
+    QVERIFY(QFile::exists(run.path("older.txt")));
+    run.setWorkingFolder(run.path("old"));
+    QCOMPARE(run.statusOf({"--compare", ".", "../new"}), 1); // on the terminal
+    QCOMPARE(run.statusOf({"--compare", "-o", "b.txt", ".", "../new"}), 2);
 }
 
 void TestPaperFiles::isNotWrittenOfAPart()
