@@ -21,6 +21,7 @@ private slots:
     void charactersStandInTheirCells();
     void everyControlCharacterHasItsPicture();
     void tooLargePicturesAreRefused();
+    void tooWidePicturesAreRefused();
     void pages_data();
     void pages();
     void emptySheets();
@@ -113,6 +114,19 @@ void TestPainting::tooLargePicturesAreRefused()
     QVERIFY(paper::pngDrawing(sheetOf(rows), 1, reason).isNull());
     QCOMPARE(reason, QString("The picture would have a side of more than 30000 pixels. A PDF breaks into pages."));
     QVERIFY(paper::pngDrawing(sheetOf(rows.mid(0, 800)), 2, reason).isNull());
+}
+
+/// A title of 2,994 columns takes 29,940 units: 10 more stand at its left, 10 between its part on the paper and that
+/// beside it, and 20 at either side of all.
+void TestPainting::tooWidePicturesAreRefused()
+{
+    const auto sheet = [](int columns) { return sheetOf({"a"}, QString(columns, 'x')); };
+    QString reason;
+    QCOMPARE(paper::drawingSize(sheet(2994)).width(), 30000);
+    QVERIFY(!paper::pngDrawing(sheet(2994), 1, reason).isNull());
+    QCOMPARE(reason, QString());
+    QVERIFY(paper::pngDrawing(sheet(2995), 1, reason).isNull());
+    QCOMPARE(reason, QString("The picture would have a side of more than 30000 pixels. A PDF breaks into pages."));
 }
 
 void TestPainting::pages_data()

@@ -2,8 +2,12 @@
 
 #include "support/threads.h"
 
+#include <QThread>
 #include <QtTest>
 
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
 #include <new>
 #include <vector>
 
@@ -13,6 +17,7 @@ class TestAllCores : public QObject {
 private slots:
     void everyPieceIsDoneOnce_data();
     void everyPieceIsDoneOnce();
+    void severalAreDoneAtOnce();
     void anExceptionComesOut_data();
     void anExceptionComesOut();
 };
@@ -39,6 +44,25 @@ void TestAllCores::everyPieceIsDoneOnce()
     std::vector<int> done(static_cast<std::size_t>(count));
     onAllCores(count, [&](int number) { ++done[static_cast<std::size_t>(number)]; });
     QCOMPARE(done, std::vector<int>(static_cast<std::size_t>(count), 1));
+}
+
+// Each of two waits until the other one is there.
+void TestAllCores::severalAreDoneAtOnce()
+{
+    if (QThread::idealThreadCount() < 2)
+        QSKIP("There is one core.");
+    std::mutex mutex;
+    std::condition_variable arrival;
+    int here = 0;
+    int met = 0;
+    onAllCores(2, [&](int) {
+        std::unique_lock<std::mutex> lock(mutex);
+        ++here;
+        arrival.notify_all();
+        if (arrival.wait_for(lock, std::chrono::seconds(20), [&] { return here == 2; }))
+            ++met;
+    });
+    QCOMPARE(met, 2);
 }
 
 void TestAllCores::anExceptionComesOut_data()

@@ -20,6 +20,8 @@ private slots:
     void theSameBytesEachTime_data();
     void theSameBytesEachTime();
     void noDisplayIsAskedFor();
+    void onlyThePainterTakesAWindowSystem_data();
+    void onlyThePainterTakesAWindowSystem();
     void aPngHasBounds();
 
     void takesTheOldOnesPlace();
@@ -165,6 +167,29 @@ void TestPaperFiles::noDisplayIsAskedFor()
     QVERIFY(pngSize(run.drawn("b.png")).isValid());
     QCOMPARE(pdfPages(run.drawn("b.pdf")), 1);
     QCOMPARE(run.remarks(), QByteArray());
+}
+
+void TestPaperFiles::onlyThePainterTakesAWindowSystem_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<bool>("takesOne");
+    QTest::newRow("on the terminal") << QStringList {} << false;
+    QTest::newRow("text") << QStringList {"-o", "b.txt"} << false;
+    QTest::newRow("SVG") << QStringList {"-o", "b.svg"} << false;
+    QTest::newRow("PNG") << QStringList {"-o", "b.png"} << true;
+    QTest::newRow("PDF") << QStringList {"-o", "b.pdf"} << true;
+}
+
+// Its plug-in, whose start costs more than a drawing. The loader tells on standard error what it loads.
+void TestPaperFiles::onlyThePainterTakesAWindowSystem()
+{
+    QFETCH(QStringList, options);
+    OneScript run;
+    run.setEnvironment("LD_DEBUG", "files");
+    run.start(options + QStringList {"a.txt"});
+    QCOMPARE(run.exitStatus, 0);
+    QVERIFY(run.standardError.contains("libQt5Core"));
+    QTEST(run.standardError.contains("/platforms/lib"), "takesOne");
 }
 
 void TestPaperFiles::aPngHasBounds()
