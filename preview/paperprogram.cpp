@@ -50,9 +50,7 @@ bool isOf(const QString& source, const QString& path)
 /// from this.
 bool drawsIntoItsSource(const Call& call)
 {
-    if (call.output.isEmpty())
-        return false;
-    const QString output = canonicalPath(call.output);
+    const QString output = canonicalPath(call.output); // no whole path where there is no output, or no folder for it
     const QStringList sources = QStringList(call.files) << call.settings << call.otherSettings;
     return std::any_of(sources.begin(), sources.end(), [&](const QString& source) { return isOf(source, output); });
 }
