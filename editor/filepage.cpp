@@ -197,7 +197,7 @@ bool FilePage::goToNext(const settings::Search& search)
 
 void FilePage::enableCommands()
 {
-    const Subject subject = subjectOf(tree ? tree->currentItem() : nullptr);
+    const Subject subject = currentSubject();
     const bool isRoot = subject.name.isNull() && !subject.group.parentNode().isElement();
     const bool mayChange = tree && settings.isEditable();
     commandActions[0]->setEnabled(mayChange && !isRoot); // a setting
@@ -287,6 +287,11 @@ FilePage::Subject FilePage::subjectOf(const QTreeWidgetItem* item) const
     if (!isValue(item->child(0)))
         return {groupOf(item), QString()};
     return {groupOf(item->parent()), item->text(0)};
+}
+
+FilePage::Subject FilePage::currentSubject() const
+{
+    return subjectOf(tree ? tree->currentItem() : nullptr);
 }
 
 /// Null where it is not in the list.

@@ -24,6 +24,12 @@ class FilePage : public QWidget {
 public:
     explicit FilePage(settings::EditedSettings& settings);
 
+    /// What an item stands for.
+    struct Subject {
+        QDomElement group; ///< that it is, or that holds it; null: nothing
+        QString name; ///< of the setting; null: it is the group
+    };
+
     /// Shows the list of the file that is open now. Until then there is none: it takes long for many settings.
     void build();
     /// There is another file: the list of the one before is none of it.
@@ -32,6 +38,8 @@ public:
     /// Follows what was done to the tree.
     void follow(const settings::TreeChange& change);
 
+    /// Of the current item.
+    Subject currentSubject() const;
     void takeFocus();
     /// Lets a cell that is being edited give its text to the settings.
     void finishEditing();
@@ -51,12 +59,6 @@ public:
     void removeCurrent();
 
 private:
-    /// What an item stands for.
-    struct Subject {
-        QDomElement group; ///< that it is, or that holds it; null: nothing
-        QString name; ///< of the setting; null: it is the group
-    };
-
     QAction* newCommand(const QString& text, void (FilePage::*command)());
     void replace();
     void unfold();

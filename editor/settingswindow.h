@@ -68,6 +68,7 @@ private:
     void redo();
     void editValue();
     void showHelp();
+    QString helpOnCurrentItem() const;
     void showAbout();
 
     // The paper (windowpaper.cpp).

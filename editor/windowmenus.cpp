@@ -31,6 +31,13 @@ QStringList titlesOf(const QVector<const vocabulary::Method*>& methods)
     return titles;
 }
 
+/// On @p setting in @p group; on the group when that is null.
+QString helpOn(const vocabulary::SettingGroup& group, const vocabulary::Setting* setting)
+{
+    return setting ? settings::helpOn(group, *setting, titlesOf(methodsAffected(group, *setting)))
+                   : settings::helpOn(group, titlesOf(methodsOf(group)));
+}
+
 } // namespace
 
 void SettingsWindow::addMenus()
@@ -148,11 +155,23 @@ void SettingsWindow::editValue()
 /// On the setting with the keyboard; else on the group.
 void SettingsWindow::showHelp()
 {
-    const vocabulary::SettingGroup& group = groups->current();
-    const vocabulary::Setting* const setting = isFilePage() ? nullptr : table->currentSetting();
-    const QString help = setting ? settings::helpOn(group, *setting, titlesOf(methodsAffected(group, *setting)))
-                                 : settings::helpOn(group, titlesOf(methodsOf(group)));
+    const QString help = isFilePage() ? helpOnCurrentItem() : helpOn(groups->current(), table->currentSetting());
     Message(this, QStyle::SP_MessageBoxInformation, help).ask();
+}
+
+/// Of the page of the file, on which there may be any.
+QString SettingsWindow::helpOnCurrentItem() const
+{
+    const auto [element, name] = filePage->currentSubject();
+    const QString key = settings::SettingsFile::keyOf(element);
+    const bool isGroup = name.isNull();
+    if (isGroup && (key.isEmpty() || settings.file().groupsOf(QStringLiteral("zelmora")).contains(element)))
+        return settings::helpOnFile();
+    const vocabulary::SettingGroup* const group = groupReadAs(settings.file(), element);
+    const vocabulary::Setting* const setting = settings::settingReadAs(group, name);
+    if (isGroup ? group != nullptr : setting != nullptr)
+        return helpOn(*group, setting);
+    return settings::helpOnUnread(isGroup || key.isEmpty() ? key + name : key + QLatin1Char('.') + name);
 }
 
 void SettingsWindow::showAbout()

@@ -1,7 +1,12 @@
 #include "settings/settinghelp.h"
 
+#include "check/findingtext.h"
+#include "settings/settingsfile.h"
+#include "toolkit/literals.h"
+
 #include <QObject>
 
+using toolkit::operator""_L1;
 using vocabulary::Setting;
 using vocabulary::SettingGroup;
 
@@ -32,12 +37,34 @@ QString groupText(const SettingGroup& group)
     return text + QLatin1Char(' ') + QObject::tr("In the file: %1.").arg(QString(group.name));
 }
 
+const SettingGroup* groupReadAs(const SettingsFile& file, const QDomElement& element)
+{
+    const SettingGroup* const group = vocabulary::findGroup(element.tagName());
+    return group && file.groupsOf("zelmora."_L1 + group->name).contains(element) ? group : nullptr;
+}
+
+const Setting* settingReadAs(const SettingGroup* group, const QString& name)
+{
+    const Setting* const setting = group ? vocabulary::findSetting(*group, name) : nullptr;
+    return setting && isRead(*group, *setting) ? setting : nullptr;
+}
+
+QString helpOnFile()
+{
+    return QObject::tr("The programs of the suite read the groups in \"zelmora\", the first group of the file.");
+}
+
+QString helpOnUnread(const QString& key)
+{
+    return check::shown(key) + "\n\n"_L1 + QObject::tr("No program of the suite reads it.");
+}
+
 QString helpOn(const SettingGroup& group, const QStringList& documents)
 {
     QStringList lines {QObject::tr(group.title), QString(), groupText(group)};
     if (!documents.isEmpty())
         lines += QObject::tr("These are printed with it: %1.").arg(documents.join(QStringLiteral(", ")));
-    lines << QString() << QObject::tr("Each setting has its own help: go to its field and press F1.");
+    lines << QString() << QObject::tr("Each setting has its own help: go to it and press F1.");
     return lines.join(QLatin1Char('\n'));
 }
 

@@ -364,8 +364,16 @@
         <translation>Piatti venduti</translation>
     </message>
     <message>
-        <source>Each setting has its own help: go to its field and press F1.</source>
-        <translation>Ogni impostazione ha il suo aiuto: andare nel suo campo e premere F1.</translation>
+        <source>No program of the suite reads it.</source>
+        <translation>Nessun programma della suite lo legge.</translation>
+    </message>
+    <message>
+        <source>The programs of the suite read the groups in &quot;zelmora&quot;, the first group of the file.</source>
+        <translation>I programmi della suite leggono i gruppi in &quot;zelmora&quot;, il primo gruppo del file.</translation>
+    </message>
+    <message>
+        <source>Each setting has its own help: go to it and press F1.</source>
+        <translation>Ogni impostazione ha il suo aiuto: andarci e premere F1.</translation>
     </message>
     <message>
         <source>Fiscal receipt</source>

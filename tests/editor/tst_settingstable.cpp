@@ -87,6 +87,8 @@ private slots:
     void readsAgainWhatAnotherProgramWrote();
     void opensRecentFiles();
     void helps();
+    void helpsOnTheListOfTheFile_data();
+    void helpsOnTheListOfTheFile();
     void saysWhatItIs();
     void fitsASmallScreen();
 
@@ -1111,13 +1113,57 @@ void TestSettingsTable::helps()
     QCOMPARE(person->readBoxes(),
              QStringList("Receipt\n\nWhat stands on this document, and how wide it is. In the file: receiptdoc.\n"
                          "These are printed with it: Receipt, Summary receipt.\n\n"
-                         "Each setting has its own help: go to its field and press F1."));
+                         "Each setting has its own help: go to it and press F1."));
     goToGroup("Log");
     person->willPress(QMessageBox::Ok);
     person->press(Qt::Key_F1);
     QCOMPARE(person->readBoxes(),
              QStringList("Log\n\nThe log of the suite's programs. In the file: logger.\n\n"
-                         "Each setting has its own help: go to its field and press F1."));
+                         "Each setting has its own help: go to it and press F1."));
+}
+
+void TestSettingsTable::helpsOnTheListOfTheFile_data()
+{
+    QTest::addColumn<QStringList>("labels");
+    QTest::addColumn<QString>("help"); // how it begins
+    const QString unread = "%1\n\nNo program of the suite reads it.";
+    const QString whole = "The programs of the suite read the groups in \"zelmora\", the first group of the file.";
+    QTest::newRow("a setting") << QStringList {"zelmora", "db", "dbname"} << "zelmora.db.dbname\n\nThe database.";
+    QTest::newRow("a value") << QStringList {"zelmora", "db", "dbname", "soup"} << "zelmora.db.dbname\n\nThe database.";
+    QTest::newRow("a setting of a document")
+        << QStringList {"zelmora", "receiptdoc", "paperWidth"} << "zelmora.receiptdoc.paperWidth\n";
+    QTest::newRow("a group") << QStringList {"zelmora", "logger"} << "Log\n\nThe log of the suite's programs.";
+    QTest::newRow("a setting that the suite does not know")
+        << QStringList {"zelmora", "db", "colour"} << unread.arg("zelmora.db.colour");
+    QTest::newRow("a setting that is not read in this group")
+        << QStringList {"zelmora", "fiscaldoc", "topMargin"} << unread.arg("zelmora.fiscaldoc.topMargin");
+    QTest::newRow("a group that the suite does not know")
+        << QStringList {"zelmora", "kitchen"} << unread.arg("zelmora.kitchen");
+    QTest::newRow("a setting in that") << QStringList {"zelmora", "kitchen", "dbname"}
+                                       << unread.arg("zelmora.kitchen.dbname");
+    QTest::newRow("a known group in a known one")
+        << QStringList {"zelmora", "receiptdoc", "db"} << unread.arg("zelmora.receiptdoc.db");
+    QTest::newRow("a known group behind the first one")
+        << QStringList {"till", "db", "dbname"} << unread.arg("till.db.dbname");
+    QTest::newRow("a setting outside the groups") << QStringList {"paperWidth"} << unread.arg("paperWidth");
+    QTest::newRow("the outermost group") << QStringList {"zelmora"} << whole;
+    QTest::newRow("the file") << QStringList() << whole;
+}
+
+void TestSettingsTable::helpsOnTheListOfTheFile()
+{
+    QFETCH(QStringList, labels);
+    QFETCH(QString, help);
+    open("paperWidth = 3; zelmora: { db: { dbname = soup; colour = red; }; logger: { level = INFO; };"
+         " receiptdoc: { paperWidth = 32; db: { dbname = soup; }; }; fiscaldoc: { topMargin = 2; };"
+         " kitchen: { dbname = soup; }; }; till: { db: { dbname = fish; }; };");
+    person->press(Qt::Key_2, Qt::ControlModifier);
+    person->goTo(labels);
+    person->willPress(QMessageBox::Ok);
+    person->press(Qt::Key_F1);
+    const QStringList boxes = person->readBoxes();
+    QCOMPARE(boxes.size(), 1);
+    QCOMPARE(boxes[0].left(help.size()), help);
 }
 
 void TestSettingsTable::saysWhatItIs()
