@@ -157,7 +157,7 @@ void SettingWidget::show(const SettingRow& row)
     description->setText(descriptionOf(row));
     showNames();
     showButtons();
-    notes->show(row.notes);
+    notes->show(row.notes, row.furtherNotes);
     update();
 }
 

@@ -87,18 +87,19 @@ public:
         }
     }
 
-    /// Those about the setting of @p row, be it under another name.
-    QVector<Note> takeFor(const SettingRow& row)
+    /// Gives @p row those about its setting, be it under another name.
+    void giveTo(SettingRow& row)
     {
-        QVector<Note> notes;
         for (TreeFinding& finding : findings) {
             if (finding.name.isNull() || !isAbout(finding, row))
                 continue;
-            notes += finding.name == row.setting->key ? noteOnValue(finding, row) : noteOf(settings, finding);
+            if (row.notes.size() < mostNotes)
+                row.notes += finding.name == row.setting->key ? noteOnValue(finding, row) : noteOf(settings, finding);
+            else
+                ++row.furtherNotes;
             finding.name = QString();
             finding.group = QDomElement();
         }
-        return notes;
     }
 
     void addRest(GroupRows& rows) const
@@ -106,7 +107,7 @@ public:
         for (const TreeFinding& finding : findings) {
             if (finding.group.isNull())
                 continue;
-            if (rows.notes.size() < GroupRows::mostNotes)
+            if (rows.notes.size() < mostNotes)
                 rows.notes += noteOf(settings, finding);
             else
                 ++rows.furtherNotes;
@@ -161,7 +162,7 @@ QVector<SettingRow> plainRowsOf(const EditedSettings& settings, const SettingGro
     QVector<SettingRow> rows;
     for (const Setting& setting : group.settings) {
         const QString key = vocabulary::keyOf(group, setting);
-        const SettingRow row {key, &setting, writtenIn(groups, setting.key), settings.stored(key), {}};
+        const SettingRow row {key, &setting, writtenIn(groups, setting.key), settings.stored(key), {}, 0};
         if (isRead(group, setting) || row.written || row.stored)
             rows += row;
     }
@@ -173,7 +174,7 @@ GroupRows rowsOf(const EditedSettings& settings, const SettingGroup& group)
     GroupNotes notes(settings, group);
     GroupRows result {plainRowsOf(settings, group), {}};
     for (SettingRow& row : result.rows)
-        row.notes = notes.takeFor(row);
+        notes.giveTo(row);
     notes.addRest(result);
     return result;
 }

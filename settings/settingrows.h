@@ -21,13 +21,18 @@ struct Note {
     std::optional<Remedy> remedy;
 };
 
+/// How many notes there are in one place; the rest is counted. A file may hold a setting, or a group, any number of
+/// times.
+const int mostNotes = 3;
+
 /// A setting that a program reads in a group, as a person changes it.
 struct SettingRow {
     QString key; ///< whole: "zelmora.receiptdoc.paperWidth"
     const vocabulary::Setting* setting;
     std::optional<QString> written; ///< what the tree has; nothing when it has no such setting
     std::optional<QString> stored; ///< what the file had when it was last read or written
-    QVector<Note> notes; ///< what there is to know about it
+    QVector<Note> notes; ///< what there is to know about it: at most mostNotes
+    int furtherNotes = 0; ///< how many there are beside those
 
     /// To the programs an empty value is none.
     bool isAbsent() const { return !written || written->isEmpty(); }
@@ -42,8 +47,6 @@ struct GroupRows {
     QVector<SettingRow> rows; ///< in the order of the vocabulary
     QVector<Note> notes; ///< at most mostNotes
     int furtherNotes = 0; ///< how many there are beside those
-
-    static const int mostNotes = 3;
 };
 
 /// All groups, in the order in which a person looks for them: documents, then the rest.

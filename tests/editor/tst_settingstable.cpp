@@ -53,6 +53,7 @@ private slots:
     void whatIsWrongIsPutRight();
     void aSlipOfAGroupIsPutRight();
     void aSlipOfTheOutermostNameIsPutRight();
+    void manyNotesOfASettingAreCounted();
     void groupsAreMarked();
 
     void changesAreTakenBack();
@@ -573,6 +574,19 @@ void TestSettingsTable::aSlipOfTheOutermostNameIsPutRight()
     QVERIFY(field<QSpinBox>("paperWidth")->isEnabled());
     QCOMPARE(field<QSpinBox>("paperWidth")->text(), QString("40"));
     QVERIFY(!person->reads("The first group is"));
+}
+
+void TestSettingsTable::manyNotesOfASettingAreCounted()
+{
+    open(suite(QByteArray("receiptdoc: { printDate = True; }; ").repeated(10)));
+    const QWidget* const row = field<QWidget>("printDate")->parentWidget()->parentWidget();
+    QStringList texts;
+    for (const QLabel* const label : row->findChildren<QLabel*>()) {
+        if (label->isVisible())
+            texts += label->text();
+    }
+    QCOMPARE(texts.filter("\"True\"").size(), 3);
+    QVERIFY2(texts.contains("and 7 more"), qPrintable(texts.join('\n')));
 }
 
 void TestSettingsTable::groupsAreMarked()

@@ -35,6 +35,7 @@ private slots:
     void notesOfTheGroup();
     void aNameThatAnotherGroupHasIsNotFree();
     void manyNotesAreCounted();
+    void manyNotesOfASettingAreCounted();
     void worst_data();
     void worst();
     void besideTheGroups_data();
@@ -382,6 +383,18 @@ void TestSettingRows::manyNotesAreCounted()
     const GroupRows found = rowsOf(file, groupOf("receiptdoc"));
     QCOMPARE(found.notes.size(), 3);
     QCOMPARE(found.furtherNotes, 97);
+}
+
+// Each that is no flag, and as many times that the group stands there once more.
+void TestSettingRows::manyNotesOfASettingAreCounted()
+{
+    EditedFile file(suite(QByteArray("receiptdoc: { printDate = True; }; ").repeated(100)));
+    const SettingRow row = rowOf(file, "receiptdoc.printDate");
+    QCOMPARE(row.notes.size(), 3);
+    QCOMPARE(row.furtherNotes, 97);
+    QCOMPARE(shown(row.notes[0].remedy), QString("receiptdoc.printDate: True -> true"));
+    const GroupRows found = rowsOf(file, groupOf("receiptdoc"));
+    QCOMPARE(found.furtherNotes, 96);
 }
 
 void TestSettingRows::worst_data()
