@@ -39,10 +39,21 @@ QString firstStartText(const settings::EditedSettings& settings)
                                    : QObject::tr("There is no file %1 yet.").arg(path);
 }
 
-QString notWritableText(const QString& path)
+/// Of a file that is not there yet its folder, in which it will be made, or the nearest around it that is there.
+bool isWritable(const QString& path)
 {
     const QFileInfo file(path);
-    if (!file.exists() || file.isWritable())
+    if (file.exists())
+        return file.isWritable();
+    QFileInfo around(file.path());
+    while (!around.exists() && !around.isRoot())
+        around.setFile(around.path());
+    return around.isDir() && around.isWritable();
+}
+
+QString notWritableText(const QString& path)
+{
+    if (isWritable(path))
         return QString();
     return QObject::tr("The file %1 may not be written: save under another name.").arg(path);
 }

@@ -12,7 +12,6 @@
 #include "toolkit/literals.h"
 
 #include <QCloseEvent>
-#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QPushButton>
@@ -198,10 +197,10 @@ bool SettingsWindow::saveTo(const QString& path)
     const SettingsFile::Trial trial = settings.tryWriting(path);
     if (!mayBeWritten(path, trial))
         return false;
-    if (settings.file().isNew())
-        QDir().mkpath(QFileInfo(path).path());
     const bool isWhole = settings.isWhole(trial);
-    const QString reason = settings.save(path, trial);
+    QString reason = settings.file().isNew() ? SettingsFile::makeFolderOf(path) : QString();
+    if (reason.isEmpty())
+        reason = settings.save(path, trial);
     if (!reason.isEmpty()) {
         Message(
             this, QStyle::SP_MessageBoxCritical,

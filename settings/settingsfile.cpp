@@ -16,9 +16,11 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
 #include <map>
 #include <optional>
 #include <sys/stat.h>
+#include <system_error>
 #include <utility>
 
 using toolkit::operator""_L1;
@@ -318,6 +320,16 @@ QString SettingsFile::valueIn(const Trial& trial, const QString& path, const QSt
     SettingsFile readBack;
     readBack.readBytes(trial.bytes, path, libconfig::settingsFormat(path));
     return readBack.value(key);
+}
+
+QString SettingsFile::makeFolderOf(const QString& path)
+{
+    const QString folder = QFileInfo(path).path();
+    std::error_code error;
+    std::filesystem::create_directories(QFile::encodeName(folder).constData(), error);
+    if (!error)
+        return QString();
+    return QObject::tr("The folder %1 cannot be made: %2").arg(folder, qt_error_string(error.value()));
 }
 
 QString SettingsFile::create(const QString& path, const Trial& trial, const QString& like)

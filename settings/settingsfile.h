@@ -146,6 +146,10 @@ public:
     /// What the programs take for the value of @p key in a file named @p path that holds what @p trial does.
     static QString valueIn(const Trial& trial, const QString& path, const QString& key);
 
+    /// Makes the folder for the file @p path, and those around it, where they are missing. Empty when it is there
+    /// then, else the reason, with the folder's name.
+    static QString makeFolderOf(const QString& path);
+
     /// Makes the file @p path of what @p trial holds, which tryWriting() of @p path gave: as toolkit::createFile() does
     /// it, with what the file @p like has. Empty when that succeeded, else the reason: something has the name already,
     /// for one.

@@ -14,7 +14,6 @@
 #include "toolkit/nearest.h"
 #include "vocabulary/settings.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QObject>
 
@@ -75,12 +74,6 @@ QString unkeepable(const QString& path, const QString& key, const QString& value
         .arg(key);
 }
 
-QString madeFolderOf(const QString& path)
-{
-    const QString folder = QFileInfo(path).path();
-    return QDir().mkpath(folder) ? QString() : QObject::tr("The folder %1 cannot be made.").arg(folder);
-}
-
 /// Whether what the file would lose may go; it is shown in any case.
 bool mayDrop(const QStringList& losses, const Call& call)
 {
@@ -135,7 +128,7 @@ Status setValue(const Call& call)
         reason = unkeepable(path, key, value);
     if (!reason.isEmpty())
         return complain(Refused, reason);
-    reason = madeFolderOf(path);
+    reason = SettingsFile::makeFolderOf(path);
     if (!reason.isEmpty())
         return complain(Failed, reason);
 
@@ -175,7 +168,7 @@ Status makeFile(const Call& call)
     const QString path = pathOf(call);
     if (QFileInfo::exists(path))
         return complain(Refused, alreadyThere(path));
-    const QString reason = madeFolderOf(path);
+    const QString reason = SettingsFile::makeFolderOf(path);
     if (!reason.isEmpty())
         return complain(Failed, reason);
     SettingsFile file;

@@ -1771,8 +1771,8 @@ le prime verrebbero tolte, i secondi chiuderebbero il valore.</translation>
         <translation>Il valore di %1 non può stare nel file: non può contenere punti e virgola, virgolette né caratteri estranei alle lingue dell&apos;Europa occidentale.</translation>
     </message>
     <message>
-        <source>The folder %1 cannot be made.</source>
-        <translation>La cartella %1 non può essere creata.</translation>
+        <source>The folder %1 cannot be made: %2</source>
+        <translation>La cartella %1 non può essere creata: %2</translation>
     </message>
     <message>
         <source>Save all the same?</source>

@@ -83,6 +83,9 @@ private slots:
     void beginsWithACompleteFile();
     void beginsWithAnEmptyFile();
     void theFolderOfANewFileIsMade();
+    void saysThatNoNewFileMayBeMade_data();
+    void saysThatNoNewFileMayBeMade();
+    void saysWhyAFolderIsNotMade();
     void saysThatAFileMayNotBeWritten();
     void saysAtOnceThatAFileWasChanged();
     void readsAgainWhatAnotherProgramWrote();
@@ -106,6 +109,7 @@ private slots:
 
 private:
     void showWindow();
+    void beginAt(const QString& newPath);
     void open(const QByteArray& bytes);
     QByteArray saved() const { return fileContents(path).simplified(); }
     void save() { person->press(Qt::Key_S, Qt::ControlModifier); }
@@ -980,13 +984,19 @@ void TestSettingsTable::readOnlyFilesHaveNoCommands()
 
 // --- Files ---
 
-void TestSettingsTable::beginsWithACompleteFile()
+/// The window of a program that begins with that file, which is not there yet.
+void TestSettingsTable::beginAt(const QString& newPath)
 {
-    window.reset();
-    window = std::make_unique<SettingsWindow>(path);
+    person.reset();
+    window = std::make_unique<SettingsWindow>(newPath);
     person = std::make_unique<Person>(*window);
     window->show();
-    QTRY_VERIFY(person->reads("There is no file " + path + " yet."));
+    QTRY_VERIFY(person->reads("There is no file " + newPath + " yet."));
+}
+
+void TestSettingsTable::beginsWithACompleteFile()
+{
+    beginAt(path);
     QVERIFY(!QFile::exists(path));
     pressButton("Begin with a complete file");
     QVERIFY(!person->reads("There is no file"));
@@ -1013,15 +1023,57 @@ void TestSettingsTable::beginsWithAnEmptyFile()
 void TestSettingsTable::theFolderOfANewFileIsMade()
 {
     const QString deep = folder->filePath("home/.zelmora/conf/zelmora.conf");
-    window.reset();
-    window = std::make_unique<SettingsWindow>(deep);
-    person = std::make_unique<Person>(*window);
-    window->show();
-    QTRY_VERIFY(person->reads("There is no file"));
+    beginAt(deep);
     pressButton("Begin with a complete file");
     QVERIFY(!QFile::exists(folder->filePath("home")));
     save();
     QVERIFY(QFile::exists(deep));
+}
+
+void TestSettingsTable::saysThatNoNewFileMayBeMade_data()
+{
+    QTest::addColumn<int>("permissions"); // of the folder
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("isSaid");
+    QTest::newRow("in its folder") << 0555 << "zelmora.conf" << true;
+    QTest::newRow("in a folder around it") << 0555 << "home/.zelmora/conf/zelmora.conf" << true;
+    QTest::newRow("but it may in its folder") << 0777 << "zelmora.conf" << false;
+    QTest::newRow("but it may in a folder around it") << 0777 << "home/.zelmora/conf/zelmora.conf" << false;
+}
+
+void TestSettingsTable::saysThatNoNewFileMayBeMade()
+{
+    QFETCH(int, permissions);
+    QFETCH(QString, name);
+    QFETCH(bool, isSaid);
+    setPermissions(folder->path(), static_cast<mode_t>(permissions));
+    person.reset();
+    window.reset();
+    const OrdinaryUser someone; // whose own window can remove the folders that it makes for the paper
+    beginAt(folder->filePath(name));
+    QCOMPARE(person->reads("The file " + folder->filePath(name) + " may not be written: save under another name."),
+             isSaid);
+}
+
+// To root too: a file is no folder.
+void TestSettingsTable::saysWhyAFolderIsNotMade()
+{
+    writeBytes(folder->filePath("home"), "no folder");
+    const QString deep = folder->filePath("home/.zelmora/conf/zelmora.conf");
+    beginAt(deep);
+    QVERIFY(person->reads("The file " + deep + " may not be written: save under another name."));
+    pressButton("Begin with a complete file");
+    person->willPress(QMessageBox::Ok);
+    save();
+    QCOMPARE(person->readBoxes(),
+             QStringList("The file " + deep + " cannot be written: The folder " + QFileInfo(deep).path()
+                         + " cannot be made: Not a directory\nYour changes are still in this window."));
+    QVERIFY(window->isWindowModified());
+    const QString other = folder->filePath("other/zelmora.conf");
+    person->willType(other);
+    person->press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    QVERIFY(QFile::exists(other));
+    QVERIFY(!person->reads("may not be written"));
 }
 
 void TestSettingsTable::saysThatAFileMayNotBeWritten()

@@ -327,7 +327,7 @@ void TestConfigWriting::folderCannotBeMade()
     run.setContents(braces);
     for (const QStringList& arguments : {QStringList {"set", "zelmora.bin.path", "/x"}, QStringList {"new"}}) {
         QCOMPARE(run.ownStatusOf(QStringList {"--file", "a.conf/below/b.conf"} + arguments), 2);
-        QCOMPARE(run.standardError, QByteArray("The folder a.conf/below cannot be made.\n"));
+        QCOMPARE(run.standardError, QByteArray("The folder a.conf/below cannot be made: Not a directory\n"));
     }
 }
 
