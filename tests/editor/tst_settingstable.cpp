@@ -47,6 +47,12 @@ private slots:
     void whatAFieldCannotHoldIsAText();
     void aTextThatFitsBecomesAField();
     void absenceIsShown();
+    void absentFlagsAndWordsAreGrey();
+    void aNumberTellsItsRange();
+    void whatIsChangedIsMarked();
+    void aFolderIsChosen_data();
+    void aFolderIsChosen();
+    void noFolderIsChosen();
     void aSettingIsTakenOut();
     void aChangeGoesBackToTheFile();
     void whatWasTakenOutGoesBackToItsPlace();
@@ -87,6 +93,7 @@ private slots:
     void saysThatNoNewFileMayBeMade();
     void saysWhyAFolderIsNotMade();
     void saysThatAFileMayNotBeWritten();
+    void saysAtOnceThatAFileMayNotBeWritten();
     void saysAtOnceThatAFileWasChanged();
     void readsAgainWhatAnotherProgramWrote();
     void opensRecentFiles();
@@ -117,6 +124,7 @@ private:
     void pressButton(const QString& text);
     QStringList namesByTab(QWidget* first, int count);
     QString paper() const { return window->findChild<PaperView*>()->accessibleDescription(); }
+    QStringList marksOf(const QString& setting) const;
     bool isPaperMarked() const;
     void makeRoomForPaper();
     template <class Kind>
@@ -506,6 +514,133 @@ void TestSettingsTable::absenceIsShown()
     QVERIFY(person->reads("Without it: the suite's programs decide."));
 }
 
+void TestSettingsTable::absentFlagsAndWordsAreGrey()
+{
+    open(suite("receiptdoc: { printDate = true; }; logger: { type = append; };"));
+    const auto flagColour = [this](const char* name) {
+        return field<QCheckBox>(name)->palette().color(QPalette::WindowText);
+    };
+    QVERIFY(flagColour("printTime") != flagColour("printDate"));
+    person->focus(field<QCheckBox>("printTime"));
+    person->press(Qt::Key_Space);
+    QCOMPARE(flagColour("printTime"), flagColour("printDate"));
+
+    goToGroup("Log");
+    const auto wordColour = [this](const char* name, QPalette::ColorRole role) {
+        return field<QComboBox>(name)->palette().color(role);
+    };
+    for (const auto role : {QPalette::Text, QPalette::ButtonText}) // which of them is the style's affair
+        QVERIFY(wordColour("level", role) != wordColour("type", role));
+    person->focus(field<QComboBox>("level"));
+    person->press(Qt::Key_Down);
+    for (const auto role : {QPalette::Text, QPalette::ButtonText})
+        QCOMPARE(wordColour("level", role), wordColour("type", role));
+}
+
+void TestSettingsTable::aNumberTellsItsRange()
+{
+    open(suite("receiptdoc: { paperWidth = 40; };"));
+    QCOMPARE(field<QSpinBox>("paperWidth")->toolTip(), QString("From 0 to 10000"));
+    QCOMPARE(field<QSpinBox>("copyNumber")->toolTip(), QString("From 0 to 2147483647"));
+}
+
+/// What tells that the setting is changed: "bold", "bar", "spoken".
+QStringList TestSettingsTable::marksOf(const QString& setting) const
+{
+    for (const QLabel* const name : window->findChildren<QLabel*>()) {
+        if (!name->isVisible() || name->text() != setting)
+            continue;
+        QWidget* const row = name->parentWidget();
+        const QColor leftEdge = row->grab().toImage().pixelColor(1, row->height() / 2);
+        QStringList marks;
+        if (name->font().bold())
+            marks += "bold";
+        if (leftEdge == row->palette().color(QPalette::Highlight))
+            marks += "bar";
+        if (name->accessibleDescription() == "changed")
+            marks += "spoken";
+        return marks;
+    }
+    return {"no such setting"};
+}
+
+void TestSettingsTable::whatIsChangedIsMarked()
+{
+    const QStringList all {"bold", "bar", "spoken"};
+    open(suite("receiptdoc: { paperWidth = 40; };"));
+    QCOMPARE(marksOf("paperWidth"), QStringList());
+    person->focus(field<QSpinBox>("paperWidth"));
+    person->type("50");
+    QCOMPARE(marksOf("paperWidth"), all);
+    QCOMPARE(marksOf("printDate"), QStringList());
+    person->focus(field<QCheckBox>("printDate"));
+    person->press(Qt::Key_Space);
+    QCOMPARE(marksOf("printDate"), all); // a new one too
+    save();
+    QCOMPARE(marksOf("paperWidth"), QStringList());
+    person->focus(field<QToolButton>("Take printDate out of the file"));
+    person->press(Qt::Key_Space);
+    QCOMPARE(marksOf("printDate"), all); // and one that is taken out
+    person->press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(marksOf("printDate"), QStringList());
+}
+
+void TestSettingsTable::aFolderIsChosen_data()
+{
+    QTest::addColumn<QByteArray>("groups");
+    QTest::addColumn<QString>("group");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("end"); // of what is written, after the folder
+    QTest::newRow("without a slash as before") << QByteArray("bin: { path = /opt; };") << "Programs"
+                                               << "path"
+                                               << "";
+    QTest::newRow("with a slash as before") << QByteArray("bin: { path = /opt/; };") << "Programs"
+                                            << "path"
+                                            << "/";
+    QTest::newRow("none before") << QByteArray("db: { dbname = soup; };") << "Programs"
+                                 << "path"
+                                 << "";
+    QTest::newRow("none before, of the translation, which needs a slash")
+        << QByteArray("db: { dbname = soup; };") << "Language"
+        << "basedir"
+        << "/";
+    QTest::newRow("of the translation, without a slash as before")
+        << QByteArray("language: { basedir = /opt; };") << "Language"
+        << "basedir"
+        << "";
+}
+
+void TestSettingsTable::aFolderIsChosen()
+{
+    QFETCH(QByteArray, groups);
+    QFETCH(QString, group);
+    QFETCH(QString, name);
+    QFETCH(QString, end);
+    open(suite(groups));
+    goToGroup(group);
+    const QString chosen = folder->filePath("chosen");
+    QVERIFY(QDir().mkdir(chosen));
+    person->willType(chosen);
+    person->focus(field<QToolButton>("Choose a folder"));
+    person->press(Qt::Key_Space);
+    QCOMPARE(person->readBoxes(), QStringList());
+    QCOMPARE(field<QLineEdit>(name)->text(), chosen + end);
+    save();
+    QVERIFY2(saved().contains(QString("%1 = \"%2\";").arg(name, chosen + end).toUtf8()), saved().constData());
+}
+
+void TestSettingsTable::noFolderIsChosen()
+{
+    open(suite("bin: { path = /opt; };"));
+    goToGroup("Programs");
+    person->willType(QString());
+    person->focus(field<QToolButton>("Choose a folder"));
+    person->press(Qt::Key_Space);
+    QCOMPARE(person->readBoxes(), QStringList());
+    QCOMPARE(field<QLineEdit>("path")->text(), QString("/opt"));
+    QVERIFY(!window->isWindowModified());
+}
+
 void TestSettingsTable::aSettingIsTakenOut()
 {
     open(suite("receiptdoc: { paperWidth = 40; printDate = true; };"));
@@ -593,16 +728,39 @@ void TestSettingsTable::manyNotesOfASettingAreCounted()
     QVERIFY2(texts.contains("and 7 more"), qPrintable(texts.join('\n')));
 }
 
+static bool isEmpty(const QImage& picture)
+{
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (qAlpha(picture.pixel(x, y)) != 0)
+                return false;
+        }
+    }
+    return true;
+}
+
 void TestSettingsTable::groupsAreMarked()
 {
     open(suite("solddoc: { printDate = True; }; receiptdoc: { paperWidth = 40; };"));
     auto* const groups = person->named<QListWidget>("Groups of settings");
-    QStringList marked;
-    for (int i = 0; i < groups->count(); ++i) {
-        if (!groups->item(i)->data(Qt::AccessibleDescriptionRole).toString().isEmpty())
-            marked += groups->item(i)->text();
-    }
-    QCOMPARE(marked, QStringList("Dishes sold")); // a note is no mark
+    const auto marked = [&](const auto& isMarked) {
+        QStringList titles;
+        for (int i = 0; i < groups->count(); ++i) {
+            if (isMarked(*groups->item(i)))
+                titles += groups->item(i)->text();
+        }
+        return titles;
+    };
+    const auto hasPicture = [](const QListWidgetItem& item) { return !isEmpty(item.icon().pixmap(16).toImage()); };
+    const auto isSpoken = [](const QListWidgetItem& item) {
+        return item.data(Qt::AccessibleDescriptionRole) == "something is wrong";
+    };
+    QCOMPARE(marked(hasPicture), QStringList("Dishes sold")); // a note is no mark
+    QCOMPARE(marked(isSpoken), QStringList("Dishes sold"));
+    goToGroup("Dishes sold");
+    pressButton(QString::fromUtf8("Put it right: True \u2192 true"));
+    QCOMPARE(marked(hasPicture), QStringList());
+    QCOMPARE(marked(isSpoken), QStringList());
 }
 
 // --- Back and forth ---
@@ -1087,6 +1245,23 @@ void TestSettingsTable::saysThatAFileMayNotBeWritten()
     showWindow();
     window->openFile(path);
     QVERIFY(person->reads("The file " + path + " may not be written: save under another name."));
+}
+
+// While it is open: its owner's rights are taken and given.
+void TestSettingsTable::saysAtOnceThatAFileMayNotBeWritten()
+{
+    setPermissions(folder->path(), 0777);
+    person.reset();
+    window.reset();
+    const OrdinaryUser someone;
+    showWindow();
+    open(suite("db: { dbname = soup; };"));
+    const QString text = "The file " + path + " may not be written: save under another name.";
+    QVERIFY(!person->reads(text));
+    setPermissions(path, 0400);
+    QTRY_VERIFY(person->reads(text));
+    setPermissions(path, 0600);
+    QTRY_VERIFY(!person->reads(text));
 }
 
 void TestSettingsTable::saysAtOnceThatAFileWasChanged()
