@@ -631,13 +631,13 @@ void TestSettingsTable::aFolderIsChosen()
 
 void TestSettingsTable::noFolderIsChosen()
 {
-    open(suite("bin: { path = /opt; };"));
+    open(suite("db: { dbname = soup; };"));
     goToGroup("Programs");
     person->willType(QString());
     person->focus(field<QToolButton>("Choose a folder"));
     person->press(Qt::Key_Space);
     QCOMPARE(person->readBoxes(), QStringList());
-    QCOMPARE(field<QLineEdit>("path")->text(), QString("/opt"));
+    QCOMPARE(field<QLineEdit>("path")->text(), QString());
     QVERIFY(!window->isWindowModified());
 }
 
