@@ -1,6 +1,7 @@
 #include "toolkit/xmlplaces.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace toolkit {
 
@@ -16,23 +17,24 @@ bool isBlank(QChar character)
 TextPlace XmlPlaces::attribute(int index)
 {
     catchUp();
-    findAttributes();
+    findAttributes(index + 1);
     return attributePlaces.value(index, markup());
 }
 
 int XmlPlaces::attributesBegun()
 {
     catchUp();
-    findAttributes();
+    findAttributes(std::numeric_limits<int>::max());
     return attributePlaces.size();
 }
 
-/// Each character is looked at once, however often this is called before the markup's end.
-void XmlPlaces::findAttributes()
+/// No further than to the name of attribute number @p most, from 1. Each character is looked at once, however often
+/// this is called before the markup's end.
+void XmlPlaces::findAttributes(int most)
 {
     if (searched == 0)
         searchPlace = markupPlace;
-    for (; searched < markupText.size(); ++searched) {
+    for (; searched < markupText.size() && attributePlaces.size() < most; ++searched) {
         const QChar character = markupText.at(searched);
         findAttribute(character);
         searchPlace = after(searchPlace, character);

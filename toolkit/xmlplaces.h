@@ -40,7 +40,7 @@ private:
     void catchUp();
     void pass(int end);
     int passText(int end);
-    void findAttributes();
+    void findAttributes(int most);
     void findAttribute(QChar character);
 
     // Characters are looked at when somebody asks: many at a time, since there are more of them than events.
