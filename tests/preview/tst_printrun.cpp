@@ -21,8 +21,8 @@ private slots:
 
     void aJobThatBreaksOffIsNoFailure();
     void saysThatItCannotBeStarted();
-    void saysThatItWasEnded();
-    void saysThatItEndedBadly();
+    void saysHowItFailed_data();
+    void saysHowItFailed();
     void endsAProgramThatHangs();
     void endsAProgramThatHangsBehindAWindow();
     void keepsTheBeginningOfAVeryLongScript();
@@ -125,22 +125,22 @@ void TestPrintRun::saysThatItCannotBeStarted()
     QCOMPARE(behindAWindow.failure(), run.failure());
 }
 
-void TestPrintRun::saysThatItWasEnded()
+void TestPrintRun::saysHowItFailed_data()
 {
-    const FakeProgram fake("printf 'nofis apri\\r\\n' > \"$2\"; kill -s SEGV $$");
-    PrintRun run(fake.path(), exampleHome());
-    run.print("<j/>");
-    QCOMPARE(run.failure(), QString("The print program was ended by a signal."));
-    QCOMPARE(run.script(), QByteArray("nofis apri\r\n"));
+    QTest::addColumn<QByteArray>("end");
+    QTest::addColumn<QString>("failure");
+    QTest::newRow("by a signal") << QByteArray("kill -s SEGV $$") << "The print program was ended by a signal.";
+    // Its own status is 0, whatever it prints; this is that of one whose libraries are not there.
+    QTest::newRow("with a status") << QByteArray("exit 127") << "The print program ended with status 127.";
 }
 
-// Its own status is 0, whatever it prints; 127 is that of one whose libraries are not there.
-void TestPrintRun::saysThatItEndedBadly()
+void TestPrintRun::saysHowItFailed()
 {
-    const FakeProgram fake("printf 'nofis apri\\r\\n' > \"$2\"; exit 127");
+    QFETCH(QByteArray, end);
+    const FakeProgram fake("printf 'nofis apri\\r\\n' > \"$2\"; " + end);
     PrintRun run(fake.path(), exampleHome());
     run.print("<j/>");
-    QCOMPARE(run.failure(), QString("The print program ended with status 127."));
+    QTEST(run.failure(), "failure");
     QCOMPARE(run.script(), QByteArray("nofis apri\r\n"));
 }
 
