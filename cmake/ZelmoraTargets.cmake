@@ -1,11 +1,21 @@
 # How this project makes its targets, so that a folder's own file names sources and links and nothing else.
 
-# Zelmora::sax: the toolkit's streaming XML classes. Qt 5.15 marks them deprecated, and they are what this system
-# reads its jobs with: that one warning is silenced where they are used, and nowhere else.
+# Zelmora::codecs: the toolkit's codecs of text, which Qt 6 has in its module for what comes from Qt 5.
+add_library(zelmora_codecs INTERFACE)
+add_library(Zelmora::codecs ALIAS zelmora_codecs)
+set_target_properties(zelmora_codecs PROPERTIES EXPORT_NAME codecs)
+target_link_libraries(zelmora_codecs INTERFACE Qt${ZELMORA_QT}::Core)
+if(ZELMORA_QT EQUAL 6)
+    zelmora_find_qt(Core5Compat)
+    target_link_libraries(zelmora_codecs INTERFACE Qt6::Core5Compat)
+endif()
+
+# Zelmora::sax: the toolkit's streaming XML classes, which Qt 6 has there too. Qt 5.15 marks them deprecated, and they are
+# what this system reads its jobs with: that one warning is silenced where they are used, and nowhere else.
 add_library(zelmora_sax INTERFACE)
 add_library(Zelmora::sax ALIAS zelmora_sax)
 set_target_properties(zelmora_sax PROPERTIES EXPORT_NAME sax)
-target_link_libraries(zelmora_sax INTERFACE Qt5::Xml)
+target_link_libraries(zelmora_sax INTERFACE Qt${ZELMORA_QT}::Xml Zelmora::codecs)
 target_compile_options(zelmora_sax INTERFACE -Wno-deprecated-declarations)
 
 # A bare "text" never turns into a QString unseen: Qt 5 would take its bytes as UTF-8.
@@ -41,11 +51,11 @@ endfunction()
 set(core_headers <QByteArray> <QDir> <QFile> <QFileInfo> <QHash> <QObject> <QString> <QStringList> <QVector> <algorithm>
     <functional> <memory> <optional> <utility>)
 zelmora_precompiled_headers(precompiled-core
-    HEADERS ${core_headers} LINKS Qt5::Core DEFINITIONS ${ZELMORA_DEFINITIONS})
+    HEADERS ${core_headers} LINKS Qt${ZELMORA_QT}::Core DEFINITIONS ${ZELMORA_DEFINITIONS})
 zelmora_precompiled_headers(precompiled-widgets
     HEADERS ${core_headers} <QAction> <QApplication> <QComboBox> <QGridLayout> <QLabel> <QLineEdit> <QMenu> <QPainter>
         <QPushButton> <QStyle> <QToolButton> <QTreeWidget>
-    LINKS Qt5::Widgets DEFINITIONS ${ZELMORA_DEFINITIONS})
+    LINKS Qt${ZELMORA_QT}::Widgets DEFINITIONS ${ZELMORA_DEFINITIONS})
 # What a folder's files begin with, where its own list does not say otherwise.
 set(ZELMORA_HEADERS precompiled-core)
 

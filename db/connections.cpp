@@ -2,6 +2,7 @@
 
 #include "db/keptconnections.h"
 #include "toolkit/literals.h"
+#include "toolkit/sql/sqldriver.h"
 #include "util/hlibrary.h"
 
 #include <QSqlError>
@@ -19,7 +20,7 @@ QSqlDatabase* DatabaseManager::createConnection(const QString& driver, const QSt
     // still uses that.
     db = QSqlDatabase();
     QSqlDatabase::removeDatabase(name);
-    db = QSqlDatabase::addDatabase(driver, name);
+    db = QSqlDatabase::addDatabase(toolkit::sqlDriver(driver), name);
     if (!db.isValid()) {
         logError(QStringLiteral("Failed to connect to driver"));
         return nullptr;

@@ -169,7 +169,7 @@ QString withPictures(const QString& text)
         const uint codePoint = nextCharacter(text, i);
         const uint drawn = picture(codePoint);
         if (drawn == codePoint)
-            shown += text.midRef(begin, i - begin);
+            shown.append(text.constData() + begin, i - begin);
         else
             shown += QChar(drawn);
     }

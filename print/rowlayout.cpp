@@ -43,7 +43,7 @@ void appendRight(QString& row, const QString& text, int width, QChar fill)
 /// Padded or cut to just @p width characters; left as it is when the width is negative.
 void appendDescription(QString& row, const QString& text, int width, QChar fill)
 {
-    row += text.leftRef(width);
+    row += text.left(width);
     pad(row, width - text.size(), fill);
 }
 

@@ -37,7 +37,11 @@ bool decodeUtf8(const char* bytes, int size, QString& text)
 
 void setUtf8(QTextStream& stream)
 {
+#if QT_VERSION_MAJOR < 6
     stream.setCodec("UTF-8");
+#else
+    stream.setEncoding(QStringConverter::Utf8);
+#endif
 }
 
 } // namespace toolkit

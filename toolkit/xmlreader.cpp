@@ -133,7 +133,7 @@ private:
         int begin = value.indexOf(mark);
         while (begin >= 0 && size <= greatestEntitySize) {
             const int end = value.indexOf(QLatin1Char(';'), begin);
-            const bool byNumber = value.midRef(begin + 1, 1) == QLatin1Char('#');
+            const bool byNumber = QStringView(value).mid(begin + 1).startsWith(QLatin1Char('#'));
             if (end >= 0 && !byNumber)
                 size += entitySizes.value(value.mid(begin, end - begin), greatestEntitySize);
             begin = value.indexOf(mark, begin + 1);

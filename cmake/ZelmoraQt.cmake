@@ -1,0 +1,10 @@
+# Which toolkit the tree is built with. What differs between the two is met here and in toolkit/, nowhere else.
+set(ZELMORA_QT 5 CACHE STRING "The major version of the toolkit: 5 or 6")
+set_property(CACHE ZELMORA_QT PROPERTY STRINGS 5 6)
+
+# zelmora_find_qt(<module>...): the toolkit's modules as Qt${ZELMORA_QT}::<module>.
+macro(zelmora_find_qt)
+    set(zelmora_least_qt_5 5.15)
+    set(zelmora_least_qt_6 6.4)
+    find_package(Qt${ZELMORA_QT} ${zelmora_least_qt_${ZELMORA_QT}} REQUIRED COMPONENTS ${ARGN})
+endmacro()
