@@ -26,7 +26,7 @@ int widthOf(TextOf textOf)
 {
     int width = 0;
     for (const CodeEntry& code : codes())
-        width = std::max(width, textOf(code).size() + gap);
+        width = std::max<int>(width, textOf(code).size() + gap);
     return width;
 }
 

@@ -251,7 +251,7 @@ QString spaced(const QString& digits)
 {
     const int most = 80; // digits that are shown
     QStringList bytes;
-    for (int i = 0; i < std::min(most, digits.size()); i += 2)
+    for (int i = 0; i < std::min<int>(most, digits.size()); i += 2)
         bytes += digits.mid(i, 2).toUpper();
     return bytes.join(QLatin1Char(' ')) + (digits.size() > most ? "..."_L1 : QLatin1String());
 }

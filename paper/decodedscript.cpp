@@ -7,12 +7,12 @@ namespace paper {
 namespace {
 
 /// A byte-order mark is text, but for the two codecs that need it to tell the order of the bytes.
-QTextCodec::ConversionFlag flagFor(const QTextCodec& codec)
+QTextCodec::ConversionFlags flagFor(const QTextCodec& codec)
 {
     const int utf16 = 1015; // the registered numbers of these encodings
     const int utf32 = 1017;
     const bool isTold = codec.mibEnum() == utf16 || codec.mibEnum() == utf32;
-    return isTold ? QTextCodec::DefaultConversion : QTextCodec::IgnoreHeader;
+    return {isTold ? QTextCodec::DefaultConversion : QTextCodec::IgnoreHeader};
 }
 
 QByteArray encoded(const QTextCodec& codec, const QString& text)

@@ -113,7 +113,7 @@ void Scene::drawStrip(Canvas& canvas, const BandPlace& place, int index, const S
         return;
     canvas.drawPaper(paper);
     const int first = std::max(0, (extent.top - place.rows + cellHeight - 1) / cellHeight);
-    const int end = std::min(strip.rows.size(), (extent.bottom - place.rows) / cellHeight);
+    const int end = std::min<int>(strip.rows.size(), (extent.bottom - place.rows) / cellHeight);
     for (int row = first; row < end; ++row)
         drawRow(canvas, strip.rows.at(row), place.most.at(index), {left, place.rows + row * cellHeight});
 }

@@ -42,7 +42,7 @@ int rowCount(const Sheet::Band& band)
 {
     int count = 0;
     for (const Strip& strip : band)
-        count = std::max(count, strip.rows.size());
+        count = std::max<int>(count, strip.rows.size());
     return count;
 }
 

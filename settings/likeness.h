@@ -1,7 +1,7 @@
 #ifndef ZELMORA_SETTINGS_LIKENESS_H
 #define ZELMORA_SETTINGS_LIKENESS_H
 
-class QStringList;
+#include <QStringList>
 
 namespace settings {
 

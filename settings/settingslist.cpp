@@ -87,7 +87,7 @@ int columnWidth(const QVector<Line>& lines, QString Line::*column)
 {
     int width = 0;
     for (const Line& line : lines)
-        width = std::max(width, (line.*column).size());
+        width = std::max<int>(width, (line.*column).size());
     return std::min(width, widestColumn);
 }
 

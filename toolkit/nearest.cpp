@@ -84,7 +84,7 @@ QString nearest(const QString& name, const QStringList& names)
     if (sameLetters != names.end())
         return *sameLetters;
     QString best;
-    int fewest = std::min(mostSlips, name.size() / 2) + 1; // of a short name two would leave little
+    int fewest = std::min<int>(mostSlips, name.size() / 2) + 1; // of a short name two would leave little
     for (const QString& candidate : names) {
         const int count = slips(name, candidate);
         if (count < fewest) {

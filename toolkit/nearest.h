@@ -1,8 +1,9 @@
 #ifndef ZELMORA_TOOLKIT_NEAREST_H
 #define ZELMORA_TOOLKIT_NEAREST_H
 
+#include <QStringList>
+
 class QString;
-class QStringList;
 
 namespace toolkit {
 

@@ -78,7 +78,7 @@ void XmlPlaces::beginChunk(const QString& text)
 
 void XmlPlaces::catchUp()
 {
-    pass(std::min(got - 1, chunk.size()));
+    pass(std::min<int>(got - 1, chunk.size()));
 }
 
 /// Looks at the characters up to number @p end of the chunk.
