@@ -3,6 +3,7 @@
 #include "toolkit/textencoder.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <string_view>
 #include <utility>
@@ -32,19 +33,23 @@ std::string_view withoutBlanks(std::string_view bytes)
     return bytes;
 }
 
+/// As many of @p bytes as a text holds.
+int textSize(std::string_view bytes)
+{
+    return static_cast<int>(std::min<std::size_t>(bytes.size(), std::numeric_limits<int>::max()));
+}
+
+QString latin1(std::string_view bytes)
+{
+    return QString::fromLatin1(bytes.data(), textSize(bytes));
+}
+
 /// @p bytes as text. UTF-8 where they are that: @p isUtf8 says so.
 QString decoded(std::string_view bytes, bool& isUtf8)
 {
-    const int size = static_cast<int>(std::min<std::size_t>(bytes.size(), std::numeric_limits<int>::max()));
-    isUtf8 = false;
-    // Nearly all texts are plain ASCII, which needs no converter.
-    if (!std::all_of(bytes.begin(), bytes.end(), isAscii)) {
-        QString text;
-        isUtf8 = toolkit::decodeUtf8(bytes.data(), size, text);
-        if (isUtf8)
-            return text;
-    }
-    return QString::fromLatin1(bytes.data(), size);
+    QString text;
+    isUtf8 = toolkit::decodeUtf8(bytes.data(), textSize(bytes), text);
+    return isUtf8 ? text : latin1(bytes);
 }
 
 /// How many characters at the start of @p text do not belong to what it says.
@@ -60,6 +65,9 @@ std::pair<QString, qint64> ScannedText::trimmed() const
 {
     const std::string_view inner = withoutBlanks(bytes);
     const qint64 begin = offset + (inner.empty() ? static_cast<qint64>(bytes.size()) : inner.data() - bytes.data());
+    // Nearly all texts are plain ASCII: they need no converter, and have no other white space.
+    if (std::all_of(inner.begin(), inner.end(), isAscii))
+        return {latin1(inner), begin};
     bool isUtf8 = false;
     QString whole = decoded(inner, isUtf8);
     const int leading = leadingCharacters(whole);
@@ -141,11 +149,20 @@ ScannedText BraceScanner::readUpTo(int first, int second, int third)
 {
     ScannedText text;
     text.offset = offset;
-    // Not locked for each byte: one thread reads a file. All settings of all documents pass here at each receipt.
+    // Not locked for each byte: one thread reads a file. All settings of all documents pass here at each receipt, so
+    // that the text grows by pieces.
     std::FILE* const file = input.get();
+    std::array<char, 128> piece;
+    std::size_t size = 0;
     int byte = getc_unlocked(file);
-    for (; byte != EOF && byte != first && byte != second && byte != third; byte = getc_unlocked(file))
-        text.bytes += static_cast<char>(byte);
+    for (; byte != EOF && byte != first && byte != second && byte != third; byte = getc_unlocked(file)) {
+        if (size == piece.size()) {
+            text.bytes.append(piece.data(), size);
+            size = 0;
+        }
+        piece[size++] = static_cast<char>(byte);
+    }
+    text.bytes.append(piece.data(), size);
     stop = byte;
     offset += static_cast<qint64>(text.bytes.size()) + (stop == EOF ? 0 : 1);
     return text;

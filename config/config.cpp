@@ -2,16 +2,90 @@
 
 #include "config/attributeorder.h"
 #include "config/bracescanner.h"
+#include "config/settingsgroup.h"
 #include "toolkit/literals.h"
 
 #include <QBuffer>
+#include <QVector>
+
+#include <algorithm>
 
 using toolkit::operator""_L1;
 
 namespace libconfig {
 
+namespace {
+
+ConfigTree emptyTree()
+{
+    // A document made without a name would be a null node.
+    return {std::make_shared<QDomDocument>(QString()), std::make_shared<AttributeOrder>()};
+}
+
+// What a look-up asks of a group, which is one of the file or one of the tree.
+
+const QString& nameOf(const SettingsGroup& group)
+{
+    return group.name;
+}
+
+QString nameOf(const QDomElement& group)
+{
+    return group.tagName();
+}
+
+QString valueIn(const SettingsGroup& group, QStringView name)
+{
+    const auto hasName = [name](const SettingsGroup::Setting& setting) { return setting.name == name; };
+    const auto found = std::find_if(group.settings.rbegin(), group.settings.rend(), hasName);
+    return found == group.settings.rend() ? QString() : found->value;
+}
+
+QString valueIn(const QDomElement& group, QStringView name)
+{
+    return group.attribute(name.toString());
+}
+
+const std::vector<SettingsGroup>& groupsIn(const SettingsGroup& group)
+{
+    return group.groups;
+}
+
+QVector<QDomElement> groupsIn(const QDomElement& group)
+{
+    QVector<QDomElement> groups;
+    for (QDomElement below = group.firstChildElement(); !below.isNull(); below = below.nextSiblingElement())
+        groups += below;
+    return groups;
+}
+
+template <class Group>
+QString lookUp(const Group& group, QStringView key)
+{
+    const auto firstDot = key.indexOf(QLatin1Char('.'));
+    if (firstDot < 0 || nameOf(group) != key.left(firstDot))
+        return QString();
+
+    const QStringView rest = key.mid(firstDot + 1);
+    const auto secondDot = rest.indexOf(QLatin1Char('.'));
+    if (secondDot < 0)
+        return valueIn(group, rest);
+    const bool endsHere = secondDot + 1 == rest.size() || rest.at(secondDot + 1) == QLatin1Char('.');
+    if (endsHere)
+        return valueIn(group, rest.left(secondDot));
+
+    for (const Group& below : groupsIn(group)) {
+        const QString value = lookUp(below, rest);
+        if (!value.isEmpty())
+            return value;
+    }
+    return QString();
+}
+
+} // namespace
+
 Config::Config()
-    : tree {nullptr, std::make_shared<AttributeOrder>()}
+    : settings(std::make_unique<SettingsGroup>())
 {
 }
 
@@ -57,13 +131,46 @@ void Config::begin(const QString& file, const QString& fileFormat)
     fileName = file;
     format = fileFormat;
     closeFile();
-    newDocument();
+    settings = std::make_unique<SettingsGroup>();
+    isTreeMade = false;
+    tree = {};
 }
 
 void Config::newDocument()
 {
-    // A document made without a name would be a null node.
-    tree = {std::make_shared<QDomDocument>(QString()), std::make_shared<AttributeOrder>()};
+    tree = emptyTree();
+    isTreeMade = true;
+}
+
+const ConfigTree& Config::wholeTree() const
+{
+    if (!isTreeMade)
+        makeTree();
+    return tree;
+}
+
+void Config::makeTree() const
+{
+    const std::lock_guard<std::mutex> lock(treeMaking);
+    if (isTreeMade)
+        return;
+    tree = emptyTree();
+    addGroup(*settings, *tree.document, tree);
+    isTreeMade = true;
+}
+
+void Config::addGroup(const SettingsGroup& group, QDomNode parent, const ConfigTree& tree)
+{
+    if (!group.holdsAnything)
+        return;
+    const QDomElement element = newElement(*tree.document, group.name);
+    parent.appendChild(element);
+    QStringList names;
+    for (const SettingsGroup::Setting& setting : group.settings)
+        setSetting(element, names, setting.name, setting.value);
+    tree.order->set(element, names);
+    for (const SettingsGroup& below : group.groups)
+        addGroup(below, element, tree);
 }
 
 /// An element for the tree @p owner. createElement() refuses the empty name, which the brace format allows.
@@ -83,19 +190,19 @@ void Config::setSetting(QDomElement group, QStringList& names, const QString& na
 
 QStringList Config::settingNames(const QDomElement& group) const
 {
-    return tree.order->names(group);
+    return wholeTree().order->names(group);
 }
 
 QDomElement Config::madeRoot()
 {
     if (rootElement().isNull())
-        tree.document->appendChild(newElement(*tree.document, fileName));
+        tree.document->appendChild(newGroup(fileName));
     return rootElement();
 }
 
 QDomElement Config::newGroup(const QString& name)
 {
-    return newElement(*tree.document, name);
+    return newElement(*wholeTree().document, name);
 }
 
 void Config::insertSetting(QDomElement group, int place, const QString& name, const QString& value)
@@ -117,6 +224,7 @@ void Config::removeSetting(QDomElement group, const QString& name)
 void Config::takeTree(const ConfigTree& other)
 {
     tree = other;
+    isTreeMade = true;
     setFileName(fileName);
 }
 
@@ -129,33 +237,20 @@ void Config::setFileName(const QString& file)
 
 QDomElement Config::rootElement() const
 {
-    return tree.document ? tree.document->documentElement() : QDomElement();
+    return wholeTree().document->documentElement();
 }
 
 QString Config::lookup(const QString& key) const
 {
-    return lookup(rootElement().firstChild(), key);
+    if (isTreeMade)
+        return lookup(rootElement().firstChild(), key);
+    return settings->groups.empty() ? QString() : lookUp(settings->groups.front(), key);
 }
 
 QString Config::lookup(QDomNode node, const QString& key) const
 {
     const QDomElement element = node.toElement();
-    const int firstDot = key.indexOf(QLatin1Char('.'));
-    if (element.isNull() || firstDot < 0 || element.tagName() != QStringView(key).left(firstDot))
-        return QString();
-
-    const QString rest = key.mid(firstDot + 1);
-    const int secondDot = rest.indexOf(QLatin1Char('.'));
-    const bool endsHere = secondDot < 0 || secondDot + 1 == rest.size() || rest.at(secondDot + 1) == QLatin1Char('.');
-    if (endsHere)
-        return element.attribute(rest.left(secondDot));
-
-    for (QDomNode child = node.firstChild(); !child.isNull(); child = child.nextSibling()) {
-        const QString value = lookup(child, rest);
-        if (!value.isEmpty())
-            return value;
-    }
-    return QString();
+    return element.isNull() ? QString() : lookUp(element, key);
 }
 
 } // namespace libconfig

@@ -5,7 +5,9 @@
 #include <QString>
 #include <QStringList>
 
+#include <atomic>
 #include <memory>
+#include <mutex>
 
 class QIODevice;
 class QTextStream;
@@ -16,10 +18,11 @@ namespace libconfig {
 
 class AttributeOrder;
 class BraceScanner;
+struct SettingsGroup;
 
 /// The tree of a Config as a whole, to be set aside and taken back. Who copies it has the same tree.
 struct ConfigTree {
-    std::shared_ptr<QDomDocument> document; ///< null before anything was read
+    std::shared_ptr<QDomDocument> document;
     std::shared_ptr<AttributeOrder> order; ///< of the settings of each group, in the file
 };
 
@@ -126,7 +129,9 @@ protected:
     void loadFile(const QString& name, QDomNode parent);
     void loadXmlFile();
 
-    const ConfigTree& wholeTree() const { return tree; }
+    /// The tree, which is made when it is first asked for: a program that looks settings up does without. From then on
+    /// look-ups, too, are answered from it, and see what becomes of it.
+    const ConfigTree& wholeTree() const;
     /// Takes @p other, which an object of this class has or had, in place of the tree that there is.
     void takeTree(const ConfigTree& other);
     /// The tree is that of the file @p file now.
@@ -167,6 +172,7 @@ private:
     static void setSetting(QDomElement group, QStringList& names, const QString& name, const QString& value);
     void begin(const QString& file, const QString& fileFormat);
     void newDocument();
+    void makeTree() const;
     bool writeTree(QIODevice& device, const QString& fileFormat) const;
     void writeTree(QTextStream& out, const QString& fileFormat) const;
     void writeGroup(const QDomElement& group, QTextStream& out, const QString& indentation, QString& heads) const;
@@ -174,13 +180,18 @@ private:
     /// A line for each setting, between @p before its name and @p after its value.
     void writeSettings(const QDomElement& group, QTextStream& out, const QString& before, const QString& after) const;
     void readTopLevel();
-    LevelEnd readLevel(QDomElement element, QDomNode parent);
+    LevelEnd readLevel(SettingsGroup& group);
+    /// Makes an element of @p group, which becomes a child of @p parent if it holds anything.
+    static void addGroup(const SettingsGroup& group, QDomNode parent, const ConfigTree& tree);
     void readXml(QIODevice& device);
 
     QString fileName;
     QString format;
     std::unique_ptr<BraceScanner> stream; ///< of the brace reader; null when closed
-    ConfigTree tree;
+    std::unique_ptr<SettingsGroup> settings; ///< of a file in the brace format: never null, and fixed once it is read
+    mutable ConfigTree tree; ///< empty until it is made, of settings or otherwise
+    mutable std::atomic<bool> isTreeMade {false};
+    mutable std::mutex treeMaking; ///< by whichever thread asks first
 };
 
 } // namespace libconfig

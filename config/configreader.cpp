@@ -5,6 +5,7 @@
 
 #include "config/attributeorder.h"
 #include "config/bracescanner.h"
+#include "config/settingsgroup.h"
 #include "toolkit/console.h"
 #include "toolkit/literals.h"
 #include "toolkit/localecodec.h"
@@ -13,8 +14,6 @@
 #include <QFile>
 #include <QStack>
 #include <QXmlDefaultHandler>
-
-#include <utility>
 
 using toolkit::operator""_L1;
 
@@ -58,42 +57,41 @@ void Config::loadFile()
 
 void Config::readTopLevel()
 {
-    if (readLevel(newElement(*tree.document, fileName), *tree.document) == LevelEnd::EndOfInput)
+    settings->name = fileName;
+    if (readLevel(*settings) == LevelEnd::EndOfInput)
         closeFile();
 }
 
 void Config::loadFile(const QString& name, QDomNode parent)
 {
-    readLevel(newElement(*tree.document, name), parent);
+    SettingsGroup group {name, {}, {}};
+    readLevel(group);
+    addGroup(group, parent, wholeTree());
 }
 
-/// Reads one level into @p element, which joins @p parent with the first setting or group found: a level that
-/// holds nothing leaves no trace.
-Config::LevelEnd Config::readLevel(QDomElement element, QDomNode parent)
+/// Reads one level into @p group. A level that holds nothing leaves no trace in the one around it.
+Config::LevelEnd Config::readLevel(SettingsGroup& group)
 {
-    bool joined = false;
-    const auto join = [&] {
-        if (!std::exchange(joined, true))
-            parent.appendChild(element);
-    };
-    QStringList names;
     for (;;) {
         const ScanEvent event = stream ? stream->next() : ScanEvent();
         switch (event.kind) {
         case ScanEvent::Kind::GroupBegins:
-            join();
-            loadFile(event.text.text(), element);
+            group.holdsAnything = true;
+            group.groups.push_back({event.text.text(), {}, {}});
+            readLevel(group.groups.back());
+            if (!group.groups.back().holdsAnything)
+                group.groups.pop_back();
             break;
         case ScanEvent::Kind::Setting:
-            setSetting(element, names, event.text.text(), event.value.text().remove(QLatin1Char('"')));
-            join();
+            group.holdsAnything = true;
+            group.settings.push_back({event.text.text(), event.value.text().remove(QLatin1Char('"'))});
             break;
         case ScanEvent::Kind::Skipped:
             break;
         case ScanEvent::Kind::GroupEnds:
+            return LevelEnd::Brace;
         case ScanEvent::Kind::EndOfInput:
-            tree.order->set(element, names);
-            return event.kind == ScanEvent::Kind::GroupEnds ? LevelEnd::Brace : LevelEnd::EndOfInput;
+            return LevelEnd::EndOfInput;
         }
     }
 }
@@ -154,6 +152,7 @@ void Config::loadXmlFile()
 
 void Config::readXml(QIODevice& device)
 {
+    newDocument();
     XmlListener listener(*this);
     if (!toolkit::readXml(device, listener, toolkit::NamespaceDeclarations::Keep))
         newDocument(); // all or nothing

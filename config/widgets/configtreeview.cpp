@@ -108,7 +108,7 @@ void Config::loadListView(QTreeWidgetItem* item, QDomNode parent)
         else
             loadListView(child, group);
     }
-    tree.order->set(group, names);
+    wholeTree().order->set(group, names);
 }
 
 } // namespace libconfig

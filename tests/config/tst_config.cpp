@@ -8,7 +8,10 @@
 #include <QTemporaryFile>
 #include <QtTest>
 
+#include <atomic>
 #include <random>
+#include <thread>
+#include <vector>
 
 using libconfig::Config;
 
@@ -30,6 +33,7 @@ private slots:
     void key_data();
     void key();
     void lookupStep();
+    void treeIsTheSameForAllThreads();
 
     void encoding_data();
     void encoding();
@@ -418,6 +422,31 @@ void TestConfig::lookupStep()
     QCOMPARE(config.lookup(QDomNode(), QString()), QString());
 }
 
+// The tree is made by whichever thread first asks for it, while others look settings up.
+void TestConfig::treeIsTheSameForAllThreads()
+{
+    for (int round = 0; round < 20; ++round) {
+        OpenConfig config;
+        read(config, "zelmora: { doc: { a = 1; }; b = 2; };");
+        std::atomic<int> failures {0};
+        QVector<QDomElement> roots(4);
+        std::vector<std::thread> threads;
+        for (QDomElement& root : roots) {
+            threads.emplace_back([&config, &failures, &root] {
+                for (int i = 0; i < 50; ++i) {
+                    if (i == 25)
+                        root = config.rootElement();
+                    failures += config.lookup("zelmora.doc.a") != "1" || config.lookup("zelmora.b") != "2";
+                }
+            });
+        }
+        for (std::thread& thread : threads)
+            thread.join();
+        QCOMPARE(failures.load(), 0);
+        QCOMPARE(roots, QVector<QDomElement>(4, config.rootElement()));
+    }
+}
+
 void TestConfig::encoding_data()
 {
     QTest::addColumn<QByteArray>("bytes");
@@ -563,7 +592,7 @@ void TestConfig::randomBytesAreRead()
     std::mt19937 random(20);
     const auto below = [&random](int bound) { return static_cast<int>(random() % static_cast<unsigned>(bound)); };
     const QByteArray common = ":::{{{}};;;===\" .\nga\xC3\xA8\xE8";
-    Config config;
+    OpenConfig config;
     for (int file = 0; file < 500; ++file) {
         const int size = below(2000);
         const int rareInTen = below(10);
@@ -573,8 +602,11 @@ void TestConfig::randomBytesAreRead()
             bytes += rare ? static_cast<char>(below(256)) : common.at(below(common.size()));
         }
         read(config, bytes);
-        for (const char* key : {"", ".", "g", "g.a", "g.g.a", "...", "g..a", "è.è.è"})
-            config.lookup(key);
+        for (const char* key : {"", ".", "g", "g.a", "g.g.a", "...", "g..a", "è.è.è"}) {
+            const QString value = lookupWithAndWithoutTree(config, key);
+            QVERIFY2(!value.startsWith("without the tree"), qPrintable(value));
+            config.readBytes(bytes, "again", "cfg");
+        }
 
         read(config, goodFile);
         QCOMPARE(config.lookup("zelmora.a"), QString("good"));

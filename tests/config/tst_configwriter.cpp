@@ -1118,12 +1118,13 @@ void TestConfigWriter::streamThatFails()
     read(config, text);
     QFile full("/dev/full");
     QVERIFY(full.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+    const QDomNode group = config.rootElement().firstChild();
     const MemoryLimit limit(100 << 20);
     const std::size_t before = allocatedBytes();
     QTextStream brace(&full);
-    config.buildConfigFile(config.rootElement().firstChild(), brace);
+    config.buildConfigFile(group, brace);
     QTextStream xml(&full);
-    config.buildConfigXmlFile(config.rootElement().firstChild(), xml);
+    config.buildConfigXmlFile(group, xml);
     QCOMPARE(brace.status(), QTextStream::WriteFailed);
     QCOMPARE(xml.status(), QTextStream::WriteFailed);
     QVERIFY(allocatedBytes() < before + (10 << 20));

@@ -1,5 +1,5 @@
 // Any bytes as a settings file in the brace format: names and values are what the grammar leaves of them, and each
-// setting of the first group is found by its key.
+// setting of the first group is found by its key, with the same value before the tree is made and after that.
 
 #include "fuzzing.h"
 #include "support/settingstree.h"
@@ -15,7 +15,9 @@ static QString keyBelow(const QString& group, const QString& name)
     return group.isNull() || name.isEmpty() || name.contains('.') ? QString() : group + '.' + name;
 }
 
-static void checkGroup(const OpenConfig& config, const QDomElement& group, const QString& groupKey)
+/// @p config has the tree, and @p untouched, of the same file, has not.
+static void checkGroup(const OpenConfig& config, const OpenConfig& untouched, const QDomElement& group,
+                       const QString& groupKey)
 {
     for (const QString& name : config.settingNames(group)) {
         const QString value = group.attribute(name);
@@ -23,16 +25,19 @@ static void checkGroup(const OpenConfig& config, const QDomElement& group, const
         require(isName(name) && isName(group.tagName()), "names are trimmed and without the marks that end them");
         require(!value.contains(';') && !value.contains('"'), "a value holds neither ';' nor '\"'");
         require(key.isNull() || value.isEmpty() || !config.lookup(key).isEmpty(), "a setting is found by its key");
+        require(untouched.lookup(key) == config.lookup(key), "a setting is the same without the tree");
     }
     for (QDomElement child = group.firstChildElement(); !child.isNull(); child = child.nextSiblingElement())
-        checkGroup(config, child, keyBelow(groupKey, child.tagName()));
+        checkGroup(config, untouched, child, keyBelow(groupKey, child.tagName()));
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static const MemoryFile file;
-    const OpenConfig config(file.holding(bytesOf(data, size)), QStringLiteral("cfg"));
+    const QString path = file.holding(bytesOf(data, size));
+    const OpenConfig config(path, QStringLiteral("cfg"));
+    const OpenConfig untouched(path, QStringLiteral("cfg"));
     const QDomElement first = config.rootElement().firstChildElement();
-    checkGroup(config, first, first.tagName().contains('.') ? QString() : first.tagName());
+    checkGroup(config, untouched, first, first.tagName().contains('.') ? QString() : first.tagName());
     return 0;
 }

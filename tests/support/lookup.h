@@ -1,9 +1,8 @@
 #ifndef ZELMORA_TESTS_SUPPORT_LOOKUP_H
 #define ZELMORA_TESTS_SUPPORT_LOOKUP_H
 
-#include "config/config.h"
-
 #include "support/files.h"
+#include "support/settingstree.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -19,11 +18,20 @@ inline void read(libconfig::Config& config, const QByteArray& bytes, const char*
     config.readFile(path, QString::fromLatin1(format));
 }
 
+/// What @p key finds before the tree is asked for, and after that; where the two differ, both.
+inline QString lookupWithAndWithoutTree(const OpenConfig& config, const QString& key)
+{
+    const QString value = config.lookup(key);
+    config.rootElement();
+    const QString inTree = config.lookup(key);
+    return value == inTree ? value : "without the tree " + value + ", with it " + inTree;
+}
+
 inline QString lookup(const QByteArray& bytes, const QString& key, const char* format = "cfg")
 {
-    libconfig::Config config;
+    OpenConfig config;
     read(config, bytes, format);
-    return config.lookup(key);
+    return lookupWithAndWithoutTree(config, key);
 }
 
 // A table of files, each with a key and what it finds; all are UTF-8.
