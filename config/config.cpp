@@ -1,7 +1,6 @@
 #include "config/config.h"
 
 #include "config/attributeorder.h"
-#include "config/bracescanner.h"
 #include "config/settingsgroup.h"
 #include "toolkit/literals.h"
 
@@ -38,7 +37,7 @@ QString valueIn(const SettingsGroup& group, QStringView name)
 {
     const auto hasName = [name](const SettingsGroup::Setting& setting) { return setting.name == name; };
     const auto found = std::find_if(group.settings.rbegin(), group.settings.rend(), hasName);
-    return found == group.settings.rend() ? QString() : found->value;
+    return found == group.settings.rend() ? QString() : found->value();
 }
 
 QString valueIn(const QDomElement& group, QStringView name)
@@ -167,7 +166,7 @@ void Config::addGroup(const SettingsGroup& group, QDomNode parent, const ConfigT
     parent.appendChild(element);
     QStringList names;
     for (const SettingsGroup::Setting& setting : group.settings)
-        setSetting(element, names, setting.name, setting.value);
+        setSetting(element, names, setting.name, setting.value());
     tree.order->set(element, names);
     for (const SettingsGroup& below : group.groups)
         addGroup(below, element, tree);

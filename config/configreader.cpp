@@ -15,6 +15,8 @@
 #include <QStack>
 #include <QXmlDefaultHandler>
 
+#include <utility>
+
 using toolkit::operator""_L1;
 
 namespace libconfig {
@@ -73,7 +75,7 @@ void Config::loadFile(const QString& name, QDomNode parent)
 Config::LevelEnd Config::readLevel(SettingsGroup& group)
 {
     for (;;) {
-        const ScanEvent event = stream ? stream->next() : ScanEvent();
+        ScanEvent event = stream ? stream->next() : ScanEvent();
         switch (event.kind) {
         case ScanEvent::Kind::GroupBegins:
             group.holdsAnything = true;
@@ -84,7 +86,7 @@ Config::LevelEnd Config::readLevel(SettingsGroup& group)
             break;
         case ScanEvent::Kind::Setting:
             group.holdsAnything = true;
-            group.settings.push_back({event.text.text(), event.value.text().remove(QLatin1Char('"'))});
+            group.settings.push_back({event.text.text(), std::move(event.value)});
             break;
         case ScanEvent::Kind::Skipped:
             break;

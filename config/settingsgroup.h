@@ -1,18 +1,22 @@
 #ifndef ZELMORA_CONFIG_SETTINGSGROUP_H
 #define ZELMORA_CONFIG_SETTINGSGROUP_H
 
+#include "config/bracescanner.h"
+
 #include <QString>
 
 #include <vector>
 
 namespace libconfig {
 
-/// A group as it stands in a file in the brace format: all that a look-up needs, at a tenth of what it costs to make the
-/// toolkit's tree of it.
+/// A group as it stands in a file in the brace format: all that a look-up needs, for much less than the toolkit's tree
+/// of it costs.
 struct SettingsGroup {
     struct Setting {
         QString name;
-        QString value;
+        ScannedText written; ///< the value, quotes and all: a print asks for few of them
+
+        QString value() const { return written.text().remove(QLatin1Char('"')); }
     };
 
     QString name;

@@ -43,7 +43,9 @@ void appendRight(QString& row, const QString& text, int width, QChar fill)
 /// Padded or cut to just @p width characters; left as it is when the width is negative.
 void appendDescription(QString& row, const QString& text, int width, QChar fill)
 {
-    row += text.left(width);
+    row += text;
+    if (width >= 0)
+        row.chop(text.size() - width); // where the text is longer
     pad(row, width - text.size(), fill);
 }
 
