@@ -1,20 +1,20 @@
 #include "config/bracescanner.h"
 
+#include "config/textblocks.h"
 #include "toolkit/textencoder.h"
 
 #include <algorithm>
-#include <array>
 #include <limits>
-#include <string_view>
 #include <utility>
 
 namespace libconfig {
 
 namespace {
 
-bool isAscii(char byte)
+/// As nearly all texts are: they need no converter, and have no white space but the blanks.
+bool isAscii(std::string_view bytes)
 {
-    return static_cast<unsigned char>(byte) < 0x80;
+    return std::all_of(bytes.begin(), bytes.end(), [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
 }
 
 /// Of the white space that nearly all of it is: what comes from beyond ASCII is looked at as text.
@@ -39,9 +39,9 @@ int textSize(std::string_view bytes)
     return static_cast<int>(std::min<std::size_t>(bytes.size(), std::numeric_limits<int>::max()));
 }
 
-QString latin1(std::string_view bytes)
+QLatin1String latin1(std::string_view bytes)
 {
-    return QString::fromLatin1(bytes.data(), textSize(bytes));
+    return QLatin1String(bytes.data(), textSize(bytes));
 }
 
 /// @p bytes as text. UTF-8 where they are that: @p isUtf8 says so.
@@ -49,7 +49,7 @@ QString decoded(std::string_view bytes, bool& isUtf8)
 {
     QString text;
     isUtf8 = toolkit::decodeUtf8(bytes.data(), textSize(bytes), text);
-    return isUtf8 ? text : latin1(bytes);
+    return isUtf8 ? text : QString(latin1(bytes));
 }
 
 /// How many characters at the start of @p text do not belong to what it says.
@@ -65,8 +65,7 @@ std::pair<QString, qint64> ScannedText::trimmed() const
 {
     const std::string_view inner = withoutBlanks(bytes);
     const qint64 begin = offset + (inner.empty() ? static_cast<qint64>(bytes.size()) : inner.data() - bytes.data());
-    // Nearly all texts are plain ASCII: they need no converter, and have no other white space.
-    if (std::all_of(inner.begin(), inner.end(), isAscii))
+    if (isAscii(inner))
         return {latin1(inner), begin};
     bool isUtf8 = false;
     QString whole = decoded(inner, isUtf8);
@@ -76,8 +75,15 @@ std::pair<QString, qint64> ScannedText::trimmed() const
     return {whole.mid(leading).trimmed(), begin + (isUtf8 ? whole.left(leading).toUtf8().size() : leading)};
 }
 
+bool ScannedText::says(QStringView other) const
+{
+    const std::string_view inner = withoutBlanks(bytes);
+    return isAscii(inner) ? other == latin1(inner) : other == text();
+}
+
 BraceScanner::BraceScanner(std::FILE* input)
     : input(input)
+    , blocks(std::make_shared<TextBlocks>())
 {
 }
 
@@ -92,7 +98,7 @@ ScanEvent BraceScanner::next()
 {
     while (pending.empty())
         scan();
-    ScanEvent event = std::move(pending.front());
+    const ScanEvent event = pending.front();
     pending.pop_front();
     return event;
 }
@@ -100,38 +106,38 @@ ScanEvent BraceScanner::next()
 /// Reads as far as the next thing that is worth an event.
 void BraceScanner::scan()
 {
-    ScannedText text = readUpTo(':', '=', '}');
+    const ScannedText text = readUpTo(':', '=', '}');
     switch (stop) {
     case ':':
-        beginGroup(std::move(text));
+        beginGroup(text);
         break;
     case '=':
-        pending.push_back({ScanEvent::Kind::Setting, std::move(text), readUpTo(';')});
+        pending.push_back({ScanEvent::Kind::Setting, text, readUpTo(';')});
         break;
     case '}':
-        addSkipped(std::move(text), ScanEvent::Reason::BeforeEnd);
+        addSkipped(text, ScanEvent::Reason::BeforeEnd);
         pending.push_back({ScanEvent::Kind::GroupEnds, {{}, offset - 1}});
         addSkipped(readUpTo(';'), ScanEvent::Reason::AfterBrace);
         depth = std::max(0, depth - 1);
         break;
     default:
-        addSkipped(std::move(text), ScanEvent::Reason::BeforeEnd);
+        addSkipped(text, ScanEvent::Reason::BeforeEnd);
         pending.push_back({ScanEvent::Kind::EndOfInput, {{}, offset}});
     }
 }
 
-void BraceScanner::beginGroup(ScannedText name)
+void BraceScanner::beginGroup(const ScannedText& name)
 {
-    pending.push_back({ScanEvent::Kind::GroupBegins, std::move(name)});
+    pending.push_back({ScanEvent::Kind::GroupBegins, name});
     addSkipped(readUpTo('{'), ScanEvent::Reason::BeforeBrace);
     if (++depth > greatestGroupDepth)
         addSkipped(rest(), ScanEvent::Reason::TooDeep);
 }
 
-void BraceScanner::addSkipped(ScannedText text, ScanEvent::Reason reason)
+void BraceScanner::addSkipped(const ScannedText& text, ScanEvent::Reason reason)
 {
     if (!std::all_of(text.bytes.begin(), text.bytes.end(), isBlank))
-        pending.push_back({ScanEvent::Kind::Skipped, std::move(text), {}, reason});
+        pending.push_back({ScanEvent::Kind::Skipped, text, {}, reason});
 }
 
 bool BraceScanner::skipTo(char target)
@@ -147,22 +153,12 @@ ScannedText BraceScanner::rest()
 
 ScannedText BraceScanner::readUpTo(int first, int second, int third)
 {
-    ScannedText text;
-    text.offset = offset;
-    // Not locked for each byte: one thread reads a file. All settings of all documents pass here at each receipt, so
-    // that the text grows by pieces.
+    // Not locked for each byte: one thread reads a file. All settings of all documents pass here at each receipt.
     std::FILE* const file = input.get();
-    std::array<char, 128> piece;
-    std::size_t size = 0;
     int byte = getc_unlocked(file);
-    for (; byte != EOF && byte != first && byte != second && byte != third; byte = getc_unlocked(file)) {
-        if (size == piece.size()) {
-            text.bytes.append(piece.data(), size);
-            size = 0;
-        }
-        piece[size++] = static_cast<char>(byte);
-    }
-    text.bytes.append(piece.data(), size);
+    for (; byte != EOF && byte != first && byte != second && byte != third; byte = getc_unlocked(file))
+        blocks->append(static_cast<char>(byte));
+    const ScannedText text {blocks->take(), offset};
     stop = byte;
     offset += static_cast<qint64>(text.bytes.size()) + (stop == EOF ? 0 : 1);
     return text;

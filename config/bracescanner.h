@@ -7,19 +7,23 @@
 #include <cstdio>
 #include <deque>
 #include <memory>
-#include <string>
+#include <string_view>
 #include <utility>
 
 namespace libconfig {
 
+class TextBlocks;
+
 /// A piece of a settings file as it stands there, white space around it included.
 struct ScannedText {
-    std::string bytes;
+    std::string_view bytes; ///< which the scanner's texts() hold
     qint64 offset = 0; ///< of the first byte, from the beginning of the input
 
     /// What it says: UTF-8 where the bytes are that, ISO-8859-1 otherwise, without white space around it and without
     /// byte-order marks at its start (all of them, so that what is written and read again stays the same).
     QString text() const { return trimmed().first; }
+    /// Whether text() is @p other.
+    bool says(QStringView other) const;
     /// Where text() begins in the input.
     qint64 textOffset() const { return trimmed().second; }
     /// Both.
@@ -74,6 +78,9 @@ public:
     /// Reads up to and including @p target; false when the input ended before it.
     bool skipTo(char target);
 
+    /// What holds the bytes of all texts: who needs them longer than the scanner lives keeps it.
+    std::shared_ptr<const TextBlocks> texts() const { return blocks; }
+
     /// All that has not been read yet. What was met before and not been asked for still comes from next().
     ScannedText rest();
 
@@ -83,12 +90,13 @@ private:
     };
 
     void scan();
-    void beginGroup(ScannedText name);
-    void addSkipped(ScannedText text, ScanEvent::Reason reason);
+    void beginGroup(const ScannedText& name);
+    void addSkipped(const ScannedText& text, ScanEvent::Reason reason);
     /// Up to and including one of these bytes, which is noted and no part of the text, or up to the end of the input.
     ScannedText readUpTo(int first, int second = EOF, int third = EOF);
 
     std::unique_ptr<std::FILE, FileCloser> input;
+    std::shared_ptr<TextBlocks> blocks;
     qint64 offset = 0; ///< of the next byte
     int stop = EOF; ///< the byte that ended the last text, which is not part of it
     int depth = 0; ///< of groups that are open

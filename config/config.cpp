@@ -35,7 +35,7 @@ QString nameOf(const QDomElement& group)
 
 QString valueIn(const SettingsGroup& group, QStringView name)
 {
-    const auto hasName = [name](const SettingsGroup::Setting& setting) { return setting.name == name; };
+    const auto hasName = [name](const SettingsGroup::Setting& setting) { return setting.name.says(name); };
     const auto found = std::find_if(group.settings.rbegin(), group.settings.rend(), hasName);
     return found == group.settings.rend() ? QString() : found->value();
 }
@@ -166,7 +166,7 @@ void Config::addGroup(const SettingsGroup& group, QDomNode parent, const ConfigT
     parent.appendChild(element);
     QStringList names;
     for (const SettingsGroup::Setting& setting : group.settings)
-        setSetting(element, names, setting.name, setting.value());
+        setSetting(element, names, setting.name.text(), setting.value());
     tree.order->set(element, names);
     for (const SettingsGroup& below : group.groups)
         addGroup(below, element, tree);

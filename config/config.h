@@ -19,6 +19,7 @@ namespace libconfig {
 class AttributeOrder;
 class BraceScanner;
 struct SettingsGroup;
+class TextBlocks;
 
 /// The tree of a Config as a whole, to be set aside and taken back. Who copies it has the same tree.
 struct ConfigTree {
@@ -189,6 +190,7 @@ private:
     QString format;
     std::unique_ptr<BraceScanner> stream; ///< of the brace reader; null when closed
     std::unique_ptr<SettingsGroup> settings; ///< of a file in the brace format: never null, and fixed once it is read
+    std::shared_ptr<const TextBlocks> texts; ///< of settings
     mutable ConfigTree tree; ///< empty until it is made, of settings or otherwise
     mutable std::atomic<bool> isTreeMade {false};
     mutable std::mutex treeMaking; ///< by whichever thread asks first

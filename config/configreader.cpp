@@ -15,8 +15,6 @@
 #include <QStack>
 #include <QXmlDefaultHandler>
 
-#include <utility>
-
 using toolkit::operator""_L1;
 
 namespace libconfig {
@@ -60,6 +58,7 @@ void Config::loadFile()
 void Config::readTopLevel()
 {
     settings->name = fileName;
+    texts = stream ? stream->texts() : nullptr;
     if (readLevel(*settings) == LevelEnd::EndOfInput)
         closeFile();
 }
@@ -75,7 +74,7 @@ void Config::loadFile(const QString& name, QDomNode parent)
 Config::LevelEnd Config::readLevel(SettingsGroup& group)
 {
     for (;;) {
-        ScanEvent event = stream ? stream->next() : ScanEvent();
+        const ScanEvent event = stream ? stream->next() : ScanEvent();
         switch (event.kind) {
         case ScanEvent::Kind::GroupBegins:
             group.holdsAnything = true;
@@ -86,7 +85,7 @@ Config::LevelEnd Config::readLevel(SettingsGroup& group)
             break;
         case ScanEvent::Kind::Setting:
             group.holdsAnything = true;
-            group.settings.push_back({event.text.text(), std::move(event.value)});
+            group.settings.push_back({event.text, event.value});
             break;
         case ScanEvent::Kind::Skipped:
             break;

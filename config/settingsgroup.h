@@ -9,12 +9,13 @@
 
 namespace libconfig {
 
-/// A group as it stands in a file in the brace format: all that a look-up needs, for much less than the toolkit's tree
-/// of it costs.
+/// A group as it stands in a file in the brace format, in which a look-up finds what it finds in the tree. It costs
+/// much less: of its texts, which are the scanner's, nothing is copied, and those alone are decoded that somebody asks
+/// for.
 struct SettingsGroup {
     struct Setting {
-        QString name;
-        ScannedText written; ///< the value, quotes and all: a print asks for few of them
+        ScannedText name;
+        ScannedText written; ///< the value, quotes and all
 
         QString value() const { return written.text().remove(QLatin1Char('"')); }
     };

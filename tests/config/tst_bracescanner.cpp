@@ -136,8 +136,11 @@ void TestBraceScanner::textAndItsPlace()
     QFETCH(QByteArray, bytes);
     QFETCH(QString, text);
     QFETCH(int, offset);
-    const ScannedText scanned {bytes.toStdString(), 100};
+    const ScannedText scanned {{bytes.constData(), static_cast<std::size_t>(bytes.size())}, 100};
     QCOMPARE(scanned.text(), text);
+    QVERIFY(scanned.says(text));
+    QVERIFY(!scanned.says(text + 'a'));
+    QVERIFY(!scanned.says('a' + text));
     QCOMPARE(scanned.textOffset(), qint64(offset));
 }
 
@@ -158,7 +161,7 @@ void TestBraceScanner::restOfTheInput()
     scanner->next();
     QCOMPARE(described(scanner->next()), QString("end@7"));
     QCOMPARE(at(scanner->rest()), QString("b: { c@10"));
-    QCOMPARE(scanner->rest().bytes, std::string());
+    QCOMPARE(scanner->rest().bytes, std::string_view());
 }
 
 // What stands between the brace and the semicolon was met with the brace.

@@ -8,10 +8,7 @@
 #include <QTemporaryFile>
 #include <QtTest>
 
-#include <atomic>
 #include <random>
-#include <thread>
-#include <vector>
 
 using libconfig::Config;
 
@@ -33,7 +30,6 @@ private slots:
     void key_data();
     void key();
     void lookupStep();
-    void treeIsTheSameForAllThreads();
 
     void encoding_data();
     void encoding();
@@ -420,31 +416,6 @@ void TestConfig::lookupStep()
     QCOMPARE(config.lookup(document, ".doc.a"), QString());
     QCOMPARE(config.lookup(QDomNode(), "doc.a"), QString());
     QCOMPARE(config.lookup(QDomNode(), QString()), QString());
-}
-
-// The tree is made by whichever thread first asks for it, while others look settings up.
-void TestConfig::treeIsTheSameForAllThreads()
-{
-    for (int round = 0; round < 20; ++round) {
-        OpenConfig config;
-        read(config, "zelmora: { doc: { a = 1; }; b = 2; };");
-        std::atomic<int> failures {0};
-        QVector<QDomElement> roots(4);
-        std::vector<std::thread> threads;
-        for (QDomElement& root : roots) {
-            threads.emplace_back([&config, &failures, &root] {
-                for (int i = 0; i < 50; ++i) {
-                    if (i == 25)
-                        root = config.rootElement();
-                    failures += config.lookup("zelmora.doc.a") != "1" || config.lookup("zelmora.b") != "2";
-                }
-            });
-        }
-        for (std::thread& thread : threads)
-            thread.join();
-        QCOMPARE(failures.load(), 0);
-        QCOMPARE(roots, QVector<QDomElement>(4, config.rootElement()));
-    }
 }
 
 void TestConfig::encoding_data()

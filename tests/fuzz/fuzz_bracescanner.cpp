@@ -25,7 +25,7 @@ static void checkScanner(const QByteArray& bytes, const QString& path)
         if (event.kind == Event::Kind::Setting)
             pass(input, event.value, reached);
     }
-    pass(input, {std::string(), bytes.size()}, reached);
+    pass(input, {{}, bytes.size()}, reached);
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
