@@ -32,8 +32,8 @@ struct ConfigTree {
 /// The tree: its root element is named after the file's path; a group is an element named after the group, its
 /// sub-groups are child elements in the order of the file, and a setting is an attribute of its group's element.
 /// Settings come in the order of the file as well; one that is repeated has its first place and its last value.
-/// All values are text. Only loadListView(), and classes that derive from this one, change a loaded tree. No operation
-/// takes a lock.
+/// All values are text. Only loadListView(), and classes that derive from this one, change a loaded tree. Making the
+/// tree, when it is first asked for, is all that takes a lock.
 ///
 /// There are two formats: the brace format, named "cfg" (docs/settings-file.md has its grammar), and XML, named
 /// "xml". No file is ever rejected: a missing or malformed one gives what could be read of it, or an empty tree.

@@ -200,7 +200,8 @@ void TestBraceScanner::byteOrderMarksAreReadInOneGo_data()
 void TestBraceScanner::byteOrderMarksAreReadInOneGo()
 {
     QFETCH(int, marks);
-    const ScannedText scanned {QByteArray("\xEF\xBB\xBF ").repeated(marks).toStdString() + "a", 0};
+    const std::string bytes = QByteArray("\xEF\xBB\xBF ").repeated(marks).toStdString() + "a";
+    const ScannedText scanned {bytes, 0};
     QCOMPARE(scanned.text(), QString("a"));
     QCOMPARE(scanned.textOffset(), qint64(4) * marks);
 }
