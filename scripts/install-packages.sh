@@ -4,9 +4,12 @@
 # the buttons of boxes; for the pictures of paper a font of fixed width, and one that has pictures of control characters.
 BUILD_PACKAGES=(g++ cmake ninja-build qtbase5-dev qttools5-dev-tools qttranslations5-l10n fonts-dejavu-core
     fonts-freefont-ttf)
+# What makes the man pages; without it a build has all but those.
+MAN_PACKAGES=(pandoc)
 # To test as well: the definitions of the 8-bit locale that the tests build for themselves; a PostgreSQL server, its tools
-# and the toolkit's driver for it; xmllint, which tells what the schema of jobs accepts.
-TEST_PACKAGES=("${BUILD_PACKAGES[@]}" locales postgresql postgresql-client libqt5sql5-psql libxml2-utils)
+# and the toolkit's driver for it; xmllint, which tells what the schema of jobs accepts; what shows man pages.
+TEST_PACKAGES=("${BUILD_PACKAGES[@]}" "${MAN_PACKAGES[@]}" locales postgresql postgresql-client libqt5sql5-psql
+    libxml2-utils man-db)
 # To measure as well: what the print program is measured against, and time(1) for the memory.
 BENCH_PACKAGES=("${BUILD_PACKAGES[@]}" xsltproc python3 time)
 # To fuzz: the compiler that has libFuzzer, its sanitizers, and what finds names and lines for their reports.

@@ -71,10 +71,22 @@ QString commandsText()
     return text;
 }
 
+/// A line for each command that takes any.
+QString takenOptionsText()
+{
+    QString text = QStringLiteral("\n\nThe options that each takes:");
+    for (const Command& command : commands) {
+        if (command.options.size() > 0)
+            text += "\n  "_L1 + QString(command.name).leftJustified(18) + "--"_L1
+                + QString(command.options).replace(QLatin1Char(' '), " --"_L1);
+    }
+    return text;
+}
+
 void describe(QCommandLineParser& parser)
 {
     parser.setApplicationDescription(
-        commandsText()
+        commandsText() + takenOptionsText()
         + "\n\nA KEY is whole: zelmora.receiptdoc.paperWidth. Options stand before or after the command, up to the "
           "KEY.\n"
           "The exit status is 0 when it is done; 1 when the setting is absent, the change is refused or an error is\n"
