@@ -1,5 +1,7 @@
 #include "editor/icons.h"
 
+#include "editor/programicon.h"
+
 #include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
@@ -39,7 +41,7 @@ public:
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
         painter->setOpacity(mode == QIcon::Disabled ? 0.3 : 1);
-        painter->translate(place.center() + QPointF(1 - side, 1 - side) / 2);
+        painter->translate(QRectF(place).center() - QPointF(side, side) / 2);
         painter->scale(side / 16, side / 16);
         drawing(*painter);
         painter->restore();
@@ -57,28 +59,6 @@ QIcon drawn(Drawing drawing)
 QPen pen(const QColor& colour, qreal width)
 {
     return {colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
-}
-
-/// The paper, torn off below.
-void drawPaper(QPainter& painter)
-{
-    const QVector<QPointF> paper {{3, 1},    {13, 1},   {13, 15},    {11.3, 13.5}, {9.7, 15},
-                                  {8, 13.5}, {6.3, 15}, {4.7, 13.5}, {3, 15}};
-    painter.setPen(pen(QColor(0x44, 0x4c, 0x56), 0.8));
-    painter.setBrush(Qt::white);
-    painter.drawPolygon(paper);
-}
-
-void drawReceipt(QPainter& painter)
-{
-    drawPaper(painter);
-    painter.setPen(pen(QColor(0x44, 0x4c, 0x56), 0.9));
-    for (const qreal y : {4.0, 6.0, 8.0}) {
-        painter.drawLine(QPointF(5, y), QPointF(8.5, y));
-        painter.drawLine(QPointF(10, y), QPointF(11, y));
-    }
-    painter.setPen(pen(QColor(0xc0, 0x39, 0x2b), 1.4));
-    painter.drawLine(QPointF(5, 11), QPointF(11, 11));
 }
 
 void drawError(QPainter& painter)
@@ -115,7 +95,7 @@ void drawNote(QPainter& painter)
 
 QIcon program()
 {
-    return drawn(drawReceipt);
+    return drawn(programicon::paint);
 }
 
 QIcon severity(check::Severity severity)

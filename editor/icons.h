@@ -11,7 +11,7 @@ class QPalette;
 /// are as sharp as the screen, light or dark.
 namespace icons {
 
-/// A receipt: the program.
+/// A receipt: the program (editor/programicon.h).
 QIcon program();
 /// How bad something is; told apart by form as well as by colour.
 QIcon severity(check::Severity severity);

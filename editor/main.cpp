@@ -21,6 +21,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     refuseRemainingOptions();
     QApplication::setOrganizationName(QStringLiteral("zelmora"));
+    QApplication::setDesktopFileName(QStringLiteral("zelmora-settings")); // by which a desktop knows its windows
 
     // In the language of the documents; the toolkit has its own catalogues for the buttons it brings.
     QTranslator texts;

@@ -2,7 +2,8 @@
 
 #include <QtTest>
 
-/// The man pages say what the pages in docs/ say, in the form of a manual. They are made by pandoc: without it this fails.
+/// The man pages say what the pages in docs/ say, in the form of a manual. They are made by pandoc: without it this
+/// fails.
 class TestManPages : public QObject {
     Q_OBJECT
 
@@ -27,11 +28,17 @@ struct Page {
 };
 
 static const Page all[] = {
-    {"zelmora-print.1", "zelmora-print.md", {"NAME", "SYNOPSIS", "DESCRIPTION", "EXIT STATUS", "ENVIRONMENT", "FILES", "SEE ALSO"}},
+    {"zelmora-print.1",
+     "zelmora-print.md",
+     {"NAME", "SYNOPSIS", "DESCRIPTION", "EXIT STATUS", "ENVIRONMENT", "FILES", "SEE ALSO"}},
     {"zelmora-check.1", "checking.md", {"NAME", "SYNOPSIS", "DESCRIPTION", "OPTIONS", "EXIT STATUS", "SEE ALSO"}},
-    {"zelmora-config.1", "zelmora-config.md", {"NAME", "SYNOPSIS", "DESCRIPTION", "COMMANDS", "OPTIONS", "EXIT STATUS", "FILES", "SEE ALSO"}},
+    {"zelmora-config.1",
+     "zelmora-config.md",
+     {"NAME", "SYNOPSIS", "DESCRIPTION", "COMMANDS", "OPTIONS", "EXIT STATUS", "FILES", "SEE ALSO"}},
     {"zelmora-paper.1", "paper.md", {"NAME", "SYNOPSIS", "DESCRIPTION", "CALLS", "OPTIONS", "EXIT STATUS", "SEE ALSO"}},
-    {"zelmora-settings.1", "settings-editor.md", {"NAME", "SYNOPSIS", "DESCRIPTION", "OPTIONS", "EXIT STATUS", "FILES", "SEE ALSO"}},
+    {"zelmora-settings.1",
+     "settings-editor.md",
+     {"NAME", "SYNOPSIS", "DESCRIPTION", "OPTIONS", "EXIT STATUS", "FILES", "SEE ALSO"}},
     {"zelmora.conf.5", "settings-file.md", {"NAME", "DESCRIPTION", "GRAMMAR", "DOCUMENTS", "SEE ALSO"}},
     {"zelmora-job.5", "job-file.md", {"NAME", "DESCRIPTION", "SHAPE", "METHOD", "SEE ALSO"}},
 };
@@ -178,7 +185,8 @@ void TestManPages::references()
     QVERIFY(section(shown("zelmora-job.5"), "DESCRIPTION")
                 .simplified()
                 .contains("are in zelmora.conf(5), the commands that come out in register-script.md."));
-    QVERIFY(section(shown("zelmora-check.1"), "DESCRIPTION").simplified().contains("what a job (zelmora-job(5)) would"));
+    QVERIFY(
+        section(shown("zelmora-check.1"), "DESCRIPTION").simplified().contains("what a job (zelmora-job(5)) would"));
     QCOMPARE(section(shown("zelmora.conf.5"), "SEE ALSO").simplified(),
              QString("SEE ALSO zelmora-config(1), zelmora-settings(1), zelmora-job(5) "
                      "In share/doc/zelmora/docs: library.md, register-script.md"));
