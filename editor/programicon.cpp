@@ -25,7 +25,9 @@ const QVector<Stroke>& strokes()
 {
     static const QVector<Stroke> receipt {
         // The paper, torn off below.
-        {grey, 0.8, true,
+        {grey,
+         0.8,
+         true,
          {{3, 1}, {13, 1}, {13, 15}, {11.3, 13.5}, {9.7, 15}, {8, 13.5}, {6.3, 15}, {4.7, 13.5}, {3, 15}}},
         // What was ordered, and its prices.
         {grey, 0.9, false, {{5, 4}, {8.5, 4}}},

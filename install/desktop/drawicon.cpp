@@ -26,7 +26,8 @@ bool writeSvg(const QString& path)
 
 } // namespace
 
-/// drawicon FILE.svg, drawicon FILE.png SIDE: writes the settings editor's picture. The build runs it; needs no display.
+/// drawicon FILE.svg, drawicon FILE.png SIDE: writes the settings editor's picture. The build runs it; needs no
+/// display.
 int main(int argc, char** argv)
 {
     if (argc == 2)

@@ -143,11 +143,12 @@ void TestInstalledTree::noPathOfTheBuildShows()
 
 void TestInstalledTree::printProgramAndCatalogue()
 {
-    const QByteArray catalogues = workbench->installed("share/zelmora/translations/").toUtf8();
+    const QByteArray catalogues = "share/zelmora/translations/";
     const QString examples = workbench->installed("share/zelmora/examples/");
     ProgramRun run;
     run.setSettings(fileContents(examples + "home/.zelmora/conf/zelmora.conf")
-                        .replace("basedir = \"translations/\"", "basedir = \"" + catalogues + '"'));
+                        .replace(workbench->path("place of the installation/" + catalogues).toUtf8(), // and moved since
+                                 workbench->installed(catalogues).toUtf8()));
     run.setEnvironment("installed", workbench->installed());
     run.setEnvironment("job", examples + "receipt.xml");
     run.startShell("exec \"$installed/bin/zelmora-print\" \"$job\" script.txt");

@@ -70,9 +70,9 @@ void TestDesktop::isValid_data()
     QTest::addColumn<QByteArray>("content"); // what the command says of a file that is in order
     QTest::newRow("the entry") << "zelmora-settings.desktop" << QByteArray("desktop-file-validate --warn-kde")
                                << QByteArray();
-    QTest::newRow("the catalogue's file") << catalogueFile
-                                          << QByteArray("appstreamcli validate --no-net --pedantic --no-color")
-                                          << QByteArray("Validation was successful.");
+    QTest::newRow("the catalogue's file")
+        << catalogueFile << QByteArray("appstreamcli validate --no-net --pedantic --no-color")
+        << QByteArray("Validation was successful.");
 }
 
 void TestDesktop::isValid()
@@ -105,7 +105,8 @@ void TestDesktop::everyTextIsInItalian_data()
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("english");
     QTest::addColumn<QString>("italian");
-    QTest::newRow("the entry") << "zelmora-settings.desktop" << "^(Name|GenericName|Comment|Keywords)=."
+    QTest::newRow("the entry") << "zelmora-settings.desktop"
+                               << "^(Name|GenericName|Comment|Keywords)=."
                                << "^(Name|GenericName|Comment|Keywords)\\[it\\]=.";
     QTest::newRow("the catalogue's file") << catalogueFile << "<(name|summary|p|li)>."
                                           << "<(name|summary|p|li) xml:lang=\"it\">.";
