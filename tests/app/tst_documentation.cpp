@@ -3,7 +3,7 @@
 #include <QtTest>
 
 /// The examples in docs/job-file.md, and the whole scripts in README.md and docs/register-script.md, are what the
-/// program really prints.
+/// program really prints; what docs/zelmora-print.md has it say is what it says.
 class TestDocumentation : public QObject {
     Q_OBJECT
 
@@ -14,6 +14,8 @@ private slots:
     void readmeShowsTheReceipt();
     void wholeScript_data();
     void wholeScript();
+    void line_data();
+    void line();
 };
 
 static const QString docs = ZELMORA_DOCS;
@@ -109,6 +111,42 @@ void TestDocumentation::wholeScript()
     QFETCH(QString, example);
     const QByteArray page = fileContents(docs + "/register-script.md");
     QVERIFY(page.contains("```text\n" + exampleScript(example) + "```\n"));
+}
+
+void TestDocumentation::line_data()
+{
+    QTest::addColumn<bool>("hasSettings");
+    QTest::addColumn<QByteArray>("arguments");
+    QTest::addColumn<QByteArray>("text");
+    QTest::newRow("one argument") << true << QByteArray("job.xml")
+                                  << QByteArray("Usage: zelmora-print input_file output_file");
+    QTest::newRow("four arguments") << true << QByteArray("job.xml script.txt 3 4")
+                                    << QByteArray("Usage: zelmora-print input_file output_file");
+    QTest::newRow("no settings file") << false << QByteArray("job.xml script.txt")
+                                      << QByteArray("Error in the method FileReader::open( ... ): File Not Found");
+    QTest::newRow("an unknown method") << true << QByteArray("unknown.xml script.txt")
+                                       << QByteArray("File Format Not Supported");
+    QTest::newRow("no folder for the script")
+        << true << QByteArray("job.xml missing/script.txt")
+        << QByteArray("PrintManager::printAbstractOrder(...): Unable To Open File");
+}
+
+void TestDocumentation::line()
+{
+    QFETCH(bool, hasSettings);
+    QFETCH(QByteArray, arguments);
+    QFETCH(QByteArray, text);
+    ProgramRun run;
+    if (hasSettings)
+        run.setSettings(exampleSettings());
+    run.writeFile("job.xml", "<job><method name=\"printSold\"/></job>");
+    run.writeFile("unknown.xml", "<job><method name=\"printUnsold\"/></job>");
+    run.startShell("\"$program\" " + arguments);
+    QByteArray said = run.remarks();
+    said.replace(ZELMORA_PRINT_PROGRAM, "zelmora-print");
+    said.replace(run.path("home/.zelmora/conf/zelmora.conf").toUtf8(), "...");
+    QCOMPARE(said, text + '\n');
+    QVERIFY(fileContents(docs + "/zelmora-print.md").contains("\n| `" + text + "` | "));
 }
 
 QTEST_GUILESS_MAIN(TestDocumentation)

@@ -67,7 +67,8 @@ QStringList linkedPaths(const QString& document)
 {
     QStringList paths;
     const QRegularExpression link("\\]\\(([^)#:]+)(#[^)]*)?\\)");
-    const QString text = QString::fromUtf8(fileContents(document)).remove(QRegularExpression("```.*?```", QRegularExpression::DotMatchesEverythingOption));
+    const QString text = QString::fromUtf8(fileContents(document))
+                             .remove(QRegularExpression("```.*?```", QRegularExpression::DotMatchesEverythingOption));
     for (QRegularExpressionMatchIterator found = link.globalMatch(text); found.hasNext();)
         paths += found.next().captured(1);
     return paths;
@@ -133,7 +134,8 @@ void TestInstallation::placesOfFiles_data()
     QTest::newRow("the print program") << "print"
                                        << ofProgram("zelmora-print")
             + QStringList {"share/man/man5/zelmora.conf.5", "share/man/man5/zelmora-job.5"};
-    QTest::newRow("the tools") << "tools" << ofProgram("zelmora-check") + ofProgram("zelmora-config") + ofProgram("zelmora-paper");
+    QTest::newRow("the tools") << "tools"
+                               << ofProgram("zelmora-check") + ofProgram("zelmora-config") + ofProgram("zelmora-paper");
     QTest::newRow("the settings editor") << "settings"
                                          << ofProgram("zelmora-settings")
             + QStringList {"share/applications/zelmora-settings.desktop",
@@ -210,7 +212,8 @@ void TestInstallation::uninstallLeavesWhatIsOthers()
     QVERIFY(added > 100);
     const QByteArray said = uninstall({path("build")});
     QCOMPARE(status, 0);
-    QVERIFY2(said.startsWith("Files removed: ") && said.endsWith(". Gone before: 0. Not removed: 0.\n"), said.constData());
+    QVERIFY2(said.startsWith("Files removed: ") && said.endsWith(". Gone before: 0. Not removed: 0.\n"),
+             said.constData());
 
     QMap<QString, QByteArray> after = everythingBelow(prefix);
     for (auto entry = before.begin(); entry != before.end(); ++entry)
@@ -230,7 +233,8 @@ void TestInstallation::uninstallOfAStagedInstallation()
     QVERIFY2(said.endsWith(" Gone before: 0. Not removed: 0.\n"), said.constData());
     const QMap<QString, QByteArray> left = everythingBelow(path("staged"));
     for (auto entry = left.begin(); entry != left.end(); ++entry)
-        QVERIFY2(QFileInfo(path("staged/" + entry.key())).isDir() && !entry.key().contains("zelmora"), qPrintable(entry.key()));
+        QVERIFY2(QFileInfo(path("staged/" + entry.key())).isDir() && !entry.key().contains("zelmora"),
+                 qPrintable(entry.key()));
 }
 
 void TestInstallation::uninstallASecondTime()
@@ -239,7 +243,8 @@ void TestInstallation::uninstallASecondTime()
     QVERIFY(QFile::remove(path("again/bin/zelmora-print")));
     QVERIFY(uninstall({path("build")}).contains(" Gone before: 1. Not removed: 0.\n"));
     QCOMPARE(status, 0);
-    QVERIFY(uninstall({path("build")}).startsWith("There is no list of installed files in " + path("build").toUtf8() + ':'));
+    QVERIFY(uninstall({path("build")})
+                .startsWith("There is no list of installed files in " + path("build").toUtf8() + ':'));
     QCOMPARE(status, 2);
 }
 
@@ -250,8 +255,9 @@ void TestInstallation::uninstallWithoutPermission()
     touch(path("build/install_manifest.txt"), "/proc/self/status");
     const QByteArray said = uninstall({path("build")});
     QCOMPARE(status, 1);
-    QVERIFY2(said.contains("Files removed: 0. Gone before: 0. Not removed: 1.\nCall it again as whoever may remove them"),
-             said.constData());
+    QVERIFY2(
+        said.contains("Files removed: 0. Gone before: 0. Not removed: 1.\nCall it again as whoever may remove them"),
+        said.constData());
     QVERIFY(QFile::remove(path("build/install_manifest.txt")));
 }
 
@@ -259,8 +265,12 @@ void TestInstallation::wrongCalls_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QByteArray>("said");
-    QTest::newRow("a folder that is no build") << QStringList("/usr/share") << QByteArray("There is no list of installed files in /usr/share: nothing was installed from there, or it is taken away already.\n");
-    QTest::newRow("two folders") << QStringList({"/usr", "/opt"}) << "Usage: " + uninstallScript.toUtf8() + " [BUILD]\n";
+    QTest::newRow("a folder that is no build")
+        << QStringList("/usr/share")
+        << QByteArray("There is no list of installed files in /usr/share: nothing was installed from there, or it is "
+                      "taken away already.\n");
+    QTest::newRow("two folders") << QStringList({"/usr", "/opt"})
+                                 << "Usage: " + uninstallScript.toUtf8() + " [BUILD]\n";
 }
 
 void TestInstallation::wrongCalls()
