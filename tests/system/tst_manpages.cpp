@@ -24,17 +24,19 @@ static const QDir pages(ZELMORA_MAN_PAGES);
 struct Page {
     const char* name;
     const char* document;
-    QStringList sections; ///< those that a manual has by custom
+    QStringList sections; ///< those that a manual has by custom, and some of the page's own, which stand before them
 };
 
 static const Page all[] = {
     {"zelmora-print.1",
      "zelmora-print.md",
      {"NAME", "SYNOPSIS", "DESCRIPTION", "EXIT STATUS", "ENVIRONMENT", "FILES", "SEE ALSO"}},
-    {"zelmora-check.1", "checking.md", {"NAME", "SYNOPSIS", "DESCRIPTION", "OPTIONS", "EXIT STATUS", "SEE ALSO"}},
+    {"zelmora-check.1",
+     "checking.md",
+     {"NAME", "SYNOPSIS", "DESCRIPTION", "WHAT IT SAYS", "ALL CODES", "OPTIONS", "EXIT STATUS", "SEE ALSO"}},
     {"zelmora-config.1",
      "zelmora-config.md",
-     {"NAME", "SYNOPSIS", "DESCRIPTION", "COMMANDS", "OPTIONS", "EXIT STATUS", "FILES", "SEE ALSO"}},
+     {"NAME", "SYNOPSIS", "DESCRIPTION", "COMMANDS", "WHAT IS CHANGED", "OPTIONS", "EXIT STATUS", "FILES", "SEE ALSO"}},
     {"zelmora-paper.1", "paper.md", {"NAME", "SYNOPSIS", "DESCRIPTION", "CALLS", "OPTIONS", "EXIT STATUS", "SEE ALSO"}},
     {"zelmora-settings.1",
      "settings-editor.md",
