@@ -156,7 +156,7 @@ void TestCompletion::optionsOfCommands_data()
     QTest::addColumn<QString>("shell");
     QTest::addColumn<QString>("command");
     for (const QString& shell : allShells) {
-        for (const char* command : {"check", "list", "set", "convert"})
+        for (const char* command : {"check", "list", "effective", "get", "set", "unset", "new", "convert"})
             QTest::newRow(qPrintable(shell + " for " + command)) << shell << QString(command);
     }
 }
