@@ -2,6 +2,14 @@
 set(ZELMORA_QT 5 CACHE STRING "The major version of the toolkit: 5 or 6")
 set_property(CACHE ZELMORA_QT PROPERTY STRINGS 5 6)
 
+# Two builds, one for each, install side by side into one place. What only one of them can have its name for, a library,
+# is told apart by a suffix; what both have alike, programs and what is theirs, is installed by that with Qt 5, and by
+# the other one where the component is named.
+if(ZELMORA_QT EQUAL 6)
+    set(ZELMORA_SUFFIX -qt6)
+    set(ZELMORA_INSTALL_ONCE EXCLUDE_FROM_ALL)
+endif()
+
 # zelmora_find_qt(<module>...): the toolkit's modules as Qt${ZELMORA_QT}::<module>.
 macro(zelmora_find_qt)
     set(zelmora_least_qt_5 5.15)

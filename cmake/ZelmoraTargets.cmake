@@ -25,6 +25,10 @@ set(ZELMORA_DEFINITIONS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
 # that misses an include is noticed only without them, as a release and the fuzzers are built.
 option(ZELMORA_PRECOMPILE "Compile the headers that most files include once for all" OFF)
 
+# Names are hidden from what is linked at run time, but for those that are declared with ZELMORA_EXPORT.
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+
 # zelmora_precompiled_headers(<name> HEADERS <header>... LINKS <target>... [DEFINITIONS <definition>...]): headers for
 # zelmora_precompile.
 function(zelmora_precompiled_headers name)
@@ -62,18 +66,23 @@ set(ZELMORA_HEADERS precompiled-core)
 # zelmora_library(<name> [HEADERS <file>...] SOURCES <file>... LINKS <target>... [PRIVATE_LINKS <target>...]): the
 # static library Zelmora::<name>. Headers are those that are installed for other programs, which include them as
 # <zelmora/<name>/file.h>: they include each other by paths relative to themselves, so that no header of a program comes
-# first. Private links are those that the headers do not show.
+# first. Private links are those that the headers do not show. library/ makes shared
+# libraries of some of these.
 function(zelmora_library name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "HEADERS;SOURCES;LINKS;PRIVATE_LINKS")
     add_library(zelmora_${name} STATIC ${arg_SOURCES})
     add_library(Zelmora::${name} ALIAS zelmora_${name})
-    set_target_properties(zelmora_${name} PROPERTIES OUTPUT_NAME zelmora-${name} EXPORT_NAME ${name})
+    set_target_properties(zelmora_${name} PROPERTIES
+        OUTPUT_NAME zelmora-${name}${ZELMORA_SUFFIX}
+        EXPORT_NAME ${name}
+        POSITION_INDEPENDENT_CODE ${BUILD_SHARED_LIBS})
     target_include_directories(zelmora_${name} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
     target_link_libraries(zelmora_${name} PUBLIC ${arg_LINKS} PRIVATE ${arg_PRIVATE_LINKS})
     target_compile_features(zelmora_${name} PUBLIC cxx_std_17) # of the headers: a program may have set less
     target_compile_definitions(zelmora_${name} PRIVATE ${ZELMORA_DEFINITIONS})
     zelmora_precompile(zelmora_${name} ${ZELMORA_HEADERS})
-    install(FILES ${arg_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zelmora/${name})
+    install(FILES ${arg_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zelmora/${name}
+        COMPONENT development)
 endfunction()
 
 # zelmora_program(<name> SOURCES <file>... LINKS <target>...): the program <name>, which finds the build's version in

@@ -192,6 +192,11 @@ QStringList Config::settingNames(const QDomElement& group) const
     return wholeTree().order->names(group);
 }
 
+void Config::setSettingNames(const QDomElement& group, const QStringList& names)
+{
+    wholeTree().order->set(group, names);
+}
+
 QDomElement Config::madeRoot()
 {
     if (rootElement().isNull())
@@ -209,7 +214,7 @@ void Config::insertSetting(QDomElement group, int place, const QString& name, co
     QStringList names = settingNames(group);
     names.insert(place, name);
     group.setAttribute(name, value);
-    tree.order->set(group, names);
+    setSettingNames(group, names);
 }
 
 void Config::removeSetting(QDomElement group, const QString& name)
@@ -217,7 +222,7 @@ void Config::removeSetting(QDomElement group, const QString& name)
     QStringList names = settingNames(group);
     names.removeOne(name);
     group.removeAttribute(name);
-    tree.order->set(group, names);
+    setSettingNames(group, names);
 }
 
 void Config::takeTree(const ConfigTree& other)

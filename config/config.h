@@ -1,6 +1,8 @@
 #ifndef ZELMORA_CONFIG_CONFIG_H
 #define ZELMORA_CONFIG_CONFIG_H
 
+#include "../toolkit/export.h"
+
 #include <QDomDocument>
 #include <QString>
 #include <QStringList>
@@ -39,7 +41,7 @@ struct ConfigTree {
 /// "xml". No file is ever rejected: a missing or malformed one gives what could be read of it, or an empty tree.
 ///
 /// The print program needs no widgets: the operations of the tree view are defined in Zelmora::configwidgets.
-class Config {
+class ZELMORA_EXPORT Config {
 public:
     /// No file, no tree: every look-up gives an empty string until readFile().
     Config();
@@ -166,11 +168,13 @@ protected:
 private:
     enum class LevelEnd { Brace, EndOfInput };
 
-    class XmlListener;
+    class Q_DECL_HIDDEN XmlListener;
 
     static QDomElement newElement(QDomDocument& owner, const QString& name);
     /// @p names are those of the group's settings so far, in their order, for @p order when there are no more.
     static void setSetting(QDomElement group, QStringList& names, const QString& name, const QString& value);
+    /// The settings of @p group stand in the order of @p names.
+    void setSettingNames(const QDomElement& group, const QStringList& names);
     void begin(const QString& file, const QString& fileFormat);
     void newDocument();
     void makeTree() const;

@@ -115,7 +115,7 @@ public:
         QStringList names;
         for (int i = 0; i < attributes.count(); ++i)
             config.setSetting(group, names, attributes.qName(i), attributes.value(i));
-        config.tree.order->set(group, names);
+        config.setSettingNames(group, names);
         return true;
     }
 

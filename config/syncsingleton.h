@@ -1,6 +1,8 @@
 #ifndef ZELMORA_CONFIG_SYNCSINGLETON_H
 #define ZELMORA_CONFIG_SYNCSINGLETON_H
 
+#include "../toolkit/export.h"
+
 #include <QMutex>
 #include <QMutexLocker>
 
@@ -20,7 +22,7 @@
 /// each link the library can share the instance (docs/library.md says when they do). A symbol is no more visible than
 /// the types in its name: T is a class declared with Q_DECL_EXPORT where plug-ins share it.
 template <class T>
-class Q_DECL_EXPORT SyncSingleton {
+class ZELMORA_EXPORT SyncSingleton {
 public:
     SyncSingleton() = delete;
 

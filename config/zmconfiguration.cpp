@@ -4,6 +4,8 @@
 
 #include <QDir>
 
+template class SyncSingleton<ZMConfiguration>;
+
 QString ZMConfiguration::path()
 {
     return QDir::homePath() + QStringLiteral("/.zelmora/conf/zelmora.conf");

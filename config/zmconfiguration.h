@@ -7,7 +7,7 @@
 /// The settings store: the settings of the user's own file, "/.zelmora/conf/zelmora.conf" under the home
 /// directory, in the brace format. The programs share one through SyncSingleton<ZMConfiguration>::instance();
 /// the file is read when that is first asked for, and never again.
-class Q_DECL_EXPORT ZMConfiguration : public libconfig::Config {
+class ZELMORA_EXPORT ZMConfiguration : public libconfig::Config {
 public:
     /// The path of the user's own settings file.
     static QString path();
@@ -25,5 +25,8 @@ public:
     /// The settings as a list to edit, owned by the caller: Config::newConfigListView(). Link Zelmora::configwidgets.
     QTreeWidget* newConfigListView() const;
 };
+
+// Its code is the library's alone, so that whoever asks finds the same one.
+extern template class SyncSingleton<ZMConfiguration>;
 
 #endif

@@ -8,6 +8,8 @@
 #include <QSqlQuery>
 #include <QSqlTableModel>
 
+template class SyncSingleton<DatabaseManager>;
+
 using toolkit::operator""_L1;
 
 DatabaseManager::DatabaseManager()

@@ -43,7 +43,7 @@ class QSqlTableModel;
 ///
 /// No operation takes a lock: a connection is for the thread that created it, as the toolkit has it. Threads with a
 /// connection of their own may use one manager side by side if it has no logger.
-class Q_DECL_EXPORT DatabaseManager {
+class ZELMORA_EXPORT DatabaseManager {
 public:
     /// Takes its logger, HLogManager::getLog("") of the shared manager, for good: the default logger is to be set
     /// before.
@@ -137,5 +137,8 @@ private:
 
     Logger* logger; ///< of the log manager, null if none was set
 };
+
+// Its code is the library's alone, so that whoever asks finds the same one.
+extern template class SyncSingleton<DatabaseManager>;
 
 #endif

@@ -9,7 +9,7 @@
 #include <mutex>
 
 /// The values that the library's QSqlDatabase pointers point to, one for each connection name.
-class Q_DECL_EXPORT KeptConnections {
+class ZELMORA_EXPORT KeptConnections {
 public:
     /// The one of the process, made at the first call.
     static KeptConnections& instance();

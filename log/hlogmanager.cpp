@@ -1,5 +1,7 @@
 #include "log/hlogmanager.h"
 
+template class SyncSingleton<HLogManager>;
+
 namespace {
 
 QString defaultName()

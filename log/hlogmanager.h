@@ -16,7 +16,7 @@
 /// can still log in its destructor, whenever set() was called, and may call set() there. To be sure of that it asks
 /// for the manager in its constructor. An object that is older finds no logger any more: the manager and all Loggers
 /// have gone before, and what instance() gave or gives, and every Logger of it, must not be used.
-class Q_DECL_EXPORT HLogManager {
+class ZELMORA_EXPORT HLogManager {
 public:
     /// No logger yet, and no settings read.
     HLogManager();
@@ -42,5 +42,8 @@ protected:
 private:
     std::vector<std::unique_ptr<Logger>> replaced; ///< held by others perhaps, so they go last
 };
+
+// Its code is the library's alone, so that whoever asks finds the same one.
+extern template class SyncSingleton<HLogManager>;
 
 #endif

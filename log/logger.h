@@ -1,6 +1,8 @@
 #ifndef ZELMORA_LOG_LOGGER_H
 #define ZELMORA_LOG_LOGGER_H
 
+#include "../toolkit/export.h"
+
 #include <QString>
 
 #include <memory>
@@ -54,7 +56,7 @@ class TextEncoder;
 ///
 /// An object that is made after a Logger may log to it in its destructor, at the end of the process too; the shared
 /// ones have the rules of HLogManager.
-class Logger {
+class ZELMORA_EXPORT Logger {
 public:
     /// From the least severe to the most.
     enum Level : int { DEBUG, INFO, WARNING, ERROR, FATAL };

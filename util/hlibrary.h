@@ -1,6 +1,8 @@
 #ifndef ZELMORA_UTIL_HLIBRARY_H
 #define ZELMORA_UTIL_HLIBRARY_H
 
+#include "../toolkit/export.h"
+
 #include <QString>
 
 class QComboBox;
@@ -8,7 +10,7 @@ class QSqlDatabase;
 
 /// The suite's static helpers. No instances, no state. What reads the settings creates the shared store at first use;
 /// any thread may call it.
-class HLibrary {
+class ZELMORA_EXPORT HLibrary {
 public:
     HLibrary() = delete;
 

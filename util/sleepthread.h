@@ -1,6 +1,8 @@
 #ifndef ZELMORA_UTIL_SLEEPTHREAD_H
 #define ZELMORA_UTIL_SLEEPTHREAD_H
 
+#include "../toolkit/export.h"
+
 #include <QThread>
 
 /// A blocking pause: the constructor starts a thread that sleeps, the destructor waits for it, so
@@ -8,7 +10,7 @@
 ///     SleepThread {250};
 ///
 /// holds the caller for 250 milliseconds.
-class SleepThread : public QThread {
+class ZELMORA_EXPORT SleepThread : public QThread {
 public:
     explicit SleepThread(unsigned long msecs);
     /// Waits, without a limit, until the pause is over.

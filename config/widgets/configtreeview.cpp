@@ -3,8 +3,6 @@
 
 #include "config/zmconfiguration.h"
 
-#include "config/attributeorder.h"
-
 #include <QTreeWidget>
 
 namespace {
@@ -108,7 +106,7 @@ void Config::loadListView(QTreeWidgetItem* item, QDomNode parent)
         else
             loadListView(child, group);
     }
-    wholeTree().order->set(group, names);
+    setSettingNames(group, names);
 }
 
 } // namespace libconfig
