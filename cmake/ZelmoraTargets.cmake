@@ -21,13 +21,13 @@ target_compile_options(zelmora_sax INTERFACE -Wno-deprecated-declarations)
 # A bare "text" never turns into a QString unseen: Qt 5 would take its bytes as UTF-8.
 set(ZELMORA_DEFINITIONS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
 
-# The headers that most files include, compiled once for all that are compiled alike: a build takes half the time. A file
-# that misses an include is noticed only without them, as a release and the fuzzers are built.
-option(ZELMORA_PRECOMPILE "Compile the headers that most files include once for all" OFF)
-
 # Names are hidden from what is linked at run time, but for those that are declared with ZELMORA_EXPORT.
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+
+# The headers that most files include, compiled once for all that are compiled alike: a build takes half the time. A file
+# that misses an include is noticed only without them, as a release and the fuzzers are built.
+option(ZELMORA_PRECOMPILE "Compile the headers that most files include once for all" OFF)
 
 # zelmora_precompiled_headers(<name> HEADERS <header>... LINKS <target>... [DEFINITIONS <definition>...]): headers for
 # zelmora_precompile.

@@ -7,10 +7,11 @@ BUILD_PACKAGES=(g++ cmake ninja-build qtbase5-dev qttools5-dev-tools qttranslati
 # What makes the man pages; without it a build has all but those.
 MAN_PACKAGES=(pandoc)
 # To test as well: the definitions of the 8-bit locale that the tests build for themselves; a PostgreSQL server, its tools
-# and the toolkit's driver for it; xmllint, which tells what the schema of jobs accepts; what shows man pages; two shells beside bash; what a
-# desktop asks of its entries, and another hand that draws pictures.
+# and the toolkit's driver for it; xmllint, which tells what the schema of jobs accepts; pkg-config, for a program that is
+# built against what is installed; what shows man pages; two shells beside bash; what a desktop asks of its entries, and
+# another hand that draws pictures.
 TEST_PACKAGES=("${BUILD_PACKAGES[@]}" "${MAN_PACKAGES[@]}" locales postgresql postgresql-client libqt5sql5-psql
-    libxml2-utils man-db zsh fish desktop-file-utils appstream librsvg2-bin)
+    libxml2-utils pkgconf man-db zsh fish desktop-file-utils appstream librsvg2-bin)
 # To measure as well: what the print program is measured against, and time(1) for the memory.
 BENCH_PACKAGES=("${BUILD_PACKAGES[@]}" xsltproc python3 time)
 # To fuzz: the compiler that has libFuzzer, its sanitizers, and what finds names and lines for their reports.

@@ -48,7 +48,7 @@ static QByteArray includes(const QStringList& headers, const char* opening, cons
 
 void TestInstalledHeaders::initTestCase()
 {
-    workbench = std::make_unique<Workbench>();
+    workbench = std::make_unique<Workbench>(QStringList(ZELMORA_BUILD));
 }
 
 void TestInstalledHeaders::cleanupTestCase()

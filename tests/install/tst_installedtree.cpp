@@ -16,6 +16,7 @@ private slots:
     void initTestCase();
     void cleanupTestCase();
 
+    void componentsAreTheWhole();
     void noPathOfTheBuildShows();
     void printProgramAndCatalogue();
     void checkProgramAndSchema();
@@ -28,7 +29,6 @@ private slots:
     void everyProgramIsFound();
     void program_data();
     void program();
-    void messageBoxIsLinked();
 
     void suiteProgram();
     void suiteProgramWithoutServer();
@@ -129,9 +129,23 @@ QByteArray TestInstalledTree::ourSettings(const ProgramRun& run, const QByteArra
         .replace("localhost", cluster->host().toUtf8());
 }
 
+// A file of none would be in no package.
+void TestInstalledTree::componentsAreTheWhole()
+{
+    const QString place = workbench->path("components");
+    for (const char* component : {"print", "tools", "settings", "libraries", "development", "documentation"}) {
+        const Outcome outcome =
+            workbench->run("cmake", {"--install", ZELMORA_BUILD, "--prefix", place, "--component", component});
+        QVERIFY2(outcome.succeeded, outcome.said.constData());
+    }
+    for (const QString& file : workbench->installedFiles("*"))
+        QVERIFY2(QFile::exists(place + '/' + file), qPrintable(file));
+}
+
 void TestInstalledTree::noPathOfTheBuildShows()
 {
-    const QStringList files = workbench->installedFiles("*.cmake") + workbench->installedFiles("*.h");
+    const QStringList files =
+        workbench->installedFiles("*.cmake") + workbench->installedFiles("*.h") + workbench->installedFiles("*.pc");
     QVERIFY(files.size() > 8);
     for (const QString& file : files) {
         const QByteArray text = fileContents(workbench->installed(file));
@@ -299,13 +313,6 @@ void TestInstalledTree::program()
         QVERIFY2(records.endsWith('\n' + shown.mid(4)), records.constData());
     else
         QCOMPARE(records, shown);
-}
-
-void TestInstalledTree::messageBoxIsLinked()
-{
-    const QByteArray box = "zelmora_paper_message_box";
-    QVERIFY(workbench->run("nm", {workbench->built("With widgets", "till")}).said.contains(box));
-    QVERIFY(!workbench->run("nm", {workbench->built("HLibrary", "till")}).said.contains(box));
 }
 
 /// The suite program, built at first need from what is installed.

@@ -16,11 +16,16 @@ struct Outcome {
 /// A scratch folder with an installed tree, in which programs are built that know of that tree and of nothing else.
 /// The tree has been moved after the installation, and there are blanks in all its paths.
 ///
-/// Programs are compiled as this test is: same compiler, same flags, same type of build.
+/// Programs are compiled as this test is: same compiler, same flags, same type of build, same toolkit.
 class Workbench {
 public:
-    /// Installs the build. What fails is fatal to the test.
-    Workbench();
+    /// Installs the libraries of these builds, one after the other, and what other programs are built with; the
+    /// programs need not be there. Without any: all of this build. What fails is fatal to the test.
+    explicit Workbench(const QStringList& builds = {});
+
+    static QString sharedBuild(); ///< this build
+    static QString staticBuild(); ///< the one beside it that has static libraries
+    static QString qt5Build(); ///< the one beside it that is for Qt 5, where this one is for Qt 6
 
     QString installed(const QString& path = QString()) const; ///< a path in the installed tree
     QString path(const QString& name) const; ///< a path in the scratch folder
@@ -37,6 +42,10 @@ public:
     Outcome configure(const QString& project, const QStringList& options = {});
     Outcome configureAndBuild(const QString& project, const QStringList& options = {});
 
+    /// Builds the program "till" of the project's main.cpp with nothing but the compiler and what pkg-config says of
+    /// @p packages.
+    Outcome compile(const QString& project, const QString& packages);
+
     /// All files that the compiler has read for the project, which is built.
     QByteArray filesRead(const QString& project);
 
@@ -44,6 +53,8 @@ public:
     void setEnvironment(const char* name, const QString& value);
 
 private:
+    void install(const QString& build, const QStringList& options);
+
     QTemporaryDir folder;
     QProcessEnvironment environment;
 };
