@@ -29,6 +29,7 @@ void compile(int argc, char** argv)
     QCoreApplication::installTranslator(&translator);
 
     CompanyPrinterDriver driver(toolkit::filePath(argv[2]));
-    QFile job(toolkit::filePath(argv[1]));
+    QFile job;
+    toolkit::openAnyFile(job, toolkit::filePath(argv[1]), QIODevice::ReadOnly);
     toolkit::readXml(job, driver);
 }

@@ -17,12 +17,12 @@ namespace check {
 
 namespace {
 
-bool openFile(QFile& file, const QString& path)
+/// The reason why it cannot be opened; empty when it is.
+QString openFile(QFile& file, const QString& path)
 {
-    if (path == "-"_L1)
-        return file.open(STDIN_FILENO, QIODevice::ReadOnly);
-    file.setFileName(toolkit::filePath(QFile::encodeName(path)));
-    return file.open(QIODevice::ReadOnly);
+    if (path != "-"_L1)
+        return toolkit::openFile(file, toolkit::filePath(toolkit::fileName(path)), QIODevice::ReadOnly);
+    return file.open(STDIN_FILENO, QIODevice::ReadOnly) ? QString() : file.errorString();
 }
 
 /// The beginning of @p file, which stays to be read. A pipe gives it in pieces.
@@ -60,9 +60,10 @@ CheckedFile checkContents(QFile& file, const JobSettings& settings, JobTrace* tr
 CheckedFile checkFile(const QString& path, const JobSettings& settings, JobTrace* trace)
 {
     QFile file;
-    CheckedFile checked;
-    if (openFile(file, path))
-        checked = checkContents(file, settings, trace);
+    const QString reason = openFile(file, path);
+    if (!reason.isEmpty())
+        return {CheckedFile::Unreadable, {}, reason};
+    const CheckedFile checked = checkContents(file, settings, trace);
     if (file.error() != QFileDevice::NoError)
         return {CheckedFile::Unreadable, {}, file.errorString()};
     return checked;

@@ -54,7 +54,7 @@ ExitStatus showText(const QByteArray& text)
 
 QString pathOf(const QString& name)
 {
-    return toolkit::filePath(QFile::encodeName(name));
+    return toolkit::filePath(toolkit::fileName(name));
 }
 
 ExitStatus refuseFile(const QString& path, const QString& reason)
@@ -73,12 +73,15 @@ struct SettingsBytes {
 /// The user's own need not be there.
 SettingsBytes readSettings(const Call& call)
 {
-    QFile file(pathOf(call.settings));
-    if (call.ownSettings && !file.exists())
-        return {};
+    const QString path = pathOf(call.settings);
     SettingsBytes read;
-    read.isThere = file.open(QIODevice::ReadOnly);
-    read.reason = read.isThere ? toolkit::readRest(file, read.bytes) : file.errorString();
+    QFile file;
+    read.reason = toolkit::openFile(file, path, QIODevice::ReadOnly);
+    read.isThere = read.reason.isEmpty();
+    if (read.isThere)
+        read.reason = toolkit::readRest(file, read.bytes);
+    else if (call.ownSettings && toolkit::unusableName(path).isEmpty() && !file.exists())
+        read.reason.clear();
     return read;
 }
 
@@ -233,7 +236,7 @@ int runCheckProgram(int argc, char** argv)
 
     QStringList arguments = QCoreApplication::arguments();
     for (int i = 1; i < argc; ++i)
-        arguments += QFile::decodeName(argv[i]);
+        arguments += toolkit::fileText(argv[i]);
     Call call;
     const QString wrong = readCall(arguments, call);
     return wrong.isEmpty() ? perform(call) : refuseCall(wrong);

@@ -1,10 +1,10 @@
 #include "check/report.h"
 
 #include "toolkit/console.h"
+#include "toolkit/filenames.h"
 #include "toolkit/literals.h"
 #include "toolkit/localecodec.h"
 
-#include <QFile>
 #include <QJsonObject>
 
 using toolkit::operator""_L1;
@@ -70,7 +70,7 @@ Report::Report(const ReportOptions& options)
 
 void Report::add(const QString& file, const Findings& findings)
 {
-    const QByteArray encodedFile = QFile::encodeName(toolkit::inOneLine(file));
+    const QByteArray encodedFile = toolkit::fileName(toolkit::inOneLine(file));
     for (const Finding& finding : findings) {
         anyErrors = anyErrors || countsAsError(finding, options);
         if (!isShown(finding, options))

@@ -1,10 +1,10 @@
 #include "check/tracewriter.h"
 
 #include "toolkit/console.h"
+#include "toolkit/filenames.h"
 #include "toolkit/literals.h"
 #include "toolkit/localecodec.h"
 
-#include <QFile>
 #include <QJsonObject>
 #include <QObject>
 
@@ -53,7 +53,7 @@ void TraceWriter::write(const TracedElement& element, QLatin1String kind, const 
     }
     const QString place = QStringLiteral(":%1:%2: ").arg(element.place.line).arg(element.place.column);
     const QString made = kind == reasonKind ? QObject::tr("nothing: %1").arg(text) : text;
-    toolkit::write(QFile::encodeName(toolkit::inOneLine(file))
+    toolkit::write(toolkit::fileName(toolkit::inOneLine(file))
                    + toolkit::localeText(toolkit::inOneLine(place + nameOf(element) + ": "_L1 + made)) + '\n');
 }
 

@@ -9,10 +9,17 @@ if(ZELMORA_QT EQUAL 6)
     set(ZELMORA_SUFFIX -qt6)
     set(ZELMORA_INSTALL_ONCE EXCLUDE_FROM_ALL)
 endif()
+# The modules that a till has: a program without widgets and without SQL loads no other.
+set(ZELMORA_CORE_MODULES_5 "Core Xml")
+set(ZELMORA_CORE_MODULES_6 "Core Core5Compat Xml")
 
 # zelmora_find_qt(<module>...): the toolkit's modules as Qt${ZELMORA_QT}::<module>.
 macro(zelmora_find_qt)
     set(zelmora_least_qt_5 5.15)
     set(zelmora_least_qt_6 6.4)
     find_package(Qt${ZELMORA_QT} ${zelmora_least_qt_${ZELMORA_QT}} REQUIRED COMPONENTS ${ARGN})
+    # It tells each test the folder that it stands in, which none asks for: no header could be compiled once for all.
+    if(TARGET Qt6::Test)
+        set_target_properties(Qt6::Test PROPERTIES INTERFACE_COMPILE_DEFINITIONS QT_TESTLIB_LIB)
+    endif()
 endmacro()

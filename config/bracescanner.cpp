@@ -2,9 +2,9 @@
 
 #include "config/textblocks.h"
 #include "toolkit/textencoder.h"
+#include "toolkit/textsize.h"
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 
 namespace libconfig {
@@ -33,10 +33,11 @@ std::string_view withoutBlanks(std::string_view bytes)
     return bytes;
 }
 
-/// As many of @p bytes as a text holds.
+/// The size of a text that these bytes may become.
 int textSize(std::string_view bytes)
 {
-    return static_cast<int>(std::min<std::size_t>(bytes.size(), std::numeric_limits<int>::max()));
+    toolkit::takeTextOfSize(static_cast<qint64>(bytes.size()));
+    return static_cast<int>(bytes.size());
 }
 
 QLatin1String latin1(std::string_view bytes)

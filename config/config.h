@@ -75,7 +75,8 @@ public:
     /// fails, what it held is written back; a crash in the middle can lose it.
     ///
     /// The name of the file is written in the toolkit's encoding for file names, also where the reader found a file by
-    /// the 8-bit form of its name alone.
+    /// the 8-bit form of its name alone. With Qt 6 that is UTF-8: under a name that came from other bytes, which has
+    /// U+FFFD in it, nothing is read, and nothing is written.
     ///
     /// Names and values go out as they are, without escaping: in the brace format a value with '"' or ';' reads back
     /// changed, and a setting whose name holds ':', which an XML file may bring, does not read back at all. A

@@ -7,6 +7,7 @@
 #include "config/bracescanner.h"
 #include "config/settingsgroup.h"
 #include "toolkit/console.h"
+#include "toolkit/filenames.h"
 #include "toolkit/literals.h"
 #include "toolkit/localecodec.h"
 #include "toolkit/xmlreader.h"
@@ -27,15 +28,17 @@ bool Config::openFile()
 bool Config::openFile(const QString& name)
 {
     // The 8-bit form of the path first; where the file system spells the path otherwise, that second.
-    const QByteArray eightBit = name.toLatin1();
-    const QByteArray native = QFile::encodeName(name);
+    const QByteArray native = toolkit::fileName(name);
+    const bool isText = toolkit::unusableName(name).isEmpty();
+    const QByteArray eightBit = isText ? name.toLatin1() : native;
     std::FILE* file = std::fopen(eightBit.constData(), "rb");
     if (!file && native != eightBit)
         file = std::fopen(native.constData(), "rb");
     stream.reset(file ? new BraceScanner(file) : nullptr);
     if (stream)
         return true;
-    toolkit::writeLine("Error in the method FileReader::open( " + toolkit::localeText(name) + " ): File Not Found");
+    const QByteArray shown = isText || native.isEmpty() ? toolkit::localeText(name) : native;
+    toolkit::writeLine("Error in the method FileReader::open( " + shown + " ): File Not Found");
     return false;
 }
 
@@ -147,7 +150,8 @@ private:
 
 void Config::loadXmlFile()
 {
-    QFile file(fileName);
+    QFile file;
+    toolkit::openFile(file, fileName, QIODevice::ReadOnly);
     readXml(file);
 }
 

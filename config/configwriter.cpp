@@ -156,7 +156,7 @@ void Config::writeSettings(const QDomElement& group, QTextStream& out, const QSt
 {
     for (const QString& name : settingNames(group)) {
         if (goesOn(out))
-            out << before << name << " = \"" << group.attribute(name) << after;
+            out << before << name << " = \"" << toolkit::withoutHalves(group.attribute(name)) << after;
     }
 }
 

@@ -1,14 +1,13 @@
 #include "config/zmconfiguration.h"
 
 #include "toolkit/eightbit.h"
-
-#include <QDir>
+#include "toolkit/filenames.h"
 
 template class SyncSingleton<ZMConfiguration>;
 
 QString ZMConfiguration::path()
 {
-    return QDir::homePath() + QStringLiteral("/.zelmora/conf/zelmora.conf");
+    return toolkit::homePath() + QStringLiteral("/.zelmora/conf/zelmora.conf");
 }
 
 ZMConfiguration::ZMConfiguration()

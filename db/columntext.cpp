@@ -10,9 +10,12 @@ using toolkit::operator""_L1;
 
 namespace {
 
-/// Of its parts: as a whole, the toolkit has no text for an hour that the clocks leave out in spring.
+/// Of its parts: as a whole, the toolkit has no text for an hour that the clocks leave out in spring. Empty for what is
+/// no point in time, such as "infinity".
 QString pointInTimeText(const QDateTime& point)
 {
+    if (!point.date().isValid())
+        return QString();
     return point.date().toString(Qt::ISODate) + "T"_L1 + point.time().toString(Qt::ISODate);
 }
 

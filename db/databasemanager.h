@@ -55,7 +55,8 @@ public:
     // Connections
 
     /// Opens a connection with the toolkit's driver @p driver, "QPSQL7" for PostgreSQL, and registers it under
-    /// @p connectionName, or as the default connection when that is empty. One that had the name before is closed.
+    /// @p connectionName, or as the default connection when that is empty. One that had the name before is closed. (Qt
+    /// 6 has that driver as "QPSQL" alone: that is opened, and is the connection's driverName().)
     ///
     /// Null when there is no such driver or the database cannot be opened; what was registered stays so, closed.
     /// **Look at the result: to every other operation null is the default connection.** PostgreSQL's client waits for a

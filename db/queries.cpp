@@ -1,6 +1,7 @@
 #include "db/databasemanager.h"
 
 #include "db/columntext.h"
+#include "toolkit/sql/columnvalue.h"
 
 #include <QSqlQuery>
 #include <QVariant>
@@ -31,7 +32,7 @@ int DatabaseManager::executeQuery(const QString& sql, QSqlDatabase* db)
 QString DatabaseManager::executeSelectQuery(const QString& sql, QSqlDatabase* db)
 {
     QSqlQuery query = selectQuery(sql, db);
-    return query.next() ? columnText(query.value(0)) : QString();
+    return query.next() ? columnText(toolkit::columnValue(query, 0)) : QString();
 }
 
 QStringList DatabaseManager::executeSelectQuery2(const QString& sql, QSqlDatabase* db)
@@ -39,7 +40,7 @@ QStringList DatabaseManager::executeSelectQuery2(const QString& sql, QSqlDatabas
     QSqlQuery query = selectQuery(sql, db);
     QStringList values;
     while (query.next())
-        values += columnText(query.value(0));
+        values += columnText(toolkit::columnValue(query, 0));
     return values;
 }
 
@@ -49,7 +50,7 @@ QStringList DatabaseManager::executeSelectQuery3(const QString& sql, int columns
     QStringList values;
     if (query.next()) {
         for (int i = 0; i < columns; ++i)
-            values += columnText(query.value(i));
+            values += columnText(toolkit::columnValue(query, i));
     }
     return values;
 }

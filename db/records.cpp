@@ -2,6 +2,7 @@
 
 #include "db/columntext.h"
 #include "toolkit/literals.h"
+#include "toolkit/sql/columnvalue.h"
 
 #include <QSqlQuery>
 #include <QVariant>
@@ -12,7 +13,7 @@ QString DatabaseManager::getField(const QString& field, const QString& table, co
 {
     QSqlQuery query = shownQuery(QStringLiteral("DatabaseManager::getField(...)"),
                                  "select "_L1 + field + " from "_L1 + table + " where id = "_L1 + id, db);
-    return query.next() ? columnText(query.value(0)) : QString();
+    return query.next() ? columnText(toolkit::columnValue(query, 0)) : QString();
 }
 
 int DatabaseManager::removeRecord(const QString& table, const QString& id, QSqlDatabase* db)
@@ -40,7 +41,7 @@ QString DatabaseManager::getLastId(const QString& table, QSqlDatabase* db)
 {
     QSqlQuery query = shownQuery(QStringLiteral("getLastId"), "select max(ID) from "_L1 + table, db);
     if (query.next())
-        return columnText(query.value(0));
+        return columnText(toolkit::columnValue(query, 0));
     logError("getLastId( "_L1 + table + " ): "_L1 + query.lastQuery() + " return empty result"_L1);
     return QStringLiteral("Error");
 }

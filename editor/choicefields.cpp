@@ -113,7 +113,7 @@ void NumberBox::setAbsence(const QString& text, int value)
 void NumberBox::stepBy(int steps)
 {
     const qint64 wanted = qint64(isAbsent() ? absentValue : value()) + steps; // may be beyond an int
-    setValue(static_cast<int>(qBound<qint64>(minimum() + 1, wanted, maximum())));
+    setValue(static_cast<int>(qBound(qint64 {minimum()} + 1, wanted, qint64 {maximum()})));
     selectAll();
 }
 

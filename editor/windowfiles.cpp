@@ -52,7 +52,9 @@ const settings::Note* firstToTell(const QVector<settings::Note>& notes)
 {
     const auto isRemedied = [](const settings::Note& note) { return note.remedy.has_value(); };
     const auto found = std::find_if(notes.begin(), notes.end(), isRemedied);
-    return found != notes.end() ? found : notes.begin() != notes.end() ? notes.begin() : nullptr;
+    if (notes.isEmpty())
+        return nullptr;
+    return found != notes.end() ? &*found : &notes.first();
 }
 
 } // namespace

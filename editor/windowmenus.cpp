@@ -52,7 +52,9 @@ void SettingsWindow::addMenus()
 QAction* SettingsWindow::addTo(QMenu& menu, const QString& text, const QKeySequence& key,
                                void (SettingsWindow::*command)())
 {
-    return menu.addAction(text, this, command, key);
+    QAction* const action = menu.addAction(text, this, command);
+    action->setShortcut(key);
+    return action;
 }
 
 void SettingsWindow::addFileMenu()
@@ -104,9 +106,8 @@ void SettingsWindow::addPageMenu()
 {
     QMenu* const menu = menuBar()->addMenu(QObject::tr("&View"));
     for (int page = 0; page < pages->count(); ++page)
-        menu->addAction(
-            pages->tabText(page), this, [this, page] { pages->setCurrentIndex(page); },
-            QKeySequence(QStringLiteral("Ctrl+%1").arg(page + 1)));
+        menu->addAction(pages->tabText(page), this, [this, page] { pages->setCurrentIndex(page); })
+            ->setShortcut(QStringLiteral("Ctrl+%1").arg(page + 1));
     menu->addSeparator();
     menu->addAction(panes->paperAction());
 }

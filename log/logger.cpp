@@ -2,6 +2,7 @@
 
 #include "config/zmconfiguration.h"
 #include "toolkit/console.h"
+#include "toolkit/filenames.h"
 #include "toolkit/literals.h"
 #include "toolkit/localecodec.h"
 #include "toolkit/textencoder.h"
@@ -67,7 +68,7 @@ Logger::Logger(const QString&)
     setLevel(settings->getStrValue(QStringLiteral("zelmora.logger.level")));
     fileName = settings->getStrValue(QStringLiteral("zelmora.logger.basedir")) + "/"_L1
         + settings->getStrValue(QStringLiteral("zelmora.logger.filename"));
-    file = std::make_unique<QFile>(fileName);
+    file = std::make_unique<QFile>();
     encoder = std::make_unique<TextEncoder>(TextEncoder::Encoding::Utf8);
     setType(settings->getStrValue(QStringLiteral("zelmora.logger.type")));
     write(DEBUG, QStringLiteral("Start Logger"));
@@ -94,7 +95,7 @@ void Logger::setType(const QString& word)
     if (mode == QIODevice::NotOpen)
         return;
     // Without the toolkit's buffer, which would keep what a full disk refused, and grow.
-    if (file->isOpen() || !file->open(mode | QIODevice::Unbuffered))
+    if (file->isOpen() || !toolkit::openFile(*file, fileName, mode | QIODevice::Unbuffered).isEmpty())
         toolkit::writeLine(toolkit::localeText("Error in the method Logger::setType("_L1 + word + ")"_L1));
 }
 

@@ -5,7 +5,6 @@
 #include "toolkit/literals.h"
 
 #include <QCommandLineParser>
-#include <QFile>
 #include <QTextCodec>
 
 #include <algorithm>
@@ -133,7 +132,7 @@ QString wrongFiles(const QStringList& files, const TaskRules& rules)
 /// The path of the file that the caller means.
 QString pathOf(const QString& name)
 {
-    return toolkit::filePath(QFile::encodeName(name));
+    return toolkit::filePath(toolkit::fileName(name));
 }
 
 void readNames(const QCommandLineParser& parser, Call& call)

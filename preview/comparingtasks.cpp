@@ -9,6 +9,7 @@
 #include "preview/scriptpair.h"
 #include "preview/settingsbytes.h"
 #include "preview/tasks.h"
+#include "toolkit/filenames.h"
 #include "toolkit/literals.h"
 
 #include <QFileInfo>
@@ -111,7 +112,7 @@ bool isFolder(const QString& name)
 
 bool isReadable(const QString& name)
 {
-    return name == "-"_L1 || QFileInfo(name).isReadable();
+    return name == "-"_L1 || (toolkit::unusableName(name).isEmpty() && QFileInfo(name).isReadable());
 }
 
 QVector<Names> namesIn(const QString& left, const QString& right)

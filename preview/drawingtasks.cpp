@@ -10,8 +10,8 @@
 #include "preview/samples.h"
 #include "preview/tasks.h"
 #include "toolkit/console.h"
+#include "toolkit/filenames.h"
 
-#include <QFile>
 #include <QObject>
 
 #include <algorithm>
@@ -71,7 +71,7 @@ ExitStatus refuseFailures(const Papers& papers)
 ExitStatus reportFindings(const NamedPaper& named)
 {
     const QString file = named.paper.isOfJob ? QObject::tr("%1 (script)").arg(named.file) : named.file;
-    const QByteArray encodedFile = QFile::encodeName(toolkit::inOneLine(file));
+    const QByteArray encodedFile = toolkit::fileName(toolkit::inOneLine(file));
     ExitStatus status = Done;
     for (const check::Finding& finding : named.paper.findings) {
         std::fputs(check::gccLine(encodedFile, finding).constData(), stderr);

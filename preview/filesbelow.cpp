@@ -1,5 +1,7 @@
 #include "preview/filesbelow.h"
 
+#include "toolkit/filenames.h"
+
 #include <QDir>
 #include <QDirIterator>
 
@@ -30,6 +32,11 @@ QStringList filesBelow(const QString& folder)
         found.next();
         if (isListed(found.fileInfo()))
             files += base.relativeFilePath(found.fileInfo().absoluteFilePath());
+    }
+    for (const QByteArray& name : namesBelow(toolkit::fileName(folder))) {
+        const QString path = toolkit::fileText(name);
+        if (!toolkit::unusableName(path).isEmpty()) // the toolkit leaves it out; nobody should miss it unawares
+            files += path.mid(folder.size() + (folder.endsWith(QLatin1Char('/')) ? 0 : 1));
     }
     files.sort();
     return files;

@@ -12,7 +12,6 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QTranslator>
 
@@ -113,7 +112,7 @@ int runPaperProgram(int argc, char** argv)
 
     QStringList arguments = QCoreApplication::arguments();
     for (int i = 1; i < argc; ++i)
-        arguments += QFile::decodeName(argv[i]);
+        arguments += toolkit::fileText(argv[i]);
     Call call;
     const QString wrong = readCall(arguments, call);
     if (!wrong.isEmpty())

@@ -2,6 +2,7 @@
 
 #include "check/scriptcheck.h"
 #include "preview/jobprinter.h"
+#include "toolkit/filenames.h"
 #include "toolkit/filereading.h"
 #include "toolkit/literals.h"
 
@@ -16,12 +17,12 @@ namespace preview {
 
 namespace {
 
-bool open(QFile& file, const QString& name)
+/// The reason why it cannot be opened; empty when it is.
+QString open(QFile& file, const QString& name)
 {
-    if (name == "-"_L1)
-        return file.open(STDIN_FILENO, QIODevice::ReadOnly);
-    file.setFileName(name);
-    return file.open(QIODevice::ReadOnly);
+    if (name != "-"_L1)
+        return toolkit::openFile(file, name, QIODevice::ReadOnly);
+    return file.open(STDIN_FILENO, QIODevice::ReadOnly) ? QString() : file.errorString();
 }
 
 QString unreadable(const QString& name, const QString& reason)
@@ -35,7 +36,9 @@ Source readSource(const QString& name)
 {
     Source source;
     QFile file;
-    const QString reason = open(file, name) ? toolkit::readRest(file, source.bytes) : file.errorString();
+    QString reason = open(file, name);
+    if (reason.isEmpty())
+        reason = toolkit::readRest(file, source.bytes);
     if (!reason.isEmpty())
         source.failure = unreadable(name, reason);
     else if (source.bytes.isEmpty())

@@ -2,6 +2,7 @@
 
 #include "preview/printhome.h"
 #include "preview/scratchfolders.h"
+#include "toolkit/childprocess.h"
 
 #include <QFile>
 
@@ -11,37 +12,23 @@
 
 namespace preview {
 
-class PrintRun::Process : public QProcess {
-public:
-    Process(const MemoryFile& input, const MemoryFile& output)
-        : input(input)
-        , output(output)
-    {
-    }
-
-protected:
-    /// Between fork and exec: system calls only.
-    void setupChildProcess() override
-    {
-        prctl(PR_SET_PDEATHSIG, SIGKILL); // whatever this process ends of, that one does not go on alone
-        pthread_sigmask(SIG_SETMASK, &formerSignalMask(), nullptr);
-        rlimit limit;
-        getrlimit(RLIMIT_FSIZE, &limit);
-        limit.rlim_cur = std::min<rlim_t>(limit.rlim_cur, longestScript);
-        setrlimit(RLIMIT_FSIZE, &limit);
-        input.handOver();
-        output.handOver();
-    }
-
-private:
-    const MemoryFile& input;
-    const MemoryFile& output;
-};
+/// What the print program starts with. Between fork and exec: system calls only.
+void PrintRun::prepareProcess() const
+{
+    prctl(PR_SET_PDEATHSIG, SIGKILL); // whatever this process ends of, that one does not go on alone
+    pthread_sigmask(SIG_SETMASK, &formerSignalMask(), nullptr);
+    rlimit limit;
+    getrlimit(RLIMIT_FSIZE, &limit);
+    limit.rlim_cur = std::min<rlim_t>(limit.rlim_cur, longestScript);
+    setrlimit(RLIMIT_FSIZE, &limit);
+    input.handOver();
+    output.handOver();
+}
 
 PrintRun::PrintRun(const QString& program, std::shared_ptr<const PrintHome> home, QObject* parent)
     : QObject(parent)
     , home(std::move(home))
-    , process(std::make_unique<Process>(input, output))
+    , process(std::make_unique<toolkit::ChildProcess>([this] { prepareProcess(); }))
 {
     process->setProgram(program);
     process->setArguments({input.path(), output.path()});

@@ -43,8 +43,7 @@ signals:
     void finished();
 
 private:
-    class Process;
-
+    void prepareProcess() const;
     void begin(const QByteArray& job);
     void giveUp();
     void end(const QString& failure);
@@ -54,7 +53,7 @@ private:
     const std::shared_ptr<const PrintHome> home;
     MemoryFile input;
     MemoryFile output;
-    const std::unique_ptr<Process> process;
+    const std::unique_ptr<QProcess> process;
     QTimer deadline;
     QString itsFailure;
     bool isOver = false;

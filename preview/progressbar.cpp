@@ -30,7 +30,7 @@ ProgressBar::ProgressBar(int total)
 ProgressBar::~ProgressBar()
 {
     if (shown >= 0)
-        std::fprintf(stderr, "\r%*s\r", bar(total, total).size(), "");
+        std::fprintf(stderr, "\r%*s\r", static_cast<int>(bar(total, total).size()), "");
 }
 
 void ProgressBar::show(int done)

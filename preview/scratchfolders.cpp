@@ -1,9 +1,11 @@
 #include "preview/scratchfolders.h"
 
+#include "toolkit/filenames.h"
+
 #include <QDir>
-#include <QFile>
 #include <QSet>
 
+#include <cerrno>
 #include <initializer_list>
 #include <mutex>
 #include <pthread.h>
@@ -44,12 +46,12 @@ sigset_t endingSignals()
 }
 
 /// A name for a folder that is not there yet, in the place for temporary files, which may not be there itself: the
-/// toolkit would take another one then.
+/// toolkit would take another one then. Empty where the toolkit cannot have a folder there.
 QByteArray newName()
 {
-    const QString place =
-        qEnvironmentVariableIsEmpty("TMPDIR") ? QStringLiteral("/tmp") : qEnvironmentVariable("TMPDIR");
-    return QFile::encodeName(QDir(place).absoluteFilePath(QStringLiteral("zelmora-XXXXXX")));
+    const QByteArray place = qEnvironmentVariableIsEmpty("TMPDIR") ? "/tmp" : qgetenv("TMPDIR");
+    const QString path = QDir(toolkit::fileText(place)).absoluteFilePath(QStringLiteral("zelmora-XXXXXX"));
+    return toolkit::unusableName(path).isEmpty() ? toolkit::fileName(path) : QByteArray();
 }
 
 void removeAll(const QString& path)
@@ -105,9 +107,11 @@ QString makeScratchFolder()
     takeEndingSignals();
     const std::lock_guard<std::mutex> lock(folders().mutex);
     QByteArray name = newName();
-    if (!mkdtemp(name.data()))
+    if (name.isEmpty())
+        errno = EILSEQ;
+    if (name.isEmpty() || !mkdtemp(name.data()))
         return QString();
-    const QString path = QFile::decodeName(name);
+    const QString path = toolkit::fileText(name);
     folders().paths.insert(path);
     return path;
 }

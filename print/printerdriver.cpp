@@ -4,6 +4,7 @@
 
 #include "config/zmconfiguration.h"
 #include "toolkit/console.h"
+#include "toolkit/filenames.h"
 #include "toolkit/literals.h"
 #include "toolkit/textwriter.h"
 
@@ -48,10 +49,10 @@ const PrinterDriver::PrintMethod* PrinterDriver::findMethod(const QString& name)
 
 PrinterDriver::PrinterDriver(const QString& path, bool append)
     : config(SyncSingleton<ZMConfiguration>::instance())
-    , file(std::make_unique<QFile>(path))
+    , file(std::make_unique<QFile>())
 {
     const QIODevice::OpenMode mode = append ? QIODevice::WriteOnly | QIODevice::Append : QIODevice::WriteOnly;
-    if (!file->open(mode)) {
+    if (!toolkit::openAnyFile(*file, path, mode)) {
         toolkit::writeLine("PrintManager::printAbstractOrder(...): Unable To Open File");
         return;
     }

@@ -12,6 +12,10 @@ MAN_PACKAGES=(pandoc)
 # another hand that draws pictures.
 TEST_PACKAGES=("${BUILD_PACKAGES[@]}" "${MAN_PACKAGES[@]}" locales postgresql postgresql-client libqt5sql5-psql
     libxml2-utils pkgconf man-db zsh fish desktop-file-utils appstream librsvg2-bin)
+# To build with Qt 6 besides: the toolkit, its module for what comes from Qt 5, its translation compiler, its own texts.
+QT6_BUILD_PACKAGES=(qt6-base-dev qt6-5compat-dev qt6-l10n-tools qt6-translations-l10n)
+# To test that as well: its driver for PostgreSQL.
+QT6_TEST_PACKAGES=("${QT6_BUILD_PACKAGES[@]}" libqt6sql6-psql)
 # To measure as well: what the print program is measured against, and time(1) for the memory.
 BENCH_PACKAGES=("${BUILD_PACKAGES[@]}" xsltproc python3 time)
 # To fuzz: the compiler that has libFuzzer, its sanitizers, and what finds names and lines for their reports.

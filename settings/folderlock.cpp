@@ -1,7 +1,8 @@
 #include "settings/folderlock.h"
 
+#include "toolkit/filenames.h"
+
 #include <QElapsedTimer>
-#include <QFile>
 #include <QFileInfo>
 #include <QThread>
 
@@ -20,7 +21,7 @@ QByteArray folderOf(const QString& path)
     QFileInfo file(path);
     for (int links = 0; links < 40 && file.isSymLink(); ++links)
         file.setFile(file.symLinkTarget());
-    return QFile::encodeName(file.absolutePath());
+    return toolkit::fileName(file.absolutePath());
 }
 
 bool isTakenByAnother(int folder)

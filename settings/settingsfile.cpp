@@ -5,6 +5,7 @@
 #include "config/settingsscan.h"
 #include "settings/backup.h"
 #include "settings/likeness.h"
+#include "toolkit/filenames.h"
 #include "toolkit/filereading.h"
 #include "toolkit/filereplacement.h"
 #include "toolkit/literals.h"
@@ -36,7 +37,7 @@ const int longestKey = 1000;
 bool isNoFile(const QString& path)
 {
     const QFileInfo found(path);
-    return found.exists() && !found.isFile();
+    return toolkit::unusableName(path).isEmpty() && found.exists() && !found.isFile();
 }
 
 QString noFileReason()
@@ -47,8 +48,8 @@ QString noFileReason()
 /// Nothing when there is no such file: an empty one is another matter.
 std::optional<QByteArray> contentsOf(const QString& path)
 {
-    QFile file(path);
-    if (isNoFile(path) || !file.open(QIODevice::ReadOnly))
+    QFile file;
+    if (isNoFile(path) || !toolkit::openFile(file, path, QIODevice::ReadOnly).isEmpty())
         return std::nullopt;
     return file.readAll();
 }
@@ -116,8 +117,9 @@ QString SettingsFile::read(const QString& path, QByteArray& bytes)
 {
     if (isNoFile(path))
         return noFileReason();
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? toolkit::readRest(file, bytes) : file.errorString();
+    QFile file;
+    const QString reason = toolkit::openFile(file, path, QIODevice::ReadOnly);
+    return reason.isEmpty() ? toolkit::readRest(file, bytes) : reason;
 }
 
 QString SettingsFile::load(const QString& path)
@@ -287,7 +289,8 @@ void SettingsFile::beginAt(const QString& path)
 bool SettingsFile::isMissing(const QString& path)
 {
     struct stat found;
-    return stat(QFile::encodeName(path).constData(), &found) != 0 && (errno == ENOENT || errno == ENOTDIR);
+    return toolkit::unusableName(path).isEmpty() && stat(toolkit::fileName(path).constData(), &found) != 0
+        && (errno == ENOENT || errno == ENOTDIR);
 }
 
 QString SettingsFile::format() const
@@ -325,11 +328,13 @@ QString SettingsFile::valueIn(const Trial& trial, const QString& path, const QSt
 QString SettingsFile::makeFolderOf(const QString& path)
 {
     const QString folder = QFileInfo(path).path();
+    QString reason = toolkit::unusableName(folder);
     std::error_code error;
-    std::filesystem::create_directories(QFile::encodeName(folder).constData(), error);
-    if (!error)
-        return QString();
-    return QObject::tr("The folder %1 cannot be made: %2").arg(folder, qt_error_string(error.value()));
+    if (reason.isEmpty())
+        std::filesystem::create_directories(toolkit::fileName(folder).constData(), error);
+    if (error)
+        reason = qt_error_string(error.value());
+    return reason.isEmpty() ? QString() : QObject::tr("The folder %1 cannot be made: %2").arg(folder, reason);
 }
 
 QString SettingsFile::create(const QString& path, const Trial& trial, const QString& like)

@@ -3,10 +3,10 @@
 #include "check/jsonarray.h"
 #include "toolkit/console.h"
 #include "toolkit/eightbit.h"
+#include "toolkit/filenames.h"
 #include "toolkit/literals.h"
 #include "toolkit/localecodec.h"
 
-#include <QFile>
 #include <QJsonObject>
 #include <QObject>
 
@@ -77,7 +77,7 @@ Line lineOf(const ListedSetting& listed, const ListForm& form)
     Line line;
     line.key = listed.key;
     line.value = toolkit::inOneLine(shownValue(listed, listed.value, form));
-    line.source = QFile::encodeName(toolkit::inOneLine(form.file)) + ':' + QByteArray::number(listed.place.line);
+    line.source = toolkit::fileName(toolkit::inOneLine(form.file)) + ':' + QByteArray::number(listed.place.line);
     if (listed.value != listed.written)
         line.remark = QObject::tr("(the file says \"%1\")").arg(toolkit::inOneLine(listed.written));
     return line;

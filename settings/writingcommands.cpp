@@ -100,6 +100,11 @@ Status finish(FileChange& change, const Call& call)
     return reason.isEmpty() ? Done : complain(Failed, reason);
 }
 
+bool isThere(const QString& path)
+{
+    return toolkit::unusableName(path).isEmpty() && QFileInfo::exists(path);
+}
+
 QString alreadyThere(const QString& path)
 {
     return QObject::tr("There is a file %1 already, and it stays as it is.").arg(path);
@@ -166,7 +171,7 @@ Status unsetValue(const Call& call)
 Status makeFile(const Call& call)
 {
     const QString path = pathOf(call);
-    if (QFileInfo::exists(path))
+    if (isThere(path))
         return complain(Refused, alreadyThere(path));
     const QString reason = SettingsFile::makeFolderOf(path);
     if (!reason.isEmpty())
@@ -202,7 +207,7 @@ Status convertFile(const Call& call)
         return complain(Refused,
                         QObject::tr("The file %1 could not hold this, and is not made:").arg(to) + "\n  "_L1
                             + unheld.join("\n  "_L1));
-    return QFileInfo::exists(to) ? complain(Refused, alreadyThere(to)) : create(to, trial, from);
+    return isThere(to) ? complain(Refused, alreadyThere(to)) : create(to, trial, from);
 }
 
 } // namespace settings

@@ -3,10 +3,11 @@
 
 #include "toolkit/filereplacement.h"
 
+#include "toolkit/filenames.h"
 #include "toolkit/literals.h"
 #include "toolkit/writesignals.h"
 
-#include <QFile>
+#include <QByteArray>
 #include <QRandomGenerator>
 
 #include <cerrno>
@@ -33,6 +34,15 @@ int outcome(bool succeeded)
 QString reason(int error)
 {
     return error == 0 ? QString() : qt_error_string(error);
+}
+
+/// Null where @p names, one or several in a row, can be those of files.
+QString unusableReason(const QString& names)
+{
+    const QString unusable = unusableName(names);
+    if (!unusable.isEmpty())
+        return unusable;
+    return names.contains(QChar::Null) ? reason(EINVAL) : QString();
 }
 
 int openFile(const QByteArray& name, int flags, mode_t mode = 0)
@@ -282,9 +292,10 @@ QString replaceExistingFile(const QByteArray& name, const QByteArray& bytes)
 QString replaceFile(const QString& name, const QByteArray& bytes)
 {
     const WriteSignalsBlocked writeSignalsBlocked;
-    const QByteArray file = QFile::encodeName(name);
-    if (file.contains('\0'))
-        return reason(EINVAL);
+    const QByteArray file = fileName(name);
+    const QString unusable = unusableReason(name);
+    if (!unusable.isNull())
+        return unusable;
     struct stat found;
     const int error = outcome(stat(file.constData(), &found) == 0);
     if (error == ENOENT && !file.isEmpty())
@@ -297,26 +308,28 @@ QString replaceFile(const QString& name, const QByteArray& bytes)
 QString replaceFileBeside(const QString& name, const QString& suffix, const QByteArray& bytes)
 {
     const WriteSignalsBlocked writeSignalsBlocked;
-    if (QFile::encodeName(name + suffix).contains('\0'))
-        return reason(EINVAL);
-    const QByteArray original = withoutLinks(QFile::encodeName(name));
+    const QString unusable = unusableReason(name + suffix);
+    if (!unusable.isNull())
+        return unusable;
+    const QByteArray original = withoutLinks(fileName(name));
     struct stat found;
     const int error = outcome(stat(original.constData(), &found) == 0);
     if (original.isEmpty() || (error != 0 && error != ENOENT))
         return reason(error);
     return reason(
-        putNewFileInPlace(original + QFile::encodeName(suffix), bytes, forTheUserAlone, error == 0 ? &found : nullptr));
+        putNewFileInPlace(original + fileName(suffix), bytes, forTheUserAlone, error == 0 ? &found : nullptr));
 }
 
 QString createFile(const QString& name, const QByteArray& bytes, const QString& like)
 {
     const WriteSignalsBlocked writeSignalsBlocked;
-    const QByteArray file = withoutLinks(QFile::encodeName(name));
-    if (file.contains('\0'))
-        return reason(EINVAL);
+    const QString unusable = unusableReason(name + like);
+    if (!unusable.isNull())
+        return unusable;
+    const QByteArray file = withoutLinks(fileName(name));
     struct stat old;
     const bool hasModel = !like.isEmpty();
-    if (hasModel && stat(QFile::encodeName(like).constData(), &old) != 0)
+    if (hasModel && stat(fileName(like).constData(), &old) != 0)
         return reason(errno);
     return reason(putNewFileInPlace(file, bytes, forTheUserAlone, hasModel ? &old : nullptr, renameToFree));
 }

@@ -7,8 +7,8 @@ class QString;
 namespace toolkit {
 
 /// Makes @p bytes the contents of the file @p name, synced to the disk. Null when that succeeded, else the reason,
-/// which begins with the system's text for the error ("No space left on device"). It waits for the disk, and for the
-/// reader of a pipe. No signal comes of it.
+/// which begins with the system's text for the error ("No space left on device"), or is that of unusableName(). It
+/// waits for the disk, and for the reader of a pipe. No signal comes of it.
 ///
 /// - A **new file** appears under its name when it is complete, with the permissions that the umask leaves. Its folder
 ///   must exist.

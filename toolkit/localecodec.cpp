@@ -49,9 +49,15 @@ bool isLocaleAscii()
     return isIt;
 }
 
+bool isUtf8Codec(const QTextCodec& codec)
+{
+    const int itsNumber = 106;
+    return codec.mibEnum() == itsNumber;
+}
+
 QByteArray localeText(const QString& text)
 {
-    return localeCodec()->fromUnicode(text);
+    return isUtf8Codec(*localeCodec()) ? text.toUtf8() : localeCodec()->fromUnicode(text);
 }
 
 } // namespace toolkit

@@ -17,6 +17,9 @@ QTextCodec* localeCodec();
 /// C. What a terminal there shows of other characters is anybody's guess. Read once, too.
 bool isLocaleAscii();
 
+/// Whether @p codec is that of UTF-8.
+bool isUtf8Codec(const QTextCodec& codec);
+
 /// @p text in the locale's encoding; what the codec lacks becomes '?'.
 QByteArray localeText(const QString& text);
 

@@ -34,7 +34,7 @@ double toNumber(const QString& text)
 std::optional<int> wholeNumber(const QString& text)
 {
     bool converted = false;
-    const int value = text.toInt(&converted);
+    const int value = text.trimmed().toInt(&converted); // Qt 6 itself knows fewer blanks
     return converted && isWrittenInAscii(text) ? std::optional<int>(value) : std::nullopt;
 }
 

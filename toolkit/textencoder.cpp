@@ -9,15 +9,16 @@ namespace toolkit {
 
 namespace {
 
-QTextCodec* codecOf(TextEncoder::Encoding encoding)
+QTextEncoder* makeEncoder(TextEncoder::Encoding encoding)
 {
-    return encoding == TextEncoder::Encoding::Locale ? localeCodec() : QTextCodec::codecForName("UTF-8");
+    const bool isUtf8 = encoding == TextEncoder::Encoding::Utf8 || isUtf8Codec(*localeCodec());
+    return isUtf8 ? nullptr : localeCodec()->makeEncoder(QTextCodec::IgnoreHeader);
 }
 
 } // namespace
 
 TextEncoder::TextEncoder(Encoding encoding)
-    : encoder(codecOf(encoding)->makeEncoder(QTextCodec::IgnoreHeader))
+    : encoder(makeEncoder(encoding))
 {
 }
 
@@ -25,7 +26,27 @@ TextEncoder::~TextEncoder() = default;
 
 QByteArray TextEncoder::encoded(const QString& text)
 {
-    return encoder->fromUnicode(text);
+    if (encoder)
+        return encoder->fromUnicode(text);
+    // Not by the codec, which in Qt 6 makes U+FFFD of half a pair.
+    QString whole = half + text;
+    half = whole.right(!whole.isEmpty() && whole.at(whole.size() - 1).isHighSurrogate() ? 1 : 0);
+    whole.chop(half.size());
+    return whole.toUtf8();
+}
+
+QString withoutHalves(const QString& text)
+{
+    if (text.isValidUtf16())
+        return text;
+    QString whole = text;
+    for (int i = 0; i < whole.size(); ++i) {
+        if (whole.at(i).isHighSurrogate() && i + 1 < whole.size() && whole.at(i + 1).isLowSurrogate())
+            ++i;
+        else if (whole.at(i).isSurrogate())
+            whole[i] = u'?';
+    }
+    return whole;
 }
 
 bool decodeUtf8(const char* bytes, int size, QString& text)

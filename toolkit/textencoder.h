@@ -2,10 +2,10 @@
 #define ZELMORA_TOOLKIT_TEXTENCODER_H
 
 #include <QByteArray>
+#include <QString>
 
 #include <memory>
 
-class QString;
 class QTextEncoder;
 class QTextStream;
 
@@ -29,8 +29,13 @@ public:
     QByteArray encoded(const QString& text);
 
 private:
-    std::unique_ptr<QTextEncoder> encoder;
+    const std::unique_ptr<QTextEncoder> encoder; ///< null for UTF-8
+    QString half; ///< of a surrogate pair: the end of the last piece
 };
+
+/// @p text with a '?' for each half of a surrogate pair that stands alone, as which every encoding writes it. (A stream
+/// of Qt 6 would write U+FFFD.)
+QString withoutHalves(const QString& text);
 
 /// The UTF-8 of @p size bytes as text, a byte-order mark included. False where they are not UTF-8 from the first to the
 /// last; then @p text is what could be made of them.

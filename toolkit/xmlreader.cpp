@@ -1,6 +1,7 @@
 #include "toolkit/xmlreader.h"
 
 #include "toolkit/literals.h"
+#include "toolkit/textsize.h"
 #include "toolkit/xmlplaces.h"
 
 #include <QHash>
@@ -50,6 +51,8 @@ public:
     {
         if (++nesting > greatestNesting)
             return within(xmlbounds::nesting, false);
+        for (int i = 0; i < atts.count(); ++i)
+            takeTextOfSize(atts.value(i).size());
         for (int i = 0; dropsNamespaces && i < atts.count(); ++i) {
             if (isNamespaceDeclaration(atts.qName(i)))
                 return markupDelivered(handler.startElement(QString(), QString(), qName, withoutNamespaces(atts)));

@@ -630,6 +630,10 @@ Modifica le impostazioni della suite e mostra che cosa non va.</translation>
         <translation>non è un file</translation>
     </message>
     <message>
+        <source>its name is no UTF-8: give it another one</source>
+        <translation>il suo nome non è in UTF-8: dargliene un altro</translation>
+    </message>
+    <message>
         <source>Save all the same</source>
         <translation>Salva comunque</translation>
     </message>

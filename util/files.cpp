@@ -1,5 +1,6 @@
 #include "util/hlibrary.h"
 
+#include "toolkit/filenames.h"
 #include "toolkit/numbertext.h"
 #include "toolkit/writesignals.h"
 #include "util/paperprompt.h"
@@ -11,17 +12,17 @@
 namespace {
 
 /// An empty path is no file; the toolkit would say so on standard error.
-bool openFile(QFile& file, QIODevice::OpenMode mode)
+bool openFile(QFile& file, const QString& path, QIODevice::OpenMode mode)
 {
-    return !file.fileName().isEmpty() && file.open(mode);
+    return !path.isEmpty() && toolkit::openFile(file, path, mode).isEmpty();
 }
 
 /// A copy under way, a piece at a time.
 class PieceCopier {
 public:
     PieceCopier(const QString& sourcePath, const QString& destinationPath, unsigned int pause)
-        : source(sourcePath)
-        , destination(destinationPath)
+        : sourcePath(sourcePath)
+        , destinationPath(destinationPath)
         , pause(pause)
     {
     }
@@ -29,8 +30,8 @@ public:
     bool open()
     {
         // Unbuffered: each piece goes out at once, and none that was refused is kept.
-        return openFile(source, QIODevice::ReadOnly)
-            && openFile(destination, QIODevice::WriteOnly | QIODevice::Unbuffered);
+        return openFile(source, sourcePath, QIODevice::ReadOnly)
+            && openFile(destination, destinationPath, QIODevice::WriteOnly | QIODevice::Unbuffered);
     }
 
     /// Whether there is nothing more to read. A look at the size would not do: one of the system's own files promises
@@ -56,6 +57,8 @@ public:
     }
 
 private:
+    const QString sourcePath;
+    const QString destinationPath;
     QFile source;
     QFile destination;
     const unsigned int pause; ///< milliseconds
@@ -72,8 +75,8 @@ QString HLibrary::getCoreFile()
 
 void HLibrary::touch(const QString& path)
 {
-    QFile file(path);
-    openFile(file, QIODevice::WriteOnly);
+    QFile file;
+    openFile(file, path, QIODevice::WriteOnly);
 }
 
 bool HLibrary::copy(const QString& source, const QString& destination, unsigned int linesPerSheet, unsigned int pause)

@@ -44,7 +44,8 @@ public:
     static QString password(); ///< "zelmora.db.password"
     static QString hostname(); ///< "zelmora.db.hostname": a name, an address, or the folder of a Unix socket
 
-    // Files. A path is text; the file has its name in the encoding that the toolkit takes for file names.
+    // Files. A path is text; the file has its name in the encoding that the toolkit takes for file names. With Qt 6
+    // that is UTF-8, and a name that came from other bytes, which has U+FFFD in it, is that of no file.
 
     /// The name, not the path, of the first entry of the current directory that matches "core*" (in any case,
     /// sorted by name); empty when none does.

@@ -131,11 +131,12 @@ void TestSchema::everyAttributeIsDescribed()
     QString attribute;
     while (!xml.atEnd()) {
         xml.readNext();
-        if (xml.isStartElement() && xml.name() == "attribute")
+        if (xml.isStartElement() && xml.name() == QLatin1String("attribute"))
             attribute = xml.attributes().value("name").toString();
-        else if (xml.isStartElement() && xml.name() == "documentation" && !xml.readElementText().isEmpty())
+        else if (xml.isStartElement() && xml.name() == QLatin1String("documentation")
+                 && !xml.readElementText().isEmpty())
             attribute.clear();
-        else if (xml.isEndElement() && xml.name() == "attribute" && !attribute.isEmpty())
+        else if (xml.isEndElement() && xml.name() == QLatin1String("attribute") && !attribute.isEmpty())
             bare += attribute;
     }
     QVERIFY2(!xml.hasError(), qPrintable(xml.errorString()));

@@ -1088,7 +1088,7 @@ void TestConfigWriter::moreThanTwoGigabytes()
 
 void TestConfigWriter::moreThanMemoryHolds()
 {
-    const QByteArray text = deepFile(QByteArray("g:{a=;};").repeated(20000)); // three hundred megabytes when written
+    const QByteArray text = deepFile(QByteArray("g:{a=;};").repeated(60000)); // 950 megabytes when written
     OpenConfig config;
     read(config, text);
     const MemoryLimit limit(200 << 20);

@@ -2,6 +2,7 @@
 #include "managerlog.h"
 #include "remarks.h"
 #include "support/postgrescluster.h"
+#include "toolkit/sql/sqldriver.h"
 
 #include <QSqlQuery>
 #include <QtTest>
@@ -91,7 +92,8 @@ void TestDatabaseValues::cleanup()
 void TestDatabaseValues::openAsAProgramDoes(const QString& name)
 {
     remarks([this, &name] { // the toolkit's, if the library has a default connection
-        connection = name.isEmpty() ? QSqlDatabase::addDatabase("QPSQL7") : QSqlDatabase::addDatabase("QPSQL7", name);
+        const QString driver = toolkit::sqlDriver("QPSQL7");
+        connection = name.isEmpty() ? QSqlDatabase::addDatabase(driver) : QSqlDatabase::addDatabase(driver, name);
     });
     connection.setDatabaseName(PostgresCluster::database());
     connection.setUserName(PostgresCluster::user());

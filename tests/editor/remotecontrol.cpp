@@ -69,15 +69,8 @@ private:
         else if (command == "type")
             QTimer::singleShot(0, this, [argument] { QTest::keyClicks(QApplication::focusWidget(), argument); });
         else if (command == "press")
-            QTimer::singleShot(0, this, [argument] { press(QKeySequence(argument)[0]); });
+            QTimer::singleShot(0, this, [argument] { QTest::keySequence(QApplication::focusWidget(), argument); });
         std::fflush(stdout);
-    }
-
-    static void press(int keyAndModifiers)
-    {
-        const int modifiers = keyAndModifiers & static_cast<int>(Qt::KeyboardModifierMask);
-        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(keyAndModifiers & ~modifiers),
-                        Qt::KeyboardModifiers(modifiers));
     }
 
     static QMainWindow* mainWindow()

@@ -304,6 +304,8 @@ void TestSettingsProgram::usesEveryDotOfTheScreen()
     ProgramRun run;
     run.setSettings("zelmora: { bin: { path = b; }; };");
     Editor editor(run, {});
+    if (qVersion()[0] > '5') // which has it so in any case
+        QSKIP("no attributes are asked for");
     const QStringList attributes = editor.attributes();
     for (const char* name : {"AA_EnableHighDpiScaling", "AA_UseHighDpiPixmaps"})
         QVERIFY2(attributes.contains(name), qPrintable(attributes.join('|')));

@@ -29,7 +29,8 @@ namespace {
 
 QString text(uint codePoint)
 {
-    return QString::fromUcs4(&codePoint, 1);
+    const char32_t character = codePoint;
+    return QString::fromUcs4(&character, 1);
 }
 
 /// "0:a 1:bb" of cells: the column and what is drawn; "0=x" where it takes two columns.

@@ -1,10 +1,12 @@
 #include "preview/paperrun.h"
+#include "toolkit/childprocess.h"
 
 #include <QElapsedTimer>
 #include <QProcess>
 #include <QtTest>
 
 #include <fcntl.h>
+#include <functional>
 #include <poll.h>
 #include <signal.h>
 #include <unistd.h>
@@ -65,10 +67,12 @@ private:
 };
 
 /// A run of it with its temporary files in a folder of their own, for as long as this lives.
-class Child : public QProcess {
+class Child : public toolkit::ChildProcess {
 public:
-    Child(const Place& place, const QStringList& arguments)
-        : temporary(place.path("temporary"))
+    Child(
+        const Place& place, const QStringList& arguments, std::function<void()> prepare = [] {})
+        : ChildProcess(std::move(prepare))
+        , temporary(place.path("temporary"))
     {
         QDir().mkpath(temporary);
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -93,7 +97,7 @@ public:
 class AtATerminal : public Child {
 public:
     AtATerminal(const Place& place, const QStringList& arguments)
-        : Child(place, arguments)
+        : Child(place, arguments, [this] { dup2(other, STDERR_FILENO); })
         , terminal(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC))
     {
         if (terminal < 0 || grantpt(terminal) != 0 || unlockpt(terminal) != 0)
@@ -123,9 +127,6 @@ public:
         }
         return text;
     }
-
-protected:
-    void setupChildProcess() override { dup2(other, STDERR_FILENO); }
 
 private:
     const int terminal;

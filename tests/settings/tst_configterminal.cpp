@@ -1,4 +1,5 @@
 #include "settings/configrun.h"
+#include "toolkit/childprocess.h"
 
 #include <QElapsedTimer>
 #include <QProcess>
@@ -34,9 +35,11 @@ const QByteArray losing = "zelmora: { bin: { path = 1; }; };\nmore words";
 const QByteArray question = "Saving will drop from the file:\r\n  line 2: more words\r\nSave all the same? (y/N) ";
 
 /// A process in the surroundings of @p run.
-class Child : public QProcess {
+class Child : public toolkit::ChildProcess {
 public:
-    explicit Child(const ConfigRun& run)
+    explicit Child(
+        const ConfigRun& run, std::function<void()> prepare = [] {})
+        : ChildProcess(std::move(prepare))
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert("HOME", run.path("home"));
@@ -59,7 +62,7 @@ public:
 class AtATerminal : public Child {
 public:
     AtATerminal(const ConfigRun& run, const QStringList& arguments)
-        : Child(run)
+        : Child(run, [this] { takeTerminal(); })
         , terminal(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC))
     {
         if (terminal < 0 || grantpt(terminal) != 0 || unlockpt(terminal) != 0)
@@ -100,14 +103,13 @@ public:
 
     QByteArray shown;
 
-protected:
-    void setupChildProcess() override
+private:
+    void takeTerminal() const
     {
         dup2(other, STDIN_FILENO);
         dup2(other, STDERR_FILENO);
     }
 
-private:
     const int terminal;
     int other = -1; ///< the process's end
 };

@@ -11,8 +11,8 @@
 /// sanitizer, which therefore reports its locks now and then. Our own accesses stay in its sight.
 extern "C" const char* __tsan_default_suppressions()
 {
-    return "called_from_lib:libQt5Core.so.5\n"
-           "called_from_lib:libQt5Test.so.5\n";
+    return "called_from_lib:libQt" ZELMORA_QT "Core.so." ZELMORA_QT "\n"
+           "called_from_lib:libQt" ZELMORA_QT "Test.so." ZELMORA_QT "\n";
 }
 #endif
 
