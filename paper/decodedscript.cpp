@@ -1,5 +1,7 @@
 #include "paper/decodedscript.h"
 
+#include "toolkit/bytedecoder.h"
+
 #include <QTextCodec>
 
 namespace paper {
@@ -34,7 +36,7 @@ private:
 
     const QByteArray& bytes;
     const QTextCodec& codec;
-    QTextCodec::ConverterState state;
+    toolkit::ByteDecoder decoder;
     const QByteArray genuine; ///< the bytes of a U+FFFD that stands in the script itself
     DecodedScript script;
     int begin = 0; ///< of the bytes that became nothing yet
@@ -43,7 +45,7 @@ private:
 ByteDecoder::ByteDecoder(const QByteArray& bytes, const QTextCodec& codec)
     : bytes(bytes)
     , codec(codec)
-    , state(flagFor(codec))
+    , decoder(codec, flagFor(codec))
     , genuine(codec.canEncode(QChar::ReplacementCharacter) ? encoded(codec, QChar(QChar::ReplacementCharacter))
                                                            : QByteArray())
 {
@@ -52,13 +54,15 @@ ByteDecoder::ByteDecoder(const QByteArray& bytes, const QTextCodec& codec)
 DecodedScript ByteDecoder::decode()
 {
     for (int i = 0; i < bytes.size(); ++i) {
-        const QString characters = codec.toUnicode(bytes.constData() + i, 1, &state);
+        const QString characters = decoder.decoded(bytes.at(i));
         if (!characters.isEmpty())
-            take(characters, i + 1 - state.remainingChars); // of which the codec keeps some for what comes next
+            take(characters, i + 1 - decoder.held()); // of which the codec keeps some for what comes next
     }
     // What is left is a part of a character, or the byte-order mark of an empty text.
-    const QByteArray lineFeed = encoded(codec, QStringLiteral("\n"));
-    const bool isWhole = codec.toUnicode(lineFeed.constData(), lineFeed.size(), &state) == QLatin1String("\n");
+    QString last;
+    for (const char byte : encoded(codec, QStringLiteral("\n")))
+        last += decoder.decoded(byte);
+    const bool isWhole = last == QLatin1String("\n");
     if (begin < bytes.size() && !isWhole) {
         addInvalid(bytes.size());
         script.text += QChar::ReplacementCharacter;

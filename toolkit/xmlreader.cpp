@@ -1,5 +1,6 @@
 #include "toolkit/xmlreader.h"
 
+#include "toolkit/bytedecoder.h"
 #include "toolkit/literals.h"
 #include "toolkit/textsize.h"
 #include "toolkit/xmlplaces.h"
@@ -186,6 +187,21 @@ public:
         if (state.entityDeclared)
             references += data().count(QLatin1Char('&'));
     }
+
+#if QT_VERSION_MAJOR >= 6
+protected:
+    /// The decoder takes the byte behind a character that is cut off for a part of it, also a quotation mark: no chunk
+    /// ends within a character. What is left at the end of the input comes then.
+    QString fromRawData(const QByteArray& data, bool beginning) override
+    {
+        const QByteArray bytes = held + data;
+        held = data.isEmpty() ? QByteArray() : cutOffCharacter(bytes);
+        return QXmlInputSource::fromRawData(bytes.chopped(held.size()), beginning);
+    }
+
+private:
+    QByteArray held;
+#endif
 
 private:
     bool withinBounds()

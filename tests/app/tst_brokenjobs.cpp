@@ -17,6 +17,7 @@ class TestBrokenJobs : public QObject {
 private slots:
     void job_data();
     void job();
+    void byteThatIsNoCharacterWhereverItStands();
     void unreadableJob_data();
     void unreadableJob();
     void everyPrefixOfAJob();
@@ -149,6 +150,20 @@ void TestBrokenJobs::unreadableJob()
     QVERIFY(QFile::exists(run.path("script.txt")));
     QCOMPARE(fileContents(run.path("script.txt")), QByteArray());
     QCOMPARE(run.remarks(), QByteArray());
+}
+
+// The reader has 1,024 bytes at a time: one at their end is no part of the quotation mark behind it.
+void TestBrokenJobs::byteThatIsNoCharacterWhereverItStands()
+{
+    const QByteArray head = "<job><method name='printFullOrderReceipt'/>";
+    const QByteArray element = "<receipt serialnumber='";
+    for (int place = 1020; place < 1028; ++place) {
+        ProgramRun run;
+        run.setSettings("zelmora: { };");
+        run.setEnvironment("LC_ALL", "C.UTF-8");
+        const QByteArray job = head + QByteArray(place - head.size() - element.size(), ' ') + element + "\xe8'/></job>";
+        QCOMPARE(run.print(job), document(number("\xef\xbf\xbd")));
+    }
 }
 
 void TestBrokenJobs::everyPrefixOfAJob()

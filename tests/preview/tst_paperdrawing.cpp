@@ -1,4 +1,5 @@
 #include "preview/paperrun.h"
+#include "support/unusablenames.h"
 
 #include <QTextCodec>
 #include <QtTest>
@@ -118,10 +119,11 @@ void TestPaperDrawing::toldByContent_data()
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QStringList>("rows");
 
-    // With a byte-order mark, which the codec makes.
     const auto utf16 = [](const char* name) {
-        return QTextCodec::codecForName(name)->fromUnicode("<?xml version=\"1.0\" encoding=\"UTF-16\"?>"
-                                                           + QString::fromUtf8(jobOf("è")));
+        QTextCodec::ConverterState withoutMark(QTextCodec::IgnoreHeader);
+        const QString text =
+            QChar(QChar::ByteOrderMark) + QString("<?xml version=\"1.0\" encoding=\"UTF-16\"?>") + jobOf("è");
+        return QTextCodec::codecForName(name)->fromUnicode(text.constData(), text.size(), &withoutMark);
     };
     QTest::newRow("a job") << jobOf("job") << QStringList(rowsOf("job"));
     QTest::newRow("a job behind white space") << " \n\t" + jobOf("job") << QStringList(rowsOf("job"));
@@ -193,6 +195,8 @@ void TestPaperDrawing::anAsciiTerminal()
 // Its bytes are no text in this locale.
 void TestPaperDrawing::anyFileName()
 {
+    if (refusesNames())
+        QSKIP("this toolkit refuses them");
     PaperRun run;
     run.setSettings(simpleSettings());
     run.writeFile("a.txt", script({"one"}));

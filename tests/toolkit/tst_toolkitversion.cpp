@@ -14,7 +14,8 @@ private slots:
 void TestToolkitVersion::isAskedForInOneFolderAlone()
 {
     const QDir sources(ZELMORA_DOCS "/..");
-    const QByteArray version = "QT_" "VERSION";
+    const QByteArray version = "QT_"
+                               "VERSION";
     int inToolkit = 0;
     QDirIterator found(sources.path(), {"*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories);
     while (found.hasNext()) {
