@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Measures the print program against its contestants: measure.py --build folder --work folder
+"""Measures the print program against its contestants: measure.py --build folder --till program --work folder
 
-The build folder holds the programs, the work folder the jobs receipt-<rows>.xml and fitting-<rows>.xml, a script and
+The build folder holds the programs, the till's static print program is named by its file, the work folder the jobs receipt-<rows>.xml and fitting-<rows>.xml, a script and
 the settings of a rehearsal. The contestants of a row run in turn, round by round and in another order in each, so that whatever else the machine does
 meets them all alike. Times are wall times of the whole process. A ratio is the median of the rounds' ratios: a machine
 that changes its speed between rounds does not disturb it. The exit status is 1 when a target is missed.
@@ -67,17 +67,19 @@ class Contestant:
         return statistics.median(mine - its for mine, its in zip(self.milliseconds, other.milliseconds))
 
 
-def contestants(build, job, scripts):
+def contestants(build, till, job, scripts):
     """The programs that print the job into the folder for scripts, and those that do less than that."""
     return {
         "program": Contestant("zelmora-print", build / "bin/zelmora-print", job, scripts / "program.txt"),
         "earlier": Contestant(
             "zelmora-print of 74d7329", build / "earlier/build/app/zelmora-print", job, scripts / "earlier.txt"
         ),
+        "till": Contestant("zelmora-print, static", till, job, scripts / "till.txt"),
         "check": Contestant("zelmora-check", build / "bin/zelmora-check", job),
         # Texts with apostrophes are errors to the register.
         "paper": Contestant("zelmora-paper", build / "bin/zelmora-paper", job.parent / "script.txt", status=1),
         "app": Contestant("empty application", build / "bin/bench-emptyapp"),
+        "true": Contestant("true", "/bin/true"),
         "handler": Contestant("reader, empty handler", build / "bin/bench-emptyhandler", job),
         "xsltproc": Contestant(
             "xsltproc", "/usr/bin/xsltproc", "-o", scripts / "xsltproc.txt", BENCH / "receipt.xsl", job
@@ -116,28 +118,29 @@ def folder_for_scripts(work):
     return tempfile.TemporaryDirectory(dir=memory if os.access(memory, os.W_OK) else work)
 
 
-def measure_own(build, work):
+def measure_own(build, till, work):
     """What is our own of a receipt's time, above the empty application: now and earlier, in milliseconds. These are
     small differences of large times, so that it takes many rounds, and as few contestants in each as there can be."""
     progress(f"Measuring what is our own of a receipt, {OWN_ROUNDS:,} rounds ...")
     with folder_for_scripts(work) as scripts:
-        small = contestants(build, job_file(work, SMALL), Path(scripts))
+        small = contestants(build, till, job_file(work, SMALL), Path(scripts))
         program, earlier, app = (small[name] for name in ("program", "earlier", "app"))
         race((program, earlier, app), OWN_ROUNDS)
     return program.above(app), earlier.above(app)
 
 
-def measure_times(build, work):
+def measure_times(build, till, work):
     """The races of the small and of the large job."""
     with folder_for_scripts(work) as scripts:
         progress(f"Measuring one receipt of {SMALL} rows, {SMALL_ROUNDS} rounds ...")
-        small = contestants(build, job_file(work, SMALL), Path(scripts))
-        small = {name: small[name] for name in ("program", "check", "paper", "app", "xsltproc", "python3")}
+        small = contestants(build, till, job_file(work, SMALL), Path(scripts))
+        names = ("program", "till", "check", "paper", "app", "true", "xsltproc", "python3")
+        small = {name: small[name] for name in names}
         race(small.values(), SMALL_ROUNDS)
 
         progress(f"Measuring a job of {LARGE:,} rows, {LARGE_ROUNDS} rounds ...")
-        large = contestants(build, job_file(work, LARGE), Path(scripts))
-        large = {name: large[name] for name in ("program", "check", "handler", "xsltproc")}
+        large = contestants(build, till, job_file(work, LARGE), Path(scripts))
+        large = {name: large[name] for name in ("program", "till", "check", "handler", "xsltproc")}
         race(large.values(), LARGE_ROUNDS)
     return small, large
 
@@ -193,9 +196,9 @@ def peak_memory(contestant, work):
 class Memory:
     """The peaks of a program with few and with many rows, and of an empty application."""
 
-    def __init__(self, name, build, work, job):
+    def __init__(self, name, programs, work, job):
         def peak(contestant, rows):
-            return peak_memory(contestants(build, job(work, rows), work)[contestant], work)
+            return peak_memory(contestants(*programs, job(work, rows), work)[contestant], work)
 
         self.few, self.many = peak(name, FEW), peak(name, MANY)
         self.idle = peak("app", FEW)
@@ -210,9 +213,9 @@ class Memory:
         return f"{megabytes(self.many)}, {megabytes(self.growth)} more"
 
 
-def measure_memory(build, work):
+def measure_memory(programs, work):
     progress(f"Measuring the peak memory for {FEW:,} and {MANY:,} rows ...")
-    return Memory("program", build, work, job_file), Memory("check", build, work, fitting_job_file)
+    return Memory("program", programs, work, job_file), Memory("check", programs, work, fitting_job_file)
 
 
 class Targets:
@@ -236,6 +239,23 @@ class Targets:
     def faster(self, limit, what, against, ratio):
         target = f"at least {limit} times faster than"
         self.add(what, target, against, f"{ratio:.3f} times faster", ratio >= limit)
+
+
+def compare_till(targets, small, large, size):
+    """The print program in one piece against the same and less."""
+    till = small["till"]
+    targets.at_most(
+        0.6,
+        f"one receipt of {SMALL} rows by a till's static program, whole process",
+        "the empty application",
+        till.times(small["app"]),
+    )
+    targets.at_most(0.6, "the same", "`xsltproc` with the same stylesheet", till.times(small["xsltproc"]))
+    targets.at_most(3, "the same", "`/bin/true`", till.times(small["true"]))
+    targets.at_most(
+        0.9, f"a job of {LARGE:,} rows by it", "`zelmora-print` on the same job", large["till"].times(large["program"])
+    )
+    targets.add("its file", "at most 6 MB", "", megabytes(size), size <= 6 * MEGABYTE)
 
 
 def compare(own, small, large, printing, checking, rehearsed, windows):
@@ -356,17 +376,19 @@ def print_table(titles, rows):
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--build", type=Path, required=True)
+    parser.add_argument("--till", type=Path, required=True)
     parser.add_argument("--work", type=Path, required=True)
     arguments = parser.parse_args()
-    build, work = arguments.build.resolve(), arguments.work.resolve()
+    build, till, work = arguments.build.resolve(), arguments.till.resolve(), arguments.work.resolve()
 
-    own = measure_own(build, work)
-    small, large = measure_times(build, work)
+    own = measure_own(build, till, work)
+    small, large = measure_times(build, till, work)
     rehearsed = measure_rehearsal(build, work)
     windows = measure_windows(build, work)
-    printing, checking = measure_memory(build, work)
+    printing, checking = measure_memory((build, till), work)
 
     targets = compare(own, small, large, printing, checking, rehearsed, windows)
+    compare_till(targets, small, large, till.stat().st_size)
     print_table(("what", "must reach", "against", "measured", "reached"), targets.rows)
     print(
         f"Medians of {SMALL_ROUNDS} rounds for the receipt, of {OWN_ROUNDS:,} for what of it is our own, and of"

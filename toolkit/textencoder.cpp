@@ -15,6 +15,32 @@ QTextEncoder* makeEncoder(TextEncoder::Encoding encoding)
     return isUtf8 ? nullptr : localeCodec()->makeEncoder(QTextCodec::IgnoreHeader);
 }
 
+bool isPair(const QChar* units)
+{
+    return units[0].isHighSurrogate() && units[1].isLowSurrogate();
+}
+
+/// One character's bytes. Of one beyond U+FFFF that they lack, the toolkit's own codecs write a '?' for each half.
+QByteArray wholeCharacter(const QByteArray& bytes)
+{
+    return bytes == "??" ? QByteArray("?") : bytes;
+}
+
+QByteArray encodedBy(QTextEncoder& encoder, const QString& text)
+{
+    QByteArray bytes;
+    const QChar* const units = text.constData();
+    int begin = 0;
+    for (int i = 0; i + 1 < text.size(); ++i) {
+        if (!isPair(units + i))
+            continue;
+        bytes += encoder.fromUnicode(units + begin, i - begin);
+        bytes += wholeCharacter(encoder.fromUnicode(units + i, 2));
+        begin = ++i + 1;
+    }
+    return begin == 0 ? encoder.fromUnicode(text) : bytes + encoder.fromUnicode(units + begin, text.size() - begin);
+}
+
 } // namespace
 
 TextEncoder::TextEncoder(Encoding encoding)
@@ -27,7 +53,7 @@ TextEncoder::~TextEncoder() = default;
 QByteArray TextEncoder::encoded(const QString& text)
 {
     if (encoder)
-        return encoder->fromUnicode(text);
+        return encodedBy(*encoder, text);
     // Not by the codec, which in Qt 6 makes U+FFFD of half a pair.
     QString whole = half + text;
     half = whole.right(!whole.isEmpty() && whole.at(whole.size() - 1).isHighSurrogate() ? 1 : 0);

@@ -59,7 +59,7 @@ void TestCommandLine::wrongArgumentCount()
     run.writeFile("job.xml", smallJob);
     run.start(arguments);
 
-    QCOMPARE(run.remarks(), QByteArray("Usage: " ZELMORA_PRINT_PROGRAM " input_file output_file\n"));
+    QCOMPARE(run.remarks(), "Usage: " + QFile::encodeName(printProgram()) + " input_file output_file\n");
     QVERIFY(!QFile::exists(run.path("script.txt")));
 }
 

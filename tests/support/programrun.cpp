@@ -3,8 +3,14 @@
 #include <QDir>
 #include <QProcess>
 
+QString printProgram()
+{
+    const QString named = qEnvironmentVariable("ZELMORA_PRINT_PROGRAM");
+    return named.isEmpty() ? QStringLiteral(ZELMORA_PRINT_PROGRAM) : named;
+}
+
 ProgramRun::ProgramRun()
-    : ProgramRun(QStringLiteral(ZELMORA_PRINT_PROGRAM))
+    : ProgramRun(printProgram())
 {
 }
 

@@ -7,6 +7,9 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+/// The print program that is tested: the one that ZELMORA_PRINT_PROGRAM names in the environment, or else the build's.
+QString printProgram();
+
 /// Runs a real program with a home directory, a locale and a working folder of its own.
 class ProgramRun {
 public:
