@@ -50,7 +50,7 @@ till_step() {
 # till_room FOLDER MEGABYTES: fails where the disk has less.
 till_room() {
     local free
-    free=$(df --output=avail --block-size=1M "$1" | tail -n 1)
+    free=$(df --output=avail --block-size=1M "$1" | tail -n 1 | tr --delete ' ')
     ((free >= $2)) || till_fail "The disk of $1 has $free MB left, and $2 are needed. Make room, or name another folder in XDG_CACHE_HOME."
 }
 
@@ -174,14 +174,17 @@ till_toolkit() {
         till_say "Another build-till is at work in $till_cache; waiting for it."
         flock "$lock"
     }
-    rm -rf "$till_cache"/building.* # of a build that was interrupted
+    rm -rf "$till_cache"/building.* # of a build that was killed
+    trap 'rm -rf "$till_cache"/building.*' EXIT
     if [[ ! $dsc ]]; then
         till_ask_debian
         dsc=$till_dsc
         [[ -f $dsc ]] || till_download
     fi
+    grep --quiet "^Source: $till_package\$" "$dsc" || till_fail "$dsc is not the source package $till_package."
     version=$(till_version "$dsc")
     till_prefix=$till_cache/toolkit-$(till_key "$version")
     [[ -d $till_prefix ]] || till_build "$dsc" "$till_prefix"
+    trap - EXIT
     exec {lock}>&-
 }
