@@ -46,6 +46,11 @@ void ProgramRun::setWorkingFolder(const QString& path)
     workingFolder = path;
 }
 
+void ProgramRun::setPatience(int minutes)
+{
+    patience = minutes;
+}
+
 QString ProgramRun::path(const char* name) const
 {
     return folder.filePath(QString::fromUtf8(name));
@@ -74,7 +79,7 @@ void ProgramRun::run(const QString& command, const QStringList& arguments)
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(workingFolder);
     process.start(command, arguments);
-    ended = process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit;
+    ended = process.waitForFinished(patience * 60000) && process.exitStatus() == QProcess::NormalExit;
     exitStatus = ended ? process.exitCode() : -1;
     standardOutput = process.readAllStandardOutput();
     standardError = process.readAllStandardError();

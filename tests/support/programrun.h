@@ -21,12 +21,13 @@ public:
     void setSettings(const QByteArray& text); ///< the settings file in the run's home
     void setEnvironment(const char* name, const QString& value);
     void setWorkingFolder(const QString& path);
+    void setPatience(int minutes); ///< after which a run counts as hung; one, unless something is built
 
     QString path(const char* name) const; ///< a file in the scratch folder
     /// Writes @p bytes to a file in the scratch folder and returns its path.
     QString writeFile(const char* name, const QByteArray& bytes) const;
 
-    /// Runs the program; a run of more than a minute counts as hung.
+    /// Runs the program.
     void start(const QStringList& arguments);
     /// Runs shell commands in the scratch folder, in which "$program" is the program: for what only a shell can
     /// do, such as closed streams, pipes and file names that are no text.
@@ -50,6 +51,7 @@ private:
     QTemporaryDir folder;
     QProcessEnvironment environment;
     QString workingFolder;
+    int patience = 1;
 };
 
 #endif

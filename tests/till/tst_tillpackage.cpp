@@ -39,6 +39,7 @@ QByteArray TestTillPackage::shell(const QByteArray& commands)
 
 void TestTillPackage::initTestCase()
 {
+    run.setPatience(30);
     run.setEnvironment("archive", archive);
     run.setEnvironment("objects", objects);
     run.setEnvironment("source", ZELMORA_SOURCE);
@@ -100,7 +101,7 @@ void TestTillPackage::installed_data()
     QTest::addColumn<QString>("prefix");
     QTest::newRow("a folder that is not there yet") << "a/b/c";
     QTest::newRow("a name with a blank, a slash at its end") << "my till/";
-    QTest::newRow("a name with marks of the stream editor") << "a&b|c,d";
+    QTest::newRow("a name with marks of the shell and the stream editor") << "a&b|c,d$(e)`'f#*={}";
     QTest::newRow("what is there is replaced") << "a/b/c";
 }
 
@@ -130,6 +131,7 @@ void TestTillPackage::refused_data()
     QTest::newRow("two folders") << QByteArray("a b") << QByteArray("one folder at most is expected, not: a b");
     QTest::newRow("a folder without a name") << QByteArray("''") << QByteArray("the folder has no name.");
     QTest::newRow("a quote") << QByteArray("'a\"b'") << QByteArray("the settings could not name the catalogue there.");
+    QTest::newRow("a semicolon") << QByteArray("'a;b'") << QByteArray("the settings could not name the catalogue there.");
     QTest::newRow("an accent") << QByteArray("caff\xc3\xa8") << QByteArray("the settings could not name the catalogue");
     QTest::newRow("a folder that is a file")
         << QByteArray("file/x") << QByteArray("file/x/bin/zelmora-print cannot be");
@@ -142,7 +144,7 @@ void TestTillPackage::refused()
     const QByteArray answer = shell("touch file; ./" ZELMORA_PACKAGE "/install " + arguments);
     QVERIFY2(answer.contains("install: ") && answer.contains(said) && answer.endsWith("exit status 1"),
              answer.constData());
-    QCOMPARE(shell("ls -d file/* a a\\\"b caff* 2>/dev/null | grep -v '^a$'"), QByteArray("\nexit status 1"));
+    QCOMPARE(shell("ls -d file/* a a\\\"b a\\;b caff* 2>/dev/null | grep -v '^a$'"), QByteArray("\nexit status 1"));
 }
 
 /// With the toolkit that the program was built with, and the objects of the archive: a program that prints the same.
