@@ -23,6 +23,10 @@ TILL_PACKAGES=(g++ make cmake ninja-build qttools5-dev-tools dpkg-dev patch xz-u
 BENCH_PACKAGES=("${BUILD_PACKAGES[@]}" xsltproc python3 time)
 # To fuzz: the compiler that has libFuzzer, its sanitizers, and what finds names and lines for their reports.
 FUZZ_PACKAGES=("${BUILD_PACKAGES[@]}" clang libclang-rt-14-dev llvm)
+# To make Debian packages.
+PACKAGE_PACKAGES=("${BUILD_PACKAGES[@]}" "${MAN_PACKAGES[@]}" debhelper dpkg-dev)
+# To test them as well: Debian's own checks of a package, a bare system to install them in, an index of them for apt-get.
+PACKAGE_TEST_PACKAGES=("${PACKAGE_PACKAGES[@]}" lintian debootstrap apt-utils)
 # To lay out the sources.
 FORMAT_PACKAGES=(clang-format)
 
