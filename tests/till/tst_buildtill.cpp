@@ -25,8 +25,10 @@ public:
         : ProgramRun(ZELMORA_SOURCE "/scripts/build-till")
     {
         setEnvironment("XDG_CACHE_HOME", path("cache"));
-        setEnvironment("APT_CONFIG", writeFile("apt.conf", "Acquire::http::Proxy \"http://127.0.0.1:9\";\n"
-                                                           "Acquire::https::Proxy \"http://127.0.0.1:9\";\n"));
+        setEnvironment("APT_CONFIG",
+                       writeFile("apt.conf",
+                                 "Acquire::http::Proxy \"http://127.0.0.1:9\";\n"
+                                 "Acquire::https::Proxy \"http://127.0.0.1:9\";\n"));
         writeFile("toolkit.dsc", "Source: qtbase-opensource-src\nVersion: 5.15.99-1\n");
         writeFile("other.dsc", "Source: hello\nVersion: 1\n");
     }
@@ -60,12 +62,16 @@ void TestBuildTill::refused_data()
     QTest::addColumn<QString>("cache");
     QTest::addColumn<QString>("source");
     QTest::addColumn<QByteArray>("reason");
-    QTest::newRow("another source package") << "cache" << "other.dsc" << QByteArray("is not the source package qtbase-");
+    QTest::newRow("another source package") << "cache"
+                                            << "other.dsc" << QByteArray("is not the source package qtbase-");
     QTest::newRow("a source package whose files are missing")
-        << "cache" << "toolkit.dsc" << QByteArray("Debian's patches: that failed. The lines above");
-    QTest::newRow("a cache folder with a blank") << "my cache" << "toolkit.dsc" << QByteArray("which has a blank: name");
+        << "cache"
+        << "toolkit.dsc" << QByteArray("Debian's patches: that failed. The lines above");
+    QTest::newRow("a cache folder with a blank") << "my cache"
+                                                 << "toolkit.dsc" << QByteArray("which has a blank: name");
     QTest::newRow("a cache folder that cannot be made")
-        << "other.dsc" << "toolkit.dsc" << QByteArray("Name a folder that you may write in XDG_CACHE_HOME.");
+        << "other.dsc"
+        << "toolkit.dsc" << QByteArray("Name a folder that you may write in XDG_CACHE_HOME.");
 }
 
 void TestBuildTill::refused()

@@ -131,7 +131,8 @@ void TestTillPackage::refused_data()
     QTest::newRow("two folders") << QByteArray("a b") << QByteArray("one folder at most is expected, not: a b");
     QTest::newRow("a folder without a name") << QByteArray("''") << QByteArray("the folder has no name.");
     QTest::newRow("a quote") << QByteArray("'a\"b'") << QByteArray("the settings could not name the catalogue there.");
-    QTest::newRow("a semicolon") << QByteArray("'a;b'") << QByteArray("the settings could not name the catalogue there.");
+    QTest::newRow("a semicolon") << QByteArray("'a;b'")
+                                 << QByteArray("the settings could not name the catalogue there.");
     QTest::newRow("an accent") << QByteArray("caff\xc3\xa8") << QByteArray("the settings could not name the catalogue");
     QTest::newRow("a folder that is a file")
         << QByteArray("file/x") << QByteArray("file/x/bin/zelmora-print cannot be");
