@@ -52,8 +52,15 @@ QString takeUtf8(QByteArray& held, char byte)
     return held.isEmpty() ? QString(QChar::ReplacementCharacter) : QString();
 }
 
-} // namespace
+#if QT_VERSION_MAJOR >= 6
 
+/// As many of @p bytes as a character has that begins as they do.
+QByteArray firstBytes(const QByteArray& bytes)
+{
+    return bytes.left(sizeBehind(static_cast<uchar>(bytes.at(0))));
+}
+
+/// The end of @p bytes that is a character which wants more bytes; empty where there is none.
 QByteArray cutOffCharacter(const QByteArray& bytes)
 {
     for (int size = 1; size <= 3 && size <= bytes.size(); ++size) {
@@ -63,6 +70,23 @@ QByteArray cutOffCharacter(const QByteArray& bytes)
     }
     return QByteArray();
 }
+
+#endif
+
+} // namespace
+
+#if QT_VERSION_MAJOR >= 6
+
+QByteArray Utf8Pieces::next(const QByteArray& piece)
+{
+    QByteArray bytes = held + piece;
+    if (!held.isEmpty() && !isBeginning(bytes) && characterOf(firstBytes(bytes)).isEmpty())
+        bytes = QString(QChar::ReplacementCharacter).toUtf8() + piece;
+    held = cutOffCharacter(bytes);
+    return bytes.chopped(held.size());
+}
+
+#endif
 
 ByteDecoder::ByteDecoder(const QTextCodec& codec, QTextCodec::ConversionFlags flags)
     : codec(codec)

@@ -22,8 +22,22 @@ private:
     QByteArray bytes; ///< of UTF-8, those that are held
 };
 
-/// The end of @p bytes that in UTF-8 is a character which wants more bytes; empty where there is none.
-QByteArray cutOffCharacter(const QByteArray& bytes);
+#if QT_VERSION_MAJOR >= 6
+
+/// Gives the pieces in which UTF-8 comes other ends, so that no character is cut off between two of them. In a piece
+/// each byte that is no character is left as it is, and becomes a U+FFFD by itself; what the end of a piece holds of a
+/// character that does not go on in the next becomes one U+FFFD, however many bytes it has. So a decoder that does not
+/// remember anything makes of these pieces what that of Qt 5, which does, makes of those that came.
+class Utf8Pieces {
+public:
+    /// What was held back until now, with @p piece behind it, but for a character at its end which wants more bytes.
+    QByteArray next(const QByteArray& piece);
+
+private:
+    QByteArray held;
+};
+
+#endif
 
 } // namespace toolkit
 

@@ -190,17 +190,30 @@ public:
 
 #if QT_VERSION_MAJOR >= 6
 protected:
-    /// The decoder takes the byte behind a character that is cut off for a part of it, also a quotation mark: no chunk
-    /// ends within a character. What is left at the end of the input comes then.
+    /// The decoder takes the byte behind a character that is cut off for a part of it, also a quotation mark: no piece
+    /// of UTF-8 ends within a character. What is left at the end of the input is nothing, as with Qt 5.
     QString fromRawData(const QByteArray& data, bool beginning) override
     {
-        const QByteArray bytes = held + data;
-        held = data.isEmpty() ? QByteArray() : cutOffCharacter(bytes);
-        return QXmlInputSource::fromRawData(bytes.chopped(held.size()), beginning);
+        const bool isFirst = !isBegun;
+        const QByteArray whole = pieces.next(data);
+        if (isFirst)
+            isUtf8 = isReadAsUtf8(whole);
+        isBegun = true;
+        return QXmlInputSource::fromRawData(isUtf8 ? whole : data, beginning || isFirst);
     }
 
 private:
-    QByteArray held;
+    /// Whether a document that begins with @p bytes is taken for UTF-8: by its mark, its declaration, or for want of
+    /// both.
+    bool isReadAsUtf8(const QByteArray& bytes)
+    {
+        const QString character(QChar(0xe8));
+        return QXmlInputSource::fromRawData(bytes + character.toUtf8(), true).endsWith(character);
+    }
+
+    Utf8Pieces pieces;
+    bool isBegun = false;
+    bool isUtf8 = false;
 #endif
 
 private:

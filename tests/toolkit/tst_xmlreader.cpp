@@ -182,6 +182,12 @@ private slots:
 
     void encoding_data();
     void encoding();
+    void bytesThatAreNoUtf8_data();
+    void bytesThatAreNoUtf8();
+    void cutCharacters_data();
+    void cutCharacters();
+    void cutCharacterBehindTheDocument();
+    void bytesOfAnotherEncodingAtACut();
 
     void nesting_data();
     void nesting();
@@ -596,6 +602,211 @@ void TestXmlReader::encoding()
     const Outcome outcome = read(bytes);
     QVERIFY(outcome.result);
     QCOMPARE(outcome.events, (QStringList {"startDocument", "start job [a=" + value + ']', "end job", "endDocument"}));
+}
+
+// Each byte that is no part of a character is a U+FFFD, '?' here.
+void TestXmlReader::bytesThatAreNoUtf8_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("value");
+    const auto row = [](const char* name, const char* bytes, const char* value) {
+        QTest::newRow(name) << QByteArray(bytes) << QString(value).replace('?', QChar::ReplacementCharacter);
+    };
+
+    row("a byte that continues nothing",
+        "\x80"
+        "A",
+        "?A");
+    row("three of them",
+        "\x80\xbf\x80"
+        "A",
+        "???A");
+    row("a character of two bytes without its second",
+        "\xc3"
+        "A",
+        "?A");
+    row("of three without its second",
+        "\xe2"
+        "A",
+        "?A");
+    row("of three without its third",
+        "\xe2\x82"
+        "A",
+        "??A");
+    row("of four without its second",
+        "\xf0"
+        "A",
+        "?A");
+    row("of four without its third",
+        "\xf0\x9f"
+        "A",
+        "??A");
+    row("of four without its fourth",
+        "\xf0\x9f\x8d"
+        "A",
+        "???A");
+    row("one of two without its second before a whole one", "\xc3\xc3\xa8", "?è");
+    row("one of three without its third before a whole one", "\xe2\x82\xe2\x82\xac", "??€");
+    row("a letter in two bytes", "\xc1\x81", "??");
+    row("a NUL in two bytes", "\xc0\x80", "??");
+    row("a letter in three bytes", "\xe0\x81\x81", "???");
+    row("a letter in four bytes", "\xf0\x80\x81\x81", "????");
+    row("the first half of a pair", "\xed\xa0\x80", "???");
+    row("both halves of a pair", "\xed\xa0\xbc\xed\xbd\x95", "??????");
+    row("what is beyond the last character", "\xf4\x90\x80\x80", "????");
+    row("a byte beyond the last character's", "\xf5\x80\x80\x80", "????");
+    row("a byte that begins nothing",
+        "\xff"
+        "A",
+        "?A");
+    row("U+FFFD itself", "\xef\xbf\xbd", "?");
+}
+
+void TestXmlReader::bytesThatAreNoUtf8()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, value);
+
+    const Outcome outcome = read("<job a='" + bytes + "'/>");
+    QVERIFY(outcome.result);
+    QCOMPARE(outcome.events.at(1), "start job [a=" + value + ']');
+}
+
+// What stands of a character before a cut, and does not become one with what is behind it, is one U+FFFD ('?' here),
+// however many bytes it has; all else is as it is anywhere.
+void TestXmlReader::cutCharacters_data()
+{
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<QByteArray>("behind");
+    QTest::addColumn<QString>("value");
+    const auto row = [](const char* name, const char* before, const char* behind, const char* value) {
+        QTest::newRow(name) << QByteArray(before) << QByteArray(behind)
+                            << QString(value).replace('?', QChar::ReplacementCharacter);
+    };
+
+    row("a character of two bytes", "\xc3",
+        "\xa8"
+        "A",
+        "èA");
+    row("of three after the first", "\xe2",
+        "\x82\xac"
+        "A",
+        "€A");
+    row("of three after the second", "\xe2\x82",
+        "\xac"
+        "A",
+        "€A");
+    row("of four after the first", "\xf0",
+        "\x9f\x8d\x95"
+        "A",
+        "\xf0\x9f\x8d\x95"
+        "A");
+    row("of four after the second", "\xf0\x9f",
+        "\x8d\x95"
+        "A",
+        "\xf0\x9f\x8d\x95"
+        "A");
+    row("of four after the third", "\xf0\x9f\x8d",
+        "\x95"
+        "A",
+        "\xf0\x9f\x8d\x95"
+        "A");
+
+    row("one of two bytes without its second", "\xc3", "A", "?A");
+    row("of three without its second", "\xe2", "A", "?A");
+    row("of three without its third, after the second", "\xe2\x82", "A", "?A");
+    row("of three without its third, after the first", "\xe2",
+        "\x82"
+        "A",
+        "??A");
+    row("of four without its second", "\xf0", "AB", "?AB");
+    row("of four without its third, after the second", "\xf0\x9f", "AB", "?AB");
+    row("of four without its third, after the first", "\xf0",
+        "\x9f"
+        "A",
+        "??A");
+    row("of four without its fourth, after the third", "\xf0\x9f\x8d", "A", "?A");
+    row("of four without its fourth, after the second", "\xf0\x9f",
+        "\x8d"
+        "A",
+        "??A");
+    row("of four without its fourth, after the first", "\xf0",
+        "\x9f\x8d"
+        "A",
+        "???A");
+    row("the quotation mark is not a part of it", "\xe2\x82", "", "?");
+    row("it is broken before the cut",
+        "\xe2\x82"
+        "A",
+        "B", "??AB");
+
+    row("a whole one behind one of two bytes", "\xc3", "\xc3\xa8", "?è");
+    row("a whole one behind one of three", "\xe2\x82", "\xe2\x82\xac", "?€");
+    row("a whole one behind one of four", "\xf0\x9f\x8d",
+        "\xc3\xa8"
+        "A",
+        "?èA");
+    row("a broken one behind a broken one", "\xe2\x82",
+        "\xe2\x82"
+        "A",
+        "???A");
+    row("two broken ones before the cut", "\xf0\x9f\xe2\x82", "A", "???A");
+
+    row("a byte that continues nothing, before", "\x80", "A", "?A");
+    row("a byte that continues nothing, behind", "A", "\x80", "A?");
+    row("a NUL in two bytes", "\xc0",
+        "\x80"
+        "A",
+        "??A");
+    row("a letter in three bytes, after the first", "\xe0", "\x81\x81", "???");
+    row("a letter in three bytes, after the second", "\xe0\x81", "\x81", "??");
+    row("half of a pair, after the first byte", "\xed",
+        "\xa0\x80"
+        "A",
+        "???A");
+    row("half of a pair, after the second byte", "\xed\xa0",
+        "\x80"
+        "A",
+        "??A");
+    row("beyond the last character, after the first byte", "\xf4", "\x90\x80\x80", "????");
+    row("beyond the last character, after the second byte", "\xf4\x90", "\x80\x80", "???");
+    row("beyond the last character, after the third byte", "\xf4\x90\x80", "\x80", "??");
+    row("a byte beyond the last character's", "\xf5", "\x80\x80\x80", "????");
+    row("a byte-order mark that is none", "\xef\xbb", "A", "?A");
+}
+
+// The input arrives in chunks of 1,024 bytes. Between two of them is the cut.
+void TestXmlReader::cutCharacters()
+{
+    QFETCH(QByteArray, before);
+    QFETCH(QByteArray, behind);
+    QFETCH(QString, value);
+
+    for (const int chunks : {1, 2}) {
+        const QByteArray head = "<job b='" + QByteArray(1024 * (chunks - 1), 'b') + "' a='";
+        const QByteArray blanks(1024 * chunks - head.size() - before.size(), ' ');
+        const Outcome outcome = read(head + blanks + before + behind + "'/>");
+        QVERIFY(outcome.result);
+        QVERIFY2(outcome.events.at(1).endsWith(" [a=" + blanks + value + ']'), qPrintable(outcome.events.at(1)));
+    }
+}
+
+// It is nothing, and no fault.
+void TestXmlReader::cutCharacterBehindTheDocument()
+{
+    const Outcome outcome = read("<job/>" + QByteArray(1024, '\n') + "\xe2\x82");
+    QCOMPARE(outcome.events, (QStringList {"startDocument", "start job", "end job", "endDocument"}));
+    QVERIFY(outcome.result);
+}
+
+// There they are characters of their own.
+void TestXmlReader::bytesOfAnotherEncodingAtACut()
+{
+    const QByteArray head = "<?xml version='1.0' encoding='ISO-8859-15'?><job a='";
+    const QByteArray blanks(1022 - head.size(), ' ');
+    const Outcome outcome = read(head + blanks + "\xe8\xa4" + "A'/>");
+    QVERIFY(outcome.result);
+    QCOMPARE(outcome.events.at(1), "start job [a=" + blanks + "è€A]");
 }
 
 void TestXmlReader::nesting_data()
