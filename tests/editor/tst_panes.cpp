@@ -48,6 +48,8 @@ private:
     {
         return window->findChild<Kind*>();
     }
+    /// A row of 80 letters, which are smaller on one screen than on another.
+    int tooNarrowForPaper() const { return 80 * window->fontMetrics().averageCharWidth(); }
     /// In the table of settings.
     QScrollBar* bar() const { return find<GroupTable>()->horizontalScrollBar(); }
     QListWidget* groups() const { return person->named<QListWidget>("Groups of settings"); }
@@ -282,7 +284,7 @@ void TestPanes::tabGoesFromTheLeftToTheRight()
 void TestPanes::thePaperFoldsAway()
 {
     open("");
-    window->resize(560, 420);
+    window->resize(tooNarrowForPaper(), 420);
     QVERIFY(!find<PaperPane>()->isVisible());
     window->resize(smallScreen);
     QVERIFY(find<PaperPane>()->isVisible());
@@ -298,7 +300,7 @@ void TestPanes::thePaperIsHiddenByAKey()
     QVERIFY(!find<PaperPane>()->isVisible()); // that is kept
     person->press(Qt::Key_F9);
     QVERIFY(find<PaperPane>()->isVisible());
-    window->resize(560, 420);
+    window->resize(tooNarrowForPaper(), 420);
     person->press(Qt::Key_F9); // there is no room to be shown in
     window->resize(smallScreen);
     QVERIFY(find<PaperPane>()->isVisible());

@@ -55,7 +55,7 @@ public:
         environment.insert("HOME", run.path("home"));
         environment.insert("LC_ALL", "C.UTF-8");
         environment.insert("XDG_RUNTIME_DIR", runtimeFolder.path());
-        environment.insert("QT_QPA_PLATFORM", "offscreen");
+        environment.insert("QT_QPA_PLATFORM", qEnvironmentVariable("QT_QPA_PLATFORM"));
         environment.insert("QT_PLUGIN_PATH", ZELMORA_TEST_PLUGINS);
         environment.insert("QT_QPA_GENERIC_PLUGINS", "remotecontrol");
         for (const char* name : {"ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS"}) {
