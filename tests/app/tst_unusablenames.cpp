@@ -120,8 +120,9 @@ void TestUnusableNames::window()
                    "\"$program\" a.conf & window=$!\n"
                    "for i in 1 2 3 4 5 6 7 8 9 10 11 12; do sleep 0.25; done\n"
                    "kill $window; wait\n"
-                   "find . -name '*.conf' ! -name a.conf | LC_ALL=C sort > kept; there=$(ls | LC_ALL=C sort); echo "
-                   "\"$there\" > there\n"
+                   "find . -name '*.conf' ! -name a.conf > kept\n"
+                   "there=$(ls | LC_ALL=C sort)\n"
+                   "echo \"$there\" > there\n"
                    "rm -r \"$name\"*\n");
     QCOMPARE(fileContents(run.path("kept")), QByteArray());
     QCOMPARE(fileContents(run.path("there")), QByteArray("a.conf\ncaff\xe8\ncommands.sh\nhome\nkept\nruntime\n"));
