@@ -52,8 +52,6 @@ QString takeUtf8(QByteArray& held, char byte)
     return held.isEmpty() ? QString(QChar::ReplacementCharacter) : QString();
 }
 
-#if QT_VERSION_MAJOR >= 6
-
 /// As many of @p bytes as a character has that begins as they do.
 QByteArray firstBytes(const QByteArray& bytes)
 {
@@ -71,22 +69,25 @@ QByteArray cutOffCharacter(const QByteArray& bytes)
     return QByteArray();
 }
 
-#endif
+/// U+FFFD.
+QByteArray replacement()
+{
+    return QByteArrayLiteral("\xef\xbf\xbd");
+}
 
 } // namespace
-
-#if QT_VERSION_MAJOR >= 6
 
 QByteArray Utf8Pieces::next(const QByteArray& piece)
 {
     QByteArray bytes = held + piece;
     if (!held.isEmpty() && !isBeginning(bytes) && characterOf(firstBytes(bytes)).isEmpty())
-        bytes = QString(QChar::ReplacementCharacter).toUtf8() + piece;
+        bytes = replacement() + piece;
     held = cutOffCharacter(bytes);
-    return bytes.chopped(held.size());
+    bytes.chop(held.size());
+    const int broken = static_cast<int>(cutOffCharacter(bytes).size()); // by what is held now
+    bytes.chop(broken);
+    return bytes + replacement().repeated(broken);
 }
-
-#endif
 
 ByteDecoder::ByteDecoder(const QTextCodec& codec, QTextCodec::ConversionFlags flags)
     : codec(codec)

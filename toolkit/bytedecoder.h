@@ -22,12 +22,10 @@ private:
     QByteArray bytes; ///< of UTF-8, those that are held
 };
 
-#if QT_VERSION_MAJOR >= 6
-
-/// Gives the pieces in which UTF-8 comes other ends, so that no character is cut off between two of them. In a piece
-/// each byte that is no character is left as it is, and becomes a U+FFFD by itself; what the end of a piece holds of a
-/// character that does not go on in the next becomes one U+FFFD, however many bytes it has. So a decoder that does not
-/// remember anything makes of these pieces what that of Qt 5, which does, makes of those that came.
+/// Gives the pieces in which UTF-8 comes other ends, so that a decoder need not remember any of them: no character is
+/// cut off between two. A byte of a piece that is no part of a character becomes a U+FFFD by itself; but what stands at
+/// its end of a character that does not go on in the next becomes one U+FFFD, however many bytes it has. That is the
+/// rule of Qt 5's decoder, which remembers.
 class Utf8Pieces {
 public:
     /// What was held back until now, with @p piece behind it, but for a character at its end which wants more bytes.
@@ -36,8 +34,6 @@ public:
 private:
     QByteArray held;
 };
-
-#endif
 
 } // namespace toolkit
 

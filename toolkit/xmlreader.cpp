@@ -11,6 +11,8 @@
 #include <QXmlInputSource>
 #include <QXmlSimpleReader>
 
+#include <utility>
+
 namespace toolkit {
 
 namespace {
@@ -188,35 +190,29 @@ public:
             references += data().count(QLatin1Char('&'));
     }
 
-#if QT_VERSION_MAJOR >= 6
 protected:
-    /// The decoder takes the byte behind a character that is cut off for a part of it, also a quotation mark: no piece
-    /// of UTF-8 ends within a character. What is left at the end of the input is nothing, as with Qt 5.
-    QString fromRawData(const QByteArray& data, bool beginning) override
+    /// A decoder that remembers the end of a piece makes mistakes: that of Qt 6 takes the byte behind a character which
+    /// is cut off for a part of it, also a quotation mark. What is left at the end of the input is nothing.
+    QString fromRawData(const QByteArray& data, bool) override
     {
-        const bool isFirst = !isBegun;
         const QByteArray whole = pieces.next(data);
-        if (isFirst)
-            isUtf8 = isReadAsUtf8(whole);
-        isBegun = true;
-        return QXmlInputSource::fromRawData(isUtf8 ? whole : data, beginning || isFirst);
+        if (!std::exchange(isBegun, true))
+            return begin(whole, data);
+        return QXmlInputSource::fromRawData(isUtf8 ? whole : data, false);
     }
 
 private:
-    /// Whether a document that begins with @p bytes is taken for UTF-8: by its mark, its declaration, or for want of
-    /// both.
-    bool isReadAsUtf8(const QByteArray& bytes)
+    /// The mark, the declaration or the want of both says how the document is encoded; it is in UTF-8 when a character
+    /// that is added comes out. Behind it a decoder takes no U+FEFF for a mark any more. (That of Qt 5 would, after
+    /// ASCII.)
+    QString begin(const QByteArray& whole, const QByteArray& data)
     {
         const QString character(QChar(0xe8));
-        return QXmlInputSource::fromRawData(bytes + character.toUtf8(), true).endsWith(character);
+        const QString text = QXmlInputSource::fromRawData(whole + character.toUtf8(), true);
+        isUtf8 = text.endsWith(character);
+        return isUtf8 ? text.chopped(1) : QXmlInputSource::fromRawData(data, true);
     }
 
-    Utf8Pieces pieces;
-    bool isBegun = false;
-    bool isUtf8 = false;
-#endif
-
-private:
     bool withinBounds()
     {
         if (state.insideDeclaration)
@@ -231,6 +227,9 @@ private:
     ParseState& state;
     int declarationChunks = 0;
     int references = 0;
+    Utf8Pieces pieces;
+    bool isBegun = false;
+    bool isUtf8 = false;
 };
 
 /// Says what the reader goes past.
