@@ -175,9 +175,10 @@ void TestUnusableNames::replacement()
     const QString reason = refusesNames() ? nameRefused : "";
     QCOMPARE(toolkit::replaceFile(path, "bytes"), reason);
     QCOMPARE(toolkit::replaceFileBeside(path, "~", "bytes"), reason);
+    QCOMPARE(toolkit::replaceFileBeside(folder.filePath("a-"), unusableName(), "bytes"), reason);
     QCOMPARE(toolkit::createFile(path + "x", "bytes", QString()), reason);
     QCOMPARE(toolkit::createFile(folder.filePath("like"), "bytes", path), reason);
-    QCOMPARE(namesIn(folder.path()).size(), refusesNames() ? 0 : 4);
+    QCOMPARE(namesIn(folder.path()).size(), refusesNames() ? 0 : 5);
 }
 
 QTEST_GUILESS_MAIN(TestUnusableNames)
