@@ -448,7 +448,7 @@ void TestLivePaper::saysWhatIsWrong()
     live.setJobs({{"My list", job}});
     QVERIFY(isShown(live));
     QCOMPARE(live.trouble(), trouble);
-    QTEST(live.sheet().bands.size(), "papers");
+    QTEST(static_cast<int>(live.sheet().bands.size()), "papers");
 }
 
 void TestLivePaper::saysThatThereIsNoPrintProgram()
