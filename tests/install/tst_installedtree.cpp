@@ -214,9 +214,9 @@ void TestInstalledTree::search_data()
         << QByteArray("1.0 REQUIRED COMPONENTS config log") << true << QByteArray();
     QTest::newRow("util needs neither") << QByteArray("1.0 REQUIRED COMPONENTS util") << true << QByteArray();
     QTest::newRow("db needs Sql") << QByteArray("1.0 REQUIRED COMPONENTS db") << false
-                                  << QByteArray("find_package for module Qt5Sql");
+                                  << QByteArray("find_package for module Qt" ZELMORA_QT "Sql");
     QTest::newRow("utilwidgets needs Widgets") << QByteArray("1.0 REQUIRED COMPONENTS utilwidgets") << false
-                                               << QByteArray("find_package for module Qt5Widgets");
+                                               << QByteArray("find_package for module Qt" ZELMORA_QT "Widgets");
     QTest::newRow("an unknown component")
         << QByteArray("1.0 REQUIRED COMPONENTS config cellar") << false
         << QByteArray("There is no component cellar; there are: config, configwidgets, log, util, utilwidgets, db.");
@@ -243,8 +243,9 @@ void TestInstalledTree::search()
                            "find_package(Zelmora "
                                + wanted + ")\n",
                            QByteArray());
-    const Outcome outcome = workbench->configure(
-        project, {"-DCMAKE_DISABLE_FIND_PACKAGE_Qt5Sql=ON", "-DCMAKE_DISABLE_FIND_PACKAGE_Qt5Widgets=ON"});
+    const Outcome outcome = workbench->configure(project,
+                                                 {"-DCMAKE_DISABLE_FIND_PACKAGE_Qt" ZELMORA_QT "Sql=ON",
+                                                  "-DCMAKE_DISABLE_FIND_PACKAGE_Qt" ZELMORA_QT "Widgets=ON"});
     QVERIFY2(outcome.succeeded == found, outcome.said.constData());
     QVERIFY2(outcome.said.simplified().contains(said), outcome.said.constData());
 }
@@ -272,12 +273,12 @@ void TestInstalledTree::program_data()
 /// Of the toolkit, what the page's table of components says that a program needs, and what Widgets brings along.
 static QSet<QString> librariesFor(const QString& component)
 {
-    QSet<QString> libraries {"libQt5Core", "libQt5Xml"};
+    QStringList libraries = coreLibraries();
     if (component == "db")
-        libraries += "libQt5Sql";
+        libraries += toolkitLibrary("Sql");
     if (component.endsWith("widgets"))
-        libraries += {"libQt5Gui", "libQt5Widgets"};
-    return libraries;
+        libraries += {toolkitLibrary("Gui"), toolkitLibrary("Widgets")};
+    return QSet<QString>(libraries.begin(), libraries.end());
 }
 
 void TestInstalledTree::program()
@@ -294,7 +295,7 @@ void TestInstalledTree::program()
     const QString built = workbench->built(program.heading, "till");
     // A linker may leave out what a program has no use for.
     const QStringList libraries = toolkitLibraries(built);
-    QVERIFY(libraries.contains("libQt5Core"));
+    QVERIFY(libraries.contains(toolkitLibrary("Core")));
     QVERIFY2(librariesFor(program.component).contains(QSet<QString>(libraries.begin(), libraries.end())),
              qPrintable(libraries.join(' ')));
 

@@ -6,9 +6,12 @@ fail() {
     exit 1
 }
 
+checks_passed=0
+
 # passed SENTENCE: what has been shown, with the seconds since the tests began.
 passed() {
     printf '%5d s  %s\n' "$SECONDS" "$1"
+    checks_passed=$((checks_passed + 1))
 }
 
 # expect_equal SENTENCE EXPECTED FOUND: two texts, whose difference is shown.
