@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
 """Measures the print program against its contestants: measure.py --build folder --till program --work folder
 
-The build folder holds the programs, the till's static print program is named by its file, the work folder the jobs receipt-<rows>.xml and fitting-<rows>.xml, a script and
-the settings of a rehearsal. The contestants of a row run in turn, round by round and in another order in each, so that whatever else the machine does
-meets them all alike. Times are wall times of the whole process. A ratio is the median of the rounds' ratios: a machine
+The build folder holds the programs, the till's static print program is named by its file; the work folder has the jobs
+receipt-<rows>.xml and fitting-<rows>.xml, a script, and the settings of a rehearsal. The contestants of a row run in turn,
+round by round and in another order in each, so that whatever else the machine does meets them all alike. Times are wall
+times of the whole process. A ratio is the median of the rounds' ratios: a machine
 that changes its speed between rounds does not disturb it. The exit status is 1 when a target is missed.
 """
 
