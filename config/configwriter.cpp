@@ -52,17 +52,6 @@ private:
     qint64 bytes = 0;
 };
 
-/// False when there is not as much memory.
-bool reserve(QByteArray& bytes, int size)
-{
-    try {
-        bytes.reserve(size);
-    } catch (const std::bad_alloc&) {
-        return false;
-    }
-    return true;
-}
-
 /// A stream that has failed keeps all that follows.
 bool goesOn(const QTextStream& out)
 {
@@ -91,14 +80,17 @@ QString Config::writeFile(const QString& path, const QString& fileFormat) const
 }
 
 QString Config::writeBytes(QByteArray& bytes, const QString& fileFormat) const
-{
-    ByteCounter counter; // before any memory is taken
+try {
+    ByteCounter counter; // before any memory is taken for the text
     if (!writeTree(counter, fileFormat))
         return QStringLiteral("the settings are larger than 2 GiB");
+    bytes.reserve(counter.count());
     QBuffer buffer(&bytes);
-    if (!reserve(bytes, counter.count()) || !buffer.open(QIODevice::WriteOnly) || !writeTree(buffer, fileFormat))
+    if (!buffer.open(QIODevice::WriteOnly) || !writeTree(buffer, fileFormat))
         return qt_error_string(ENOMEM);
     return QString();
+} catch (const std::bad_alloc&) { // for the tree, which may be made only now, or for the text
+    return qt_error_string(ENOMEM);
 }
 
 bool Config::writeTree(QIODevice& device, const QString& fileFormat) const

@@ -143,7 +143,7 @@ void TestDocumentation::line()
     run.writeFile("unknown.xml", "<job><method name=\"printUnsold\"/></job>");
     run.startShell("\"$program\" " + arguments);
     QByteArray said = run.remarks();
-    said.replace(ZELMORA_PRINT_PROGRAM, "zelmora-print");
+    said.replace(printProgram().toUtf8(), "zelmora-print");
     said.replace(run.path("home/.zelmora/conf/zelmora.conf").toUtf8(), "...");
     QCOMPARE(said, text + '\n');
     QVERIFY(fileContents(docs + "/zelmora-print.md").contains("\n| `" + text + "` | "));

@@ -67,6 +67,7 @@ private slots:
     void moreThanTwoGigabytes_data();
     void moreThanTwoGigabytes();
     void moreThanMemoryHolds();
+    void treeThatMemoryDoesNotHold();
     void streamThatFails_data();
     void streamThatFails();
 
@@ -1080,6 +1081,7 @@ void TestConfigWriter::moreThanTwoGigabytes()
     const QByteArray text = deepFile(QByteArray("g:{a=;};").repeated(groups));
     OpenConfig config;
     read(config, text);
+    QVERIFY(config.rootElement().hasChildNodes()); // the tree itself may take more
     const MemoryLimit limit(200 << 20);
     QCOMPARE(config.writeFile(QString(), format), QString("the settings are larger than 2 GiB"));
     QVERIFY(fileContents(path("zelmora.conf")) == text);
@@ -1091,11 +1093,27 @@ void TestConfigWriter::moreThanMemoryHolds()
     const QByteArray text = deepFile(QByteArray("g:{a=;};").repeated(60000)); // 950 megabytes when written
     OpenConfig config;
     read(config, text);
+    QVERIFY(config.rootElement().hasChildNodes());
     const MemoryLimit limit(200 << 20);
     QCOMPARE(captured(stdout, [&] { config.buildConfigFile(""); }), QByteArray());
     QCOMPARE(config.writeFile(QString(), "cfg"), QString("Cannot allocate memory"));
     QVERIFY(fileContents(path("zelmora.conf")) == text);
     QCOMPARE(filesInTheFolder(), QStringList("zelmora.conf"));
+}
+
+// It is made when it is asked for, and again when there is room for it.
+void TestConfigWriter::treeThatMemoryDoesNotHold()
+{
+    const QByteArray text = deepFile(QByteArray("g:{a=;};").repeated(20000));
+    OpenConfig config;
+    read(config, text);
+    {
+        const MemoryLimit limit(1 << 20);
+        QCOMPARE(config.writeFile(QString(), "cfg"), QString("Cannot allocate memory"));
+    }
+    QVERIFY(fileContents(path("zelmora.conf")) == text);
+    QCOMPARE(filesInTheFolder(), QStringList("zelmora.conf"));
+    QVERIFY(config.rootElement().hasChildNodes());
 }
 
 void TestConfigWriter::streamThatFails_data()
