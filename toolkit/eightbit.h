@@ -14,7 +14,7 @@ inline QString eightBit(const QString& text)
     const auto stays = [](QChar character) { return !character.isNull() && character <= QChar(0xFF); };
     if (std::all_of(text.begin(), text.end(), stays))
         return text; // as nearly all are: nothing is copied
-    return QString::fromLatin1(text.toLatin1());
+    return QString::fromLatin1(text.toLatin1().constData()); // not of the array, which Qt 6 takes whole
 }
 
 } // namespace toolkit

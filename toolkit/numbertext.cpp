@@ -8,10 +8,12 @@ namespace toolkit {
 
 namespace {
 
-/// Qt takes U+2212 for a minus sign too, which would make a discount of a sale. White space may be of any kind.
+/// Qt takes U+2212 for a minus sign too, which would make a discount of a sale; for Qt 6 a NUL ends a whole number.
+/// White space may be of any kind.
 bool isWrittenInAscii(const QString& number)
 {
-    return std::all_of(number.begin(), number.end(), [](QChar c) { return c.unicode() < 0x80 || c.isSpace(); });
+    const auto isAllowed = [](QChar c) { return (c.unicode() < 0x80 && !c.isNull()) || c.isSpace(); };
+    return std::all_of(number.begin(), number.end(), isAllowed);
 }
 
 } // namespace

@@ -113,6 +113,9 @@ void TestZMConfiguration::settingsFromBytes_data()
 
     QTest::newRow("in the brace format") << QByteArray("zelmora: { a = è; };") << "cfg"
                                          << "è";
+    QTest::newRow("up to a NUL") << QByteArray("zelmora: { a = \"30") + '\0' + "x\"; };"
+                                 << "cfg"
+                                 << "30";
     QTest::newRow("in XML") << QByteArray("<zelmora a='è'/>") << "xml"
                             << "è";
     QTest::newRow("in a format that is none") << QByteArray("zelmora: { a = è; };") << "ini"

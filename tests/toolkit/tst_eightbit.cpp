@@ -30,6 +30,9 @@ void TestEightBit::text_data()
     QTest::newRow("two question marks beyond the first 65,536") << "a🍕b"
                                                                 << "a??b";
     QTest::newRow("a decomposed accent loses its mark") << QString("e") + QChar(0x0300) << "e?";
+    QTest::newRow("a NUL ends the text") << QString("caffè") + QChar(0) + "x€"
+                                         << "caffè";
+    QTest::newRow("a NUL alone is no text") << QString(QChar(0)) << "";
 }
 
 void TestEightBit::text()

@@ -265,12 +265,14 @@ void TestNumberText::blanksOfAnyKindMayStandAround()
     QCOMPARE(toolkit::toInteger(blanks + "-7" + blanks), -7);
 }
 
-// No other character has a part in a number, wherever it stands: neither as a sign nor as a digit, nor to be skipped.
+// No other character has a part in a number, wherever it stands: neither as a sign nor as a digit, nor to be skipped,
+// nor as an end.
 void TestNumberText::onlyAsciiMakesANumber()
 {
-    for (ushort unit = 0x80; unit < 0xFFFF; ++unit) {
+    for (ushort unit = 0; unit < 0xFFFF; ++unit) {
         const QChar other(unit);
-        if (other.isSpace())
+        const bool isAscii = unit > 0 && unit < 0x80;
+        if (isAscii || other.isSpace())
             continue;
         for (const QString& text : {other + QString("7"), '7' + QString(other), "7e" + QString(other) + '1',
                                     other + QString("7e1"), "-" + QString(other) + '7', '1' + QString(other) + '7'}) {
