@@ -76,10 +76,13 @@ std::pair<QString, qint64> ScannedText::trimmed() const
     return {whole.mid(leading).trimmed(), begin + (isUtf8 ? whole.left(leading).toUtf8().size() : leading)};
 }
 
-bool ScannedText::says(QStringView other) const
+ScannedName::ScannedName(const ScannedText& scanned)
 {
-    const std::string_view inner = withoutBlanks(bytes);
-    return isAscii(inner) ? other == latin1(inner) : other == text();
+    const std::string_view inner = withoutBlanks(scanned.bytes);
+    if (isAscii(inner))
+        ascii = latin1(inner);
+    else
+        decoded = scanned.text();
 }
 
 BraceScanner::BraceScanner(std::FILE* input)

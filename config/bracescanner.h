@@ -22,12 +22,24 @@ struct ScannedText {
     /// What it says: UTF-8 where the bytes are that, ISO-8859-1 otherwise, without white space around it and without
     /// byte-order marks at its start (all of them, so that what is written and read again stays the same).
     QString text() const { return trimmed().first; }
-    /// Whether text() is @p other.
-    bool says(QStringView other) const;
     /// Where text() begins in the input.
     qint64 textOffset() const { return trimmed().second; }
     /// Both.
     std::pair<QString, qint64> trimmed() const;
+};
+
+/// What a text says, to be compared often: it is found out once, and costs no memory of its own where it is ASCII, as
+/// nearly all are.
+class ScannedName {
+public:
+    explicit ScannedName(const ScannedText& scanned);
+
+    QString text() const { return decoded.isEmpty() ? QString(ascii) : decoded; }
+    bool operator==(QStringView other) const { return decoded.isEmpty() ? other == ascii : other == decoded; }
+
+private:
+    QLatin1String ascii; ///< which the scanner's texts() hold
+    QString decoded; ///< of what has other characters
 };
 
 /// What the scanner met.

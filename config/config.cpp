@@ -35,7 +35,7 @@ QString nameOf(const QDomElement& group)
 
 QString valueIn(const SettingsGroup& group, QStringView name)
 {
-    const auto hasName = [name](const SettingsGroup::Setting& setting) { return setting.name.says(name); };
+    const auto hasName = [name](const SettingsGroup::Setting& setting) { return setting.name == name; };
     const auto found = std::find_if(group.settings.rbegin(), group.settings.rend(), hasName);
     return found == group.settings.rend() ? QString() : found->value();
 }

@@ -88,7 +88,7 @@ Config::LevelEnd Config::readLevel(SettingsGroup& group)
             break;
         case ScanEvent::Kind::Setting:
             group.holdsAnything = true;
-            group.settings.push_back({event.text, event.value});
+            group.settings.push_back({ScannedName(event.text), event.value});
             break;
         case ScanEvent::Kind::Skipped:
             break;

@@ -10,11 +10,11 @@
 namespace libconfig {
 
 /// A group as it stands in a file in the brace format, in which a look-up finds what it finds in the tree. It costs
-/// much less: of its texts, which are the scanner's, nothing is copied, and those alone are decoded that somebody asks
-/// for.
+/// much less: of its texts, which are the scanner's, nothing is copied that is ASCII, and those values alone are
+/// decoded that somebody asks for.
 struct SettingsGroup {
     struct Setting {
-        ScannedText name;
+        ScannedName name;
         ScannedText written; ///< the value, quotes and all
 
         QString value() const { return written.text().remove(QLatin1Char('"')); }

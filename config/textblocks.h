@@ -33,11 +33,15 @@ private:
         const std::size_t least = 4096;
         const auto size = static_cast<std::size_t>(end - begin);
         const std::size_t capacity = std::max(least, 2 * size);
-        blocks.push_back(std::unique_ptr<char[]>(new char[capacity])); // whose bytes are not written twice
-        char* const block = blocks.back().get();
-        end = std::copy(begin, end, block);
-        begin = block;
-        limit = block + capacity;
+        std::unique_ptr<char[]> block(new char[capacity]); // whose bytes are not written twice
+        const bool isAlone = !blocks.empty() && begin == blocks.back().get();
+        end = std::copy(begin, end, block.get());
+        begin = block.get();
+        limit = begin + capacity;
+        if (isAlone)
+            blocks.back() = std::move(block); // nobody else has bytes in the one that was outgrown
+        else
+            blocks.push_back(std::move(block));
     }
 
     std::vector<std::unique_ptr<char[]>> blocks;

@@ -51,6 +51,8 @@ void TestBrokenSettings::settings_data()
     QTest::newRow("10 MB without any grammar") << QByteArray(10000000, 'x') << 32;
     QTest::newRow("a hundred thousand settings")
         << "zelmora: { receiptdoc: { " + QByteArray("paperWidth = 26; ").repeated(100000) + "}; };" << 26;
+    QTest::newRow("a name of 10 MB beyond ASCII")
+        << "zelmora: { receiptdoc: { " + QByteArray("è").repeated(5000000) + " = 1; paperWidth = 24; }; };" << 24;
     QTest::newRow("a hundred thousand groups") << "zelmora: { "
             + QByteArray("receiptdoc: { paperRows = 1; }; ").repeated(100000) + "receiptdoc: { paperWidth = 27; }; };"
                                                << 27;

@@ -1,9 +1,12 @@
 #include "config/bracescanner.h"
 
+#include "support/processstate.h"
+
 #include <QtTest>
 
 using libconfig::BraceScanner;
 using libconfig::ScanEvent;
+using libconfig::ScannedName;
 using libconfig::ScannedText;
 
 /// What the scanner of the brace format meets, and where.
@@ -22,6 +25,7 @@ private slots:
     void groupsInsideEachOther();
     void byteOrderMarksAreReadInOneGo_data();
     void byteOrderMarksAreReadInOneGo();
+    void oneLongTextTakesNoMoreThanTwice();
 };
 
 namespace {
@@ -120,6 +124,7 @@ void TestBraceScanner::textAndItsPlace_data()
     QTest::newRow("nothing") << QByteArray() << "" << 100;
     QTest::newRow("white space around it") << QByteArray(" \n a b \t") << "a b" << 103;
     QTest::newRow("white space alone") << QByteArray("  ") << "" << 102;
+    QTest::newRow("a byte-order mark alone") << QByteArray("\xEF\xBB\xBF ") << "" << 103;
     QTest::newRow("UTF-8") << QByteArray(" caff\xC3\xA8") << "caffè" << 101;
     QTest::newRow("ISO-8859-1") << QByteArray(" caff\xE8") << "caffè" << 101;
     QTest::newRow("a byte-order mark") << QByteArray("\xEF\xBB\xBF"
@@ -138,10 +143,13 @@ void TestBraceScanner::textAndItsPlace()
     QFETCH(int, offset);
     const ScannedText scanned {{bytes.constData(), static_cast<std::size_t>(bytes.size())}, 100};
     QCOMPARE(scanned.text(), text);
-    QVERIFY(scanned.says(text));
-    QVERIFY(!scanned.says(text + 'a'));
-    QVERIFY(!scanned.says('a' + text));
     QCOMPARE(scanned.textOffset(), qint64(offset));
+
+    const ScannedName name(scanned);
+    QCOMPARE(name.text(), text);
+    QVERIFY(name == text);
+    QVERIFY(!(name == text + 'a'));
+    QVERIFY(!(name == 'a' + text));
 }
 
 void TestBraceScanner::skipTo()
@@ -204,6 +212,19 @@ void TestBraceScanner::byteOrderMarksAreReadInOneGo()
     const ScannedText scanned {bytes, 0};
     QCOMPARE(scanned.text(), QString("a"));
     QCOMPARE(scanned.textOffset(), qint64(4) * marks);
+}
+
+// Its block doubles as it grows; of the smaller ones before nothing is kept.
+void TestBraceScanner::oneLongTextTakesNoMoreThanTwice()
+{
+    const std::size_t size = (1 << 22) + 1; // the worst: the block has just doubled
+    const QByteArray bytes(static_cast<int>(size), 'a');
+    const std::unique_ptr<BraceScanner> scanner = BraceScanner::over(bytes);
+    const std::size_t before = allocatedBytes();
+    const ScanEvent event = scanner->next();
+    QCOMPARE(event.text.bytes.size(), size);
+    const std::size_t besides = 65536; // the file's buffer and the like
+    QVERIFY2(allocatedBytes() - before < 2 * size + besides, qPrintable(QString::number(allocatedBytes() - before)));
 }
 
 QTEST_GUILESS_MAIN(TestBraceScanner)
