@@ -2,13 +2,14 @@
 
 # run_lintian FOLDER: Debian's checks, as an ordinary user, as they want to be run.
 run_lintian() {
-    local folder
+    local folder status=0
     folder=$(mktemp --directory)
     cp "$1"/*_* "$folder"
     chmod --recursive a+rX "$folder"
     setpriv --reuid=nobody --regid=nogroup --clear-groups env HOME=/nonexistent \
-        lintian --fail-on error,warning --tag-display-limit 0 "$folder"/*.changes
+        lintian --fail-on error,warning --tag-display-limit 0 "$folder"/*.changes || status=$?
     rm -rf "$folder"
+    return "$status"
 }
 
 # files_of FOLDER PACKAGE: the paths of its files and links, without what is Debian's in every package.

@@ -23,7 +23,8 @@ expect_equal() {
     passed "$1"
 }
 
-# expect SENTENCE COMMAND...: the command succeeds; what it says is shown when it does not.
+# expect SENTENCE COMMAND...: the command succeeds; what it says is shown when it does not. In a function that is called
+# here a step that fails does not end it (set -e is off): its status is that of its last step.
 expect() {
     local said
     said=$("${@:2}" 2>&1) || fail "$1"$'\n'"$said"
