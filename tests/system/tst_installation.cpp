@@ -20,6 +20,7 @@ private slots:
     void examplesNameTheCatalogueInAStagedInstallation();
     void uninstallLeavesWhatIsOthers();
     void uninstallOfAStagedInstallation();
+    void uninstallBesideTheOtherToolkit();
     void uninstallASecondTime();
     void uninstallWithoutPermission();
     void wrongCalls_data();
@@ -37,12 +38,22 @@ private:
 namespace {
 
 const QString uninstallScript = ZELMORA_SOURCE "/scripts/uninstall";
-/// Of each component the build writes a list of its own, so that other tests may install all at the same time.
 const QStringList components {"print", "tools", "settings", "libraries", "development", "documentation"};
 
 QString listOf(const QString& component)
 {
     return "install_manifest_" + component + ".txt";
+}
+
+/// What `cmake --install` runs, but for the folder of its lists, which is @p folder: those in the build are of
+/// whichever test has installed last.
+QByteArray installationScript(const QString& folder)
+{
+    QByteArray script = fileContents(ZELMORA_BUILD "/cmake_install.cmake");
+    const QByteArray list = "/${CMAKE_INSTALL_MANIFEST}\"";
+    if (script.count('"' + QByteArray(ZELMORA_BUILD) + list) != 1)
+        qFatal("The script writes its lists to another place.");
+    return script.replace(ZELMORA_BUILD + list, folder.toUtf8() + list);
 }
 
 /// All that lies below a folder: paths, with a hash of what is in a file and the target of a link.
@@ -60,6 +71,22 @@ QMap<QString, QByteArray> everythingBelow(const QString& place)
             content = QCryptographicHash::hash(fileContents(entry.filePath()), QCryptographicHash::Sha256);
     }
     return found;
+}
+
+QStringList sorted(QStringList list)
+{
+    list.sort();
+    return list;
+}
+
+/// The files and links below a folder: their paths in it, sorted.
+QStringList filesBelow(const QString& place)
+{
+    QStringList files;
+    QDirIterator found(place, QDir::Files | QDir::Hidden | QDir::System, QDirIterator::Subdirectories);
+    while (found.hasNext())
+        files += QDir(place).relativeFilePath(found.next());
+    return sorted(files);
 }
 
 /// The paths in the links of a document: of "[text](path#place)", without those to places on the page and on the net.
@@ -85,24 +112,23 @@ void touch(const QString& path, const QByteArray& content)
 
 void TestInstallation::initTestCase()
 {
+    touch(path("install.cmake"), installationScript(path("build")));
     install(path("opt"));
 }
 
-/// Installs all components below @p prefix, and keeps their lists in the folder "build" for scripts/uninstall.
+/// Installs all components below @p prefix; their lists are in the folder "build", for scripts/uninstall.
 void TestInstallation::install(const QString& prefix, const QString& staging)
 {
-    QDir().mkpath(path("build"));
     for (const QString& component : components) {
         QProcess process;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert("DESTDIR", staging);
         process.setProcessEnvironment(environment);
-        process.start(ZELMORA_CMAKE, {"--install", ZELMORA_BUILD, "--prefix", prefix, "--component", component});
+        process.start(ZELMORA_CMAKE,
+                      {"-DCMAKE_INSTALL_PREFIX=" + prefix, "-DCMAKE_INSTALL_COMPONENT=" + component, "-P",
+                       path("install.cmake")});
         if (!process.waitForFinished(60000) || process.exitCode() != 0)
             qFatal("%s: %s", qPrintable(component), process.readAllStandardError().constData());
-        QFile::remove(path("build/" + listOf(component)));
-        if (!QFile::copy(ZELMORA_BUILD "/" + listOf(component), path("build/" + listOf(component))))
-            qFatal("There is no list of the component %s.", qPrintable(component));
     }
 }
 
@@ -235,6 +261,32 @@ void TestInstallation::uninstallOfAStagedInstallation()
     for (auto entry = left.begin(); entry != left.end(); ++entry)
         QVERIFY2(QFileInfo(path("staged/" + entry.key())).isDir() && !entry.key().contains("zelmora"),
                  qPrintable(entry.key()));
+}
+
+// Headers and package are the same for both: they go with the last of them.
+void TestInstallation::uninstallBesideTheOtherToolkit()
+{
+    const QString prefix = path("both");
+    install(prefix);
+    const QString package = filesBelow(prefix).filter("/ZelmoraConfig.cmake").value(0).remove("ZelmoraConfig.cmake");
+    const QString otherTargets = package + "ZelmoraTargets-qt" + (QString(ZELMORA_QT) == "5" ? "6" : "5") + ".cmake";
+    QStringList shared = filesBelow(prefix).filter(QRegularExpression("^include/"));
+    QVERIFY(shared.size() > 5);
+    shared += {package + "ZelmoraConfig.cmake", package + "ZelmoraConfigVersion.cmake"};
+    touch(prefix + '/' + otherTargets, "of the other build");
+    touch(path("other build/install_manifest_development.txt"),
+          QString(prefix + '/' + (shared + QStringList(otherTargets)).join('\n' + prefix + '/')).toUtf8());
+
+    const QByteArray said = uninstall({path("build")});
+    QCOMPARE(status, 0);
+    QVERIFY2(said.startsWith("Files left, which the build for the other toolkit needs: "
+                             + QByteArray::number(shared.size()) + ".\n"),
+             said.constData());
+    QCOMPARE(filesBelow(prefix), sorted(shared + QStringList(otherTargets)));
+
+    QCOMPARE(uninstall({path("other build")}),
+             "Files removed: " + QByteArray::number(shared.size() + 1) + ". Gone before: 0. Not removed: 0.\n");
+    QCOMPARE(filesBelow(prefix), QStringList());
 }
 
 void TestInstallation::uninstallASecondTime()
