@@ -9,9 +9,10 @@ MAN_PACKAGES=(pandoc)
 # To test as well: the definitions of the 8-bit locale that the tests build for themselves; a PostgreSQL server, its tools
 # and the toolkit's driver for it; xmllint, which tells what the schema of jobs accepts; what traces the files that a program
 # opens; pkg-config, for a program that is built against what is installed; what shows man pages; two shells beside bash;
-# what a desktop asks of its entries, and another hand that draws pictures.
+# what a desktop asks of its entries, and another hand that draws pictures; what signs an archive of packages.
 TEST_PACKAGES=("${BUILD_PACKAGES[@]}" "${MAN_PACKAGES[@]}" locales postgresql postgresql-client libqt5sql5-psql
-    libxml2-utils strace pkgconf man-db zsh fish desktop-file-utils appstream librsvg2-bin)
+    libxml2-utils strace pkgconf man-db zsh fish desktop-file-utils appstream librsvg2-bin
+    gpg gpg-agent)
 # To build with Qt 6 besides: the toolkit, its module for what comes from Qt 5, its translation compiler, its own texts.
 QT6_BUILD_PACKAGES=(qt6-base-dev qt6-5compat-dev qt6-l10n-tools qt6-translations-l10n)
 # To test that as well: its driver for PostgreSQL.
@@ -19,12 +20,12 @@ QT6_TEST_PACKAGES=("${QT6_BUILD_PACKAGES[@]}" libqt6sql6-psql)
 # To build the static print program of a till: what takes a source package of Debian's and builds the toolkit of it, Debian's
 # keys for it, the translation compiler.
 TILL_PACKAGES=(g++ make cmake ninja-build qttools5-dev-tools dpkg-dev patch xz-utils perl debian-archive-keyring)
-# To measure as well: what the print program is measured against, and time(1) for the memory.
-BENCH_PACKAGES=("${BUILD_PACKAGES[@]}" xsltproc python3 time)
+# To measure as well: what the print program is measured against, git for its earlier self, and time(1) for the memory.
+BENCH_PACKAGES=("${BUILD_PACKAGES[@]}" git xsltproc python3 time)
 # To fuzz: the compiler that has libFuzzer, its sanitizers, and what finds names and lines for their reports.
 FUZZ_PACKAGES=("${BUILD_PACKAGES[@]}" clang libclang-rt-14-dev llvm)
-# To make Debian packages.
-PACKAGE_PACKAGES=("${BUILD_PACKAGES[@]}" "${MAN_PACKAGES[@]}" debhelper dpkg-dev)
+# To make Debian packages: Debian's tools for that, and git, which knows what belongs to the tree.
+PACKAGE_PACKAGES=("${BUILD_PACKAGES[@]}" "${MAN_PACKAGES[@]}" debhelper dpkg-dev git)
 # To test them as well: Debian's own checks of a package, a bare system to install them in, an index of them for apt-get.
 PACKAGE_TEST_PACKAGES=("${PACKAGE_PACKAGES[@]}" lintian debootstrap apt-utils)
 # To lay out the sources.

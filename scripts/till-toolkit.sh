@@ -3,10 +3,11 @@
 #
 #   apt/             apt's lists, the script's own
 #   source/          the source package that came last, as it was downloaded
-#   toolkit-KEY/     the toolkit that was built; the key is made of the source's version, how it is configured, the compiler
+#   toolkit-KEY/     the toolkit that was built, and source.dsc, of which; the key is made of that file, which has the sums of
+#                    all parts of the source, of how it is configured, and of the compiler
 #   building.XXXXXX  where something is being made; renamed when it is whole
 
-till_cache=${XDG_CACHE_HOME:-$HOME/.cache}/zelmora
+till_cache=$(realpath --canonicalize-missing "${XDG_CACHE_HOME:-$HOME/.cache}")/zelmora
 till_package=qtbase-opensource-src
 till_keyring=/usr/share/keyrings/debian-archive-keyring.gpg
 
@@ -47,11 +48,11 @@ till_step() {
     till_say "$what: $((SECONDS - start)) s"
 }
 
-# till_room FOLDER MEGABYTES: fails where the disk has less.
+# till_room FOLDER MEGABYTES REMEDY: fails where the disk has less.
 till_room() {
     local free
     free=$(df --output=avail --block-size=1M "$1" | tail -n 1 | tr --delete ' ')
-    ((free >= $2)) || till_fail "The disk of $1 has $free MB left, and $2 are needed. Make room, or name another folder in XDG_CACHE_HOME."
+    ((free >= $2)) || till_fail "The disk of $1 has $free MB left, and $2 are needed. $3"
 }
 
 # What to do where Debian cannot be reached.
@@ -74,30 +75,50 @@ till_apt() {
         -o Acquire::AllowDowngradeToInsecureRepositories=false "$@"
 }
 
-# The lines of a sources.list for the source packages of this release, its updates and its security updates, from where
-# this machine's apt has its packages; each is held to Debian's own keys.
-till_sources_list() {
-    local codename
-    codename=$(. /etc/os-release && printf %s "${VERSION_CODENAME-}")
+# The lines of a sources.list for what may be the source packages of the release $1, its updates and its security updates,
+# from where this machine's apt has its packages, each held to Debian's own keys. A machine may say "stable" for the name.
+till_candidates() {
     apt-get update --print-uris | sed --quiet --regexp-extended \
-        "s|^'(.*)/dists/($codename(-updates\|-security)?)/InRelease' .*|deb-src [signed-by=$till_keyring] \1 \2 main|p" | sort --unique
+        "s#^'(.*)/dists/(($1|(old)*stable)(-updates|-security)?)/InRelease' .*#deb-src [signed-by=$till_keyring] \1 \2 main#p" |
+        sort --unique
+}
+
+# till_suite LINE: reads the lists of that line alone; tells of which suite they are, by the name that is signed.
+till_suite() {
+    printf '%s\n' "$1" >"$till_cache/apt/sources.list"
+    till_apt apt-get update --error-on=any --quiet -o APT::Get::List-Cleanup=false >/dev/null &&
+        till_apt apt-get indextargets --format '$(CODENAME)' 'Created-By: Sources'
+}
+
+# Makes sources.list of the candidates that are Debian's. Others have suites of the same name, and not Debian's keys.
+till_sources_list() {
+    local codename suite candidate candidates lines=() suites=' '
+    codename=$(. /etc/os-release && printf %s "${VERSION_CODENAME-}")
+    candidates=$(till_candidates "$codename") || till_fail "This machine's apt does not say where its packages come from."
+    [[ $candidates ]] || till_fail "This machine's apt knows no packages of its own release. $(till_remedy)"
+    while read -r candidate; do
+        if suite=$(till_suite "$candidate" </dev/null) && [[ $suite =~ ^$codename(-updates|-security)?$ ]]; then
+            lines+=("$candidate")
+            suites+="$suite "
+        else
+            till_say "Left out, as it cannot be read or Debian's keys have not signed it for $codename: ${candidate#*] }"
+        fi
+    done <<<"$candidates"
+    [[ $suites == *" $codename "* ]] || till_fail "Debian's lists of source packages cannot be read. $(till_remedy)"
+    for suite in "$codename"-{updates,security}; do
+        [[ $suites == *" $suite "* ]] || till_say "This machine's apt has no list of $suite that can be used: it is left out."
+    done
+    printf '%s\n' "${lines[@]}" >"$till_cache/apt/sources.list"
 }
 
 # Asks Debian for the source package's version; leaves its file names in till_dsc.
 till_ask_debian() {
-    local suite list=$till_cache/apt/sources.list
     [[ -r $till_keyring ]] || till_fail "There is no $till_keyring, by which Debian's index is verified: install debian-archive-keyring."
     mkdir -p "$till_cache"/apt/{lists/partial,cache/archives/partial} "$till_cache/source"
-    till_sources_list >"$list"
-    [[ -s $list ]] || till_fail "This machine's apt knows no packages of its own release. $(till_remedy)"
-    for suite in '' -updates -security; do
-        grep --quiet " [a-z]*$suite main\$" "$list" || till_say "This machine's apt has no list of the release$suite: it is left out."
-    done
-    till_apt apt-get update --error-on=any --quiet >/dev/null ||
-        till_fail "Debian's lists of source packages cannot be read. $(till_remedy)"
+    till_sources_list
     till_dsc=$(till_apt apt-get source --print-uris --only-source "$till_package" |
-        sed --quiet "s|^'[^']*' \([^ ]*\.dsc\) .*|\1|p")
-    [[ $till_dsc ]] || till_fail "Debian's lists have no source package $till_package. $(till_remedy)"
+        sed --quiet "s|^'[^']*' \([^ ]*\.dsc\) .*|\1|p") ||
+        till_fail "Debian's lists have no source package $till_package. $(till_remedy)"
     till_dsc=$till_cache/source/$till_dsc
 }
 
@@ -116,11 +137,13 @@ till_version() {
     sed --quiet 's/^Version: //p' "$1"
 }
 
-# till_key VERSION: of what the toolkit would be built with.
+# till_key FILE.dsc: of what the toolkit would be built with.
 till_key() {
-    local version=${1##*:}
-    printf '%s-%s\n' "$version" "$({
-        printf '%s\n' "$version" "${till_configure[@]}" "$(declare -f till_make till_flags)"
+    local version
+    version=$(till_version "$1")
+    printf '%s-%s\n' "${version##*:}" "$({
+        sha256sum <"$1"
+        printf '%s\n' "${till_configure[@]}" "$(declare -f till_make till_flags)"
         g++ --version | head -n 1
     } | sha256sum | cut --characters=1-12)"
 }
@@ -145,19 +168,19 @@ till_make() {
     done
     mv "$folder/installed/usr" "$folder/toolkit"
     cp bin/qmake "$folder/toolkit/bin/"
-    cp ../source/debian/copyright ../source/LICENSE.LGPL3 "$folder/toolkit/"
+    cp ../source/debian/copyright "$folder/toolkit/"
 }
 
 # till_build FILE.dsc TARGET: the toolkit of that source package in the folder TARGET, which is made aside.
 till_build() {
     local folder
-    till_room "$till_cache" 1500
+    till_room "$till_cache" 1500 "Make room, or name another folder in XDG_CACHE_HOME."
     folder=$(mktemp --directory "$till_cache/building.XXXXXX")
     till_step "Unpacking the toolkit's source, with all of Debian's patches" "$till_cache/log" \
         dpkg-source --extract "$1" "$folder/source"
     till_step "Building the toolkit's Core and Xml; once, and it takes minutes" "$till_cache/log" \
         bash -euo pipefail -c "$(declare -p till_configure; declare -f till_make till_flags); till_make '$folder'"
-    till_version "$1" >"$folder/toolkit/source-version"
+    cp "$1" "$folder/toolkit/source.dsc"
     mv "$folder/toolkit" "$2"
     rm -rf "$folder"
 }
@@ -165,9 +188,10 @@ till_build() {
 # till_toolkit [FILE.dsc]: leaves the folder of the toolkit in till_prefix, built if need be; without a file, of the source
 # package that Debian has today.
 till_toolkit() {
-    local dsc=${1-} version lock
-    [[ $till_cache != *[[:space:]]* ]] ||
-        till_fail "The toolkit cannot be built in $till_cache, which has a blank: name another folder in XDG_CACHE_HOME."
+    local dsc=${1-} lock
+    [[ ${till_cache//[A-Za-z0-9\/._+@-]/} == '' ]] ||
+        till_fail "The toolkit cannot be built in $till_cache, which has other characters than a-z, A-Z, 0-9 and / . _ + @ -:" \
+            "name another folder in XDG_CACHE_HOME."
     mkdir -p "$till_cache" || till_fail "Name a folder that you may write in XDG_CACHE_HOME."
     exec {lock}>"$till_cache/lock"
     flock --nonblock "$lock" || {
@@ -182,8 +206,7 @@ till_toolkit() {
         [[ -f $dsc ]] || till_download
     fi
     grep --quiet "^Source: $till_package\$" "$dsc" || till_fail "$dsc is not the source package $till_package."
-    version=$(till_version "$dsc")
-    till_prefix=$till_cache/toolkit-$(till_key "$version")
+    till_prefix=$till_cache/toolkit-$(till_key "$dsc")
     [[ -d $till_prefix ]] || till_build "$dsc" "$till_prefix"
     trap - EXIT
     exec {lock}>&-
