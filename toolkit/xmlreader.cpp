@@ -20,8 +20,9 @@ namespace {
 // The reader recurses for each element and for each parenthesis of a content model (measured: 100,000 elements,
 // or 200,000 parentheses, overflow an 8 MB stack).
 const int greatestNesting = 1000;
-// It compares each new entity with all earlier ones (measured: 20,000 of them take 40 s). Chunks are the 1,024
-// bytes that the input source reads at a time.
+// The bytes that the input source asks for at a time.
+const int chunkSize = 1024;
+// It compares each new entity with all earlier ones (measured: 20,000 of them take 40 s).
 const int greatestDeclarationChunks = 16;
 // A reference of three bytes may stand for millions of characters (measured: 200 references to one entity that
 // refers 2,700 times to one of 4,000 characters end after 34 s, at 2 GB, in an exception).
@@ -176,6 +177,7 @@ class BoundedSource : public QXmlInputSource {
 public:
     BoundedSource(QIODevice& device, ParseState& state)
         : QXmlInputSource(&device)
+        , device(device)
         , state(state)
     {
     }
@@ -195,13 +197,25 @@ protected:
     /// is cut off for a part of it, also a quotation mark. What is left at the end of the input is nothing.
     QString fromRawData(const QByteArray& data, bool) override
     {
-        const QByteArray whole = pieces.next(data);
+        const QByteArray chunk = filled(data);
+        const QByteArray whole = pieces.next(chunk);
         if (!std::exchange(isBegun, true))
-            return begin(whole, data);
-        return QXmlInputSource::fromRawData(isUtf8 ? whole : data, false);
+            return begin(whole, chunk);
+        return QXmlInputSource::fromRawData(isUtf8 ? whole : chunk, false);
     }
 
 private:
+    /// @p data with what the device has left for a chunk: one may give less at a time, and the declaration be cut off.
+    QByteArray filled(QByteArray data)
+    {
+        QByteArray more = data;
+        while (!more.isEmpty() && data.size() < chunkSize) {
+            more = device.read(chunkSize - data.size());
+            data += more;
+        }
+        return data;
+    }
+
     /// The mark, the declaration or the want of both says how the document is encoded; it is in UTF-8 when a character
     /// that is added comes out. Behind it a decoder takes no U+FEFF for a mark any more. (That of Qt 5 would, after
     /// ASCII.)
@@ -224,6 +238,7 @@ private:
         return state.boundPassed.isEmpty();
     }
 
+    QIODevice& device;
     ParseState& state;
     int declarationChunks = 0;
     int references = 0;

@@ -12,6 +12,8 @@
 #include <QXmlSimpleReader>
 #include <QtTest>
 
+#include <algorithm>
+
 using toolkit::NamespaceDeclarations;
 
 namespace {
@@ -166,6 +168,7 @@ private slots:
     void placesOfManyEntities();
     void placesOfFaults_data();
     void placesOfFaults();
+    void piecesOfADeviceAreNoPiecesOfTheText();
     void manyElements();
     void manyNameSpaces();
     void namespaceDeclarations_data();
@@ -381,6 +384,41 @@ void TestXmlReader::placesOfFaults()
     QVERIFY(!toolkit::readXml(device, log, NamespaceDeclarations::Keep, &places));
     QVERIFY2(log.events.last().endsWith(fault), qPrintable(log.events.last()));
     QCOMPARE(log.events.filter("error:").size(), 1);
+}
+
+namespace {
+
+/// Gives at most so many bytes at a time, as a pipe may.
+class ShortReads : public QBuffer {
+public:
+    explicit ShortReads(int most)
+        : most(most)
+    {
+    }
+
+protected:
+    qint64 readData(char* bytes, qint64 wanted) override { return QBuffer::readData(bytes, std::min(wanted, most)); }
+
+private:
+    const qint64 most;
+};
+
+} // namespace
+
+// Its encoding is found in a declaration that comes in parts, and a document type is no longer for having many parts.
+void TestXmlReader::piecesOfADeviceAreNoPiecesOfTheText()
+{
+    const QByteArray text =
+        "<?xml version='1.0' encoding='ISO-8859-1'?><!DOCTYPE job [<!ELEMENT job ANY>]><job a='\xE8'/>";
+    const QStringList expected {"startDocument", "start job [a=è]", "end job", "endDocument"};
+    for (int size = 1; size <= text.size(); ++size) {
+        ShortReads device(size);
+        device.setData(text);
+        QVERIFY(device.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
+        EventLog log;
+        QVERIFY2(toolkit::readXml(device, log), qPrintable(QString::number(size)));
+        QCOMPARE(log.events, expected);
+    }
 }
 
 // The input arrives in chunks of 1,024 bytes, whose ends fall into names and into characters here.
