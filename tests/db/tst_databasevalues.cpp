@@ -2,6 +2,7 @@
 #include "managerlog.h"
 #include "remarks.h"
 #include "support/postgrescluster.h"
+#include "toolkit/sql/columnvalue.h"
 #include "toolkit/sql/sqldriver.h"
 
 #include <QSqlQuery>
@@ -28,6 +29,7 @@ private slots:
     void connectionStaysAsItIs_data();
     void connectionStaysAsItIs();
     void programsQueries();
+    void queryThatGoesForwardOnly();
 
 private:
     void openAsAProgramDoes(const QString& name);
@@ -262,6 +264,18 @@ void TestDatabaseValues::programsQueries()
     init();
     QFETCH_GLOBAL(bool, byProgram);
     QCOMPARE(ownQuery("select 4.50::numeric"), QString(byProgram ? "4.5" : "4.50"));
+}
+
+// It holds one row at a time.
+void TestDatabaseValues::queryThatGoesForwardOnly()
+{
+    QSqlQuery query(connection);
+    query.setForwardOnly(true);
+    QVERIFY(query.exec("VALUES (1, time '13:05:09.999999'), (2, time '13:05:10.999999')"));
+    for (const QTime& time : {QTime(13, 5, 9), QTime(13, 5, 10)}) {
+        QVERIFY(query.next());
+        QCOMPARE(toolkit::columnValue(query, 1).toTime().toString(), time.toString());
+    }
 }
 
 QTEST_GUILESS_MAIN(TestDatabaseValues)

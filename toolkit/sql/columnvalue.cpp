@@ -6,7 +6,6 @@
 #include <QSqlResult>
 #include <QVariant>
 
-#include <cstring>
 #include <dlfcn.h>
 
 namespace toolkit {
@@ -32,10 +31,10 @@ QString sentText(const QSqlQuery& query, int column)
     const QVariant handle = query.result()->handle();
     void* const library = dlopen("libpq.so.5", RTLD_LAZY | RTLD_NOLOAD);
     const auto textOf = library ? reinterpret_cast<TextOfColumn>(dlsym(library, "PQgetvalue")) : nullptr;
+    const int row = query.isForwardOnly() ? 0 : query.at(); // the former holds no other row
     QString text;
-    if (textOf && std::strcmp(handle.typeName(), "pg_result*") == 0)
-        text =
-            QString::fromLatin1(textOf(*static_cast<PostgresResult* const*>(handle.constData()), query.at(), column));
+    if (textOf && qstrcmp(handle.typeName(), "pg_result*") == 0) // of no value the type has no name
+        text = QString::fromLatin1(textOf(*static_cast<PostgresResult* const*>(handle.constData()), row, column));
     if (library)
         dlclose(library); // which the driver keeps
     return text;
