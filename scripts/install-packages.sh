@@ -24,8 +24,8 @@ TILL_PACKAGES=(g++ make cmake ninja-build qttools5-dev-tools dpkg-dev patch xz-u
 BENCH_PACKAGES=("${BUILD_PACKAGES[@]}" git xsltproc python3 time)
 # To fuzz: the compiler that has libFuzzer, its sanitizers, and what finds names and lines for their reports.
 FUZZ_PACKAGES=("${BUILD_PACKAGES[@]}" clang libclang-rt-14-dev llvm)
-# To make Debian packages: Debian's tools for that, and git, which knows what belongs to the tree.
-PACKAGE_PACKAGES=("${BUILD_PACKAGES[@]}" "${MAN_PACKAGES[@]}" debhelper dpkg-dev git)
+# To make Debian packages: Debian's tools for that, what they take for granted, and git, which knows what is of the tree.
+PACKAGE_PACKAGES=("${BUILD_PACKAGES[@]}" "${MAN_PACKAGES[@]}" build-essential debhelper dpkg-dev git)
 # To test them as well: Debian's own checks of a package, a bare system to install them in, an index of them for apt-get.
 PACKAGE_TEST_PACKAGES=("${PACKAGE_PACKAGES[@]}" lintian debootstrap apt-utils)
 # To lay out the sources.

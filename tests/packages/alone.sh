@@ -1,5 +1,4 @@
-# To be sourced: each package that a till may need, in a system of its own that has nothing else of ours but what apt-get
-# brings along.
+# To be sourced: each package in a system of its own that has nothing else of ours but what apt-get brings along.
 
 # write_settings: what a new user takes from the examples, in the home of $root's user till.
 write_settings() {
@@ -95,6 +94,18 @@ alone_libzelmora-widgets1() {
     expect_loads libzelmora-widgets.so.1
 }
 
+alone_libzelmora-dev() {
+    apt_get install cmake g++ make pkg-config
+    cp --recursive "$examples" "$root/srv/examples"
+    expect "The suite program is built" build_program srv/examples
+    expect "pkg-config finds the libraries" in_root pkg-config --print-errors --libs zelmora zelmora-db zelmora-widgets
+}
+
+alone_zelmora-doc() {
+    expect_equal "No link between pages and examples leads nowhere" "" \
+        "$(find "$root/usr/share/doc/zelmora" "$root/usr/share/zelmora" -xtype l)"
+}
+
 # check_alone PACKAGE: installs it in a system of its own.
 check_alone() {
     begin_root
@@ -114,7 +125,8 @@ check_all_alone() {
     expect_without_screen zelmora-print
     expect_without_screen libzelmora1
     end_root
-    for package in zelmora-print zelmora-tools zelmora-settings libzelmora1 libzelmora-db1 libzelmora-widgets1; do
+    for package in zelmora-print zelmora-tools zelmora-settings libzelmora1 libzelmora-db1 libzelmora-widgets1 \
+        libzelmora-dev zelmora-doc; do
         check_alone "$package"
     done
 }

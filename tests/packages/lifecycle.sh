@@ -48,16 +48,16 @@ check_upgrade() {
     expect_equal "Each file is as its package has it" "" "$(in_root dpkg --verify "${packages[@]}")"
 }
 
-# build_program: the suite program of the examples, with nothing but the packages.
+# build_program FOLDER: the suite program of the examples, which lie there in $root, with nothing but the packages.
 build_program() {
-    in_root sh -ec "cp -r /$installed_examples/suite-program /tmp
+    in_root sh -ec "cp -r /$1/suite-program /tmp
         cmake -S /tmp/suite-program -B /tmp/build -DCMAKE_BUILD_TYPE=Release
         cmake --build /tmp/build"
 }
 
 # check_development: without a server the program says so, and the log that the driver has tried.
 check_development() {
-    expect "The suite program is built against libzelmora-dev" build_program
+    expect "The suite program is built against libzelmora-dev" build_program "$installed_examples"
     mkdir -p "$root/var/log/zelmora"
     expect_equal "It runs, and finds no server" "The database cannot be opened. The log says why." \
         "$(as_till /tmp/build/suite-program 2>&1 || true)"
@@ -76,7 +76,7 @@ completes() {
     case $1 in
     bash) in_tmp bash -c ". /usr/share/bash-completion/bash_completion; _completion_loader $2; complete -p $2" ;;
     zsh) in_tmp zsh -fc "autoload -U compinit; compinit -D; [[ -n \$_comps[$2] ]]" ;;
-    fish) in_tmp fish -c "complete --do-complete='$2 -' | string match --quiet -- '--help*'" ;;
+    fish) in_tmp fish -c "complete --do-complete='$2 ' >/dev/null; complete --command $2 | string match --quiet '*'" ;;
     esac
 }
 
@@ -86,7 +86,7 @@ check_places() {
     for name in zelmora-{print,check,config,paper,settings}.1 zelmora.conf.5 zelmora-job.5; do
         expect "man finds $name" in_root man --where "${name##*.}" "${name%.*}"
     done
-    for name in zelmora-{check,config,paper,settings}; do
+    for name in zelmora-{print,check,config,paper,settings}; do
         for shell in bash zsh fish; do
             expect "$shell completes $name" completes "$shell" "$name"
         done
@@ -97,9 +97,10 @@ check_places() {
     done
 }
 
-# check_removal: what was there before is there again, and nothing else; the homes are as they were all the time.
+# check_removal NAME COMMAND...: what was there before is there again, and nothing else; the homes are as they were all the
+# time.
 check_removal() {
-    apt_get "$1" "${packages[@]}"
+    expect "All packages are taken away: $1" "${@:2}"
     expect_equal "After $1 no file and no folder of ours is left" "$files_before" "$(all_files)"
     expect_equal "After $1 the settings of the system are as before" "$etc_before" "$(all_bytes etc)"
     expect_equal "After $1 homes are untouched" "$homes_before" "$(all_homes)"
@@ -121,7 +122,7 @@ check_lifecycle() {
     check_places
     expect_examples
     check_development
-    check_removal remove
-    check_removal purge
+    check_removal remove apt_get remove "${packages[@]}"
+    check_removal purge type_as_root "$(page_lines "Upgrade and remove")"
     end_root
 }
