@@ -22,6 +22,10 @@ private slots:
     void files();
     void valuesAreNoOptions_data() { shells(); }
     void valuesAreNoOptions();
+    void filesAreNoOptions_data() { shells(); }
+    void filesAreNoOptions();
+    void aProgramThatDoesNotRun_data();
+    void aProgramThatDoesNotRun();
 
 private:
     void shells();
@@ -52,6 +56,13 @@ QStringList offered(const QString& shell, const QString& line)
     offers.removeDuplicates();
     offers.sort();
     return offers;
+}
+
+/// bash leaves what was typed where nothing is offered.
+bool offersNothing(const QString& shell, const QString& line)
+{
+    const QStringList offers = offered(shell, line);
+    return offers.isEmpty() || offers == QStringList(line.section(' ', -1));
 }
 
 QStringList sorted(QStringList list)
@@ -240,9 +251,37 @@ void TestCompletion::files()
 void TestCompletion::valuesAreNoOptions()
 {
     QFETCH(QString, shell);
-    const QStringList offers = offered(shell, "zelmora-config set zelmora.bin.path --f");
-    // bash leaves what was typed where nothing is offered.
-    QVERIFY2(offers.isEmpty() || offers == QStringList("--f"), qPrintable(offers.join(' ')));
+    QVERIFY(offersNothing(shell, "zelmora-config set zelmora.bin.path --f"));
+}
+
+// Behind "--", which ends the options.
+void TestCompletion::filesAreNoOptions()
+{
+    QFETCH(QString, shell);
+    QVERIFY(offersNothing(shell, "zelmora-check -- --f"));
+    QVERIFY(offersNothing(shell, "zelmora-config check -- --f"));
+}
+
+void TestCompletion::aProgramThatDoesNotRun_data()
+{
+    QTest::addColumn<QString>("program");
+    for (const char* program : {"zelmora-check", "zelmora-config", "zelmora-paper", "zelmora-settings"})
+        QTest::newRow(program) << QString(program);
+}
+
+// Nothing is written then: a build would take half a completion for a whole one.
+void TestCompletion::aProgramThatDoesNotRun()
+{
+    QFETCH(QString, program);
+    ProgramRun run;
+    run.setEnvironment("PATH", qEnvironmentVariable("PATH"));
+    run.setEnvironment("place", QFileInfo(ZELMORA_CHECK_PROGRAM).path());
+    run.setEnvironment("broken", program);
+    const QByteArray generate = ZELMORA_GENERATE " \"$PWD/programs\" \"$PWD/output\"";
+    run.startShell("mkdir programs && ln -s \"$place\"/zelmora-* programs && " + generate
+                   + " && rm -r output && ln -sf \"$(command -v false)\" \"programs/$broken\" && ! " + generate
+                   + " && ! test -e output");
+    QVERIFY2(run.exitStatus == 0, run.standardError.constData());
 }
 
 QTEST_GUILESS_MAIN(TestCompletion)
