@@ -20,9 +20,12 @@ local linked = {}  -- by what SEE ALSO calls it: {name, section}; without a sect
 
 -- Links --------------------------------------------------------------------------------------------------------------
 
--- A name in bold, which no line break tears at a hyphen.
+-- Before a word: no line break tears it at a hyphen. Within a word it would be a hyphen of its own.
+local unbroken = pandoc.RawInline("man", "\\%")
+
+-- A name in bold, and the word that it stands in, in one piece.
 local function whole(name)
-    return {pandoc.RawInline("man", "\\%"), pandoc.Strong(name)}
+    return {unbroken, pandoc.Strong(name)}
 end
 
 local function reference(page)
@@ -62,6 +65,26 @@ local inlines = {
     Image = function() return {} end,
     Code = function(code) return whole(code.text) end,
 }
+
+local function parts_words(inline)
+    return inline.t == "Space" or inline.t == "SoftBreak" or inline.t == "LineBreak"
+        or (inline.t == "RawInline" and inline.text:find("\n"))
+end
+
+-- What keeps a name in one piece moves to the beginning of its word, before a bracket, and stands there once.
+local function before_words(list)
+    local moved = pandoc.List()
+    local beginning = 1
+    for _, inline in ipairs(list) do
+        if inline ~= unbroken then
+            moved:insert(inline)
+        elseif moved[beginning] ~= unbroken then
+            moved:insert(beginning, unbroken)
+        end
+        if parts_words(inline) then beginning = #moved + 1 end
+    end
+    return moved
+end
 
 -- A call as manuals set it: what is typed is bold, what stands for something else is in italics.
 local function as_call(text)
@@ -262,7 +285,7 @@ function Pandoc(document)
     local meta = document.meta
     title = stringify(meta.title)
     read_pages(stringify(meta.pages))
-    document = document:walk(inlines):walk({Table = without_width})
+    document = document:walk(inlines):walk({Inlines = before_words}):walk({Table = without_width})
     local page = page_of(document, stringify(meta.line))
     return pandoc.Pandoc(page, meta):walk({CodeBlock = as_display})
 end

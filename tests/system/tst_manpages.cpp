@@ -17,6 +17,8 @@ private slots:
     void callsAreShownAsCalls();
     void tables();
     void references();
+    void noNameIsTorn_data();
+    void noNameIsTorn();
 };
 
 static const QDir pages(ZELMORA_MAN_PAGES);
@@ -45,12 +47,12 @@ static const Page all[] = {
     {"zelmora-job.5", "job-file.md", {"NAME", "DESCRIPTION", "SHAPE", "METHOD", "SEE ALSO"}},
 };
 
-/// What a terminal of 80 columns shows of a page; warnings are a failure.
-static QString shown(const QString& page)
+/// What a terminal of @p columns columns shows of a page; warnings are a failure.
+static QString shown(const QString& page, int columns = 80)
 {
     ProgramRun run;
     run.setEnvironment("LC_ALL", "C.UTF-8");
-    run.setEnvironment("MANWIDTH", "80");
+    run.setEnvironment("MANWIDTH", QString::number(columns));
     run.setEnvironment("PATH", qEnvironmentVariable("PATH"));
     run.setEnvironment("page", pages.filePath(page));
     run.startShell("man --warnings --local-file \"$page\"");
@@ -202,6 +204,23 @@ void TestManPages::references()
             const QString name = found.next().captured();
             QVERIFY2(known.contains(name), qPrintable(name));
         }
+    }
+}
+
+void TestManPages::noNameIsTorn_data()
+{
+    QTest::addColumn<int>("columns");
+    for (const int columns : {80, 90, 100, 120})
+        QTest::newRow(qPrintable(QString("at %1 columns").arg(columns))) << columns;
+}
+
+// A hyphen at the end of a line would be one that the name does not have, or the one that a search looks for.
+void TestManPages::noNameIsTorn()
+{
+    QFETCH(int, columns);
+    for (const Page& page : all) {
+        for (const QString& line : shown(page.name, columns).split('\n'))
+            QVERIFY2(!line.endsWith(QChar(0x2010)), qPrintable(page.name + (": " + line)));
     }
 }
 
