@@ -131,6 +131,7 @@ void Config::begin(const QString& file, const QString& fileFormat)
     format = fileFormat;
     closeFile();
     settings = std::make_unique<SettingsGroup>();
+    texts.reset();
     isTreeMade = false;
     tree = {};
 }

@@ -2,6 +2,7 @@
 
 #include "support/capture.h"
 #include "support/lookup.h"
+#include "support/processstate.h"
 #include "support/settingstree.h"
 
 #include <QTemporaryDir>
@@ -46,6 +47,7 @@ private slots:
     void nothingLoaded();
     void readingAgainReplaces_data();
     void readingAgainReplaces();
+    void readingXmlKeepsNoBraces();
     void unknownFormat_data();
     void unknownFormat();
 
@@ -647,6 +649,17 @@ void TestConfig::readingAgainReplaces()
     QCOMPARE(readBefore(), QString("2"));
     read(config, "<", "xml");
     QCOMPARE(config.lookup("zelmora.b"), QString());
+}
+
+void TestConfig::readingXmlKeepsNoBraces()
+{
+    Config config;
+    read(config, "<zelmora a='1'/>", "xml");
+    const std::size_t before = allocatedBytes();
+    read(config, "zelmora: { a = " + QByteArray(5000000, 'x') + "; };");
+    QVERIFY(allocatedBytes() > before + 5000000);
+    read(config, "<zelmora a='1'/>", "xml");
+    QVERIFY2(allocatedBytes() < before + 65536, qPrintable(QString::number(allocatedBytes() - before)));
 }
 
 void TestConfig::unknownFormat_data()
