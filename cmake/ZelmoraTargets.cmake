@@ -66,8 +66,7 @@ set(ZELMORA_HEADERS precompiled-core)
 # zelmora_library(<name> [HEADERS <file>...] SOURCES <file>... LINKS <target>... [PRIVATE_LINKS <target>...]): the
 # static library Zelmora::<name>. Headers are those that are installed for other programs, which include them as
 # <zelmora/<name>/file.h>: they include each other by paths relative to themselves, so that no header of a program comes
-# first. Private links are those that the headers do not show. library/ makes shared
-# libraries of some of these.
+# first. Private links are those that the headers do not show. library/ makes shared libraries of some of these.
 function(zelmora_library name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "HEADERS;SOURCES;LINKS;PRIVATE_LINKS")
     add_library(zelmora_${name} STATIC ${arg_SOURCES})

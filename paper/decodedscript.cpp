@@ -24,9 +24,9 @@ QByteArray encoded(const QTextCodec& codec, const QString& text)
 }
 
 /// Feeds a codec byte by byte, which alone tells what each of them becomes, with every codec.
-class ByteDecoder {
+class ScriptDecoder {
 public:
-    ByteDecoder(const QByteArray& bytes, const QTextCodec& codec);
+    ScriptDecoder(const QByteArray& bytes, const QTextCodec& codec);
 
     DecodedScript decode();
 
@@ -42,7 +42,7 @@ private:
     int begin = 0; ///< of the bytes that became nothing yet
 };
 
-ByteDecoder::ByteDecoder(const QByteArray& bytes, const QTextCodec& codec)
+ScriptDecoder::ScriptDecoder(const QByteArray& bytes, const QTextCodec& codec)
     : bytes(bytes)
     , codec(codec)
     , decoder(codec, flagFor(codec))
@@ -51,7 +51,7 @@ ByteDecoder::ByteDecoder(const QByteArray& bytes, const QTextCodec& codec)
 {
 }
 
-DecodedScript ByteDecoder::decode()
+DecodedScript ScriptDecoder::decode()
 {
     for (int i = 0; i < bytes.size(); ++i) {
         const QString characters = decoder.decoded(bytes.at(i));
@@ -71,7 +71,7 @@ DecodedScript ByteDecoder::decode()
 }
 
 /// What the bytes from begin to @p end became: of invalid ones the last may be valid again.
-void ByteDecoder::take(const QString& characters, int end)
+void ScriptDecoder::take(const QString& characters, int end)
 {
     const int replaced = characters.lastIndexOf(QChar::ReplacementCharacter);
     if (replaced >= 0 && bytes.mid(begin, end - begin) != genuine) {
@@ -82,7 +82,7 @@ void ByteDecoder::take(const QString& characters, int end)
     begin = end;
 }
 
-void ByteDecoder::addInvalid(int end)
+void ScriptDecoder::addInvalid(int end)
 {
     const bool goesOn =
         !script.invalid.isEmpty() && script.invalid.last().begin + script.invalid.last().length == begin;
@@ -101,7 +101,7 @@ DecodedScript decoded(const QByteArray& bytes, QTextCodec& codec)
     const QByteArray whole = bytes + encoded(codec, QStringLiteral("\n"));
     QString text = codec.toUnicode(whole.constData(), whole.size(), &state);
     if (!text.endsWith(QLatin1Char('\n')) || text.contains(QChar::ReplacementCharacter))
-        return ByteDecoder(bytes, codec).decode();
+        return ScriptDecoder(bytes, codec).decode();
     text.chop(1);
     return {text, {}};
 }
