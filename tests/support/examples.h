@@ -18,7 +18,8 @@ inline QByteArray exampleSettings()
 /// Prints examples with their own settings, and where these find the Italian catalogue.
 class ExampleRun : public ProgramRun {
 public:
-    ExampleRun()
+    explicit ExampleRun(const QString& program = printProgram())
+        : ProgramRun(program)
     {
         setSettings(exampleSettings());
         setWorkingFolder(QFileInfo(ZELMORA_CATALOGUE).path() + "/..");

@@ -15,6 +15,7 @@ private slots:
     void smallEnough();
     void installed_data();
     void installed();
+    void everybodyMayPrint();
     void refused_data();
     void refused();
     void relinked();
@@ -28,6 +29,7 @@ private:
 
 static const QString archive = ZELMORA_SOURCE "/dist/" ZELMORA_PACKAGE ".tar.gz";
 static const QString objects = ZELMORA_SOURCE "/dist/" ZELMORA_PACKAGE "-objects.tar.gz";
+static const QString ordinaryProgram = ZELMORA_PRINT_PROGRAM;
 static const QByteArray inside = "cd " ZELMORA_PACKAGE "\n";
 
 /// What the commands say in the scratch folder, in which both archives are unpacked.
@@ -43,9 +45,13 @@ void TestTillPackage::initTestCase()
     run.setEnvironment("archive", archive);
     run.setEnvironment("objects", objects);
     run.setEnvironment("source", ZELMORA_SOURCE);
-    for (const char* name : {"PATH", "XDG_CACHE_HOME"})
-        run.setEnvironment(name, qEnvironmentVariable(name));
-    run.setEnvironment("cache", qEnvironmentVariable("XDG_CACHE_HOME", QDir::homePath() + "/.cache") + "/zelmora");
+    run.setEnvironment("package", ZELMORA_PACKAGE);
+    run.setEnvironment("PATH", qEnvironmentVariable("PATH"));
+    static const QRegularExpression prefix("\nCMAKE_PREFIX_PATH:[A-Z]+=(.+)\n");
+    const QString toolkit =
+        prefix.match(QString::fromUtf8(fileContents(ZELMORA_SOURCE "/build/till/CMakeCache.txt"))).captured(1);
+    QVERIFY(QFile::exists(toolkit + "/source.dsc"));
+    run.setEnvironment("toolkit", toolkit);
     QCOMPARE(shell(R"(tar -xf "$archive" && tar -xf "$objects")"), QByteArray());
 }
 
@@ -58,7 +64,7 @@ void TestTillPackage::contents()
                         "./share/zelmora/printjob.xsd\n./share/zelmora/translations/zelmora_it.qm\n"
                         "./share/zelmora/zelmora.conf\n"));
     QCOMPARE(shell(inside + R"(find . ! -perm 755 -type f -perm /111; find . -perm /022 ! -type l)"), QByteArray());
-    QCOMPARE(shell(R"(tar -tvf "$archive" | grep -v ' 0/0 .* 1970-01-01 ')"), QByteArray("\nexit status 1"));
+    QCOMPARE(shell(R"(tar --utc -tvf "$archive" | grep -v ' 0/0 .* 1970-01-01 ')"), QByteArray("\nexit status 1"));
 }
 
 void TestTillPackage::readmeHasTenLines()
@@ -86,7 +92,7 @@ void TestTillPackage::licences()
 void TestTillPackage::noPathOfTheMachine()
 {
     QVERIFY(shell(R"(strings -a */bin/zelmora-print | grep -c 'nofis riga=')").startsWith('1'));
-    QCOMPARE(shell(R"(grep -rlaF -e "$source" -e "$cache" . --include='*' --exclude=commands.sh)"),
+    QCOMPARE(shell(R"(grep -rlaF -e "$source" -e "${toolkit%/*}" . --include='*' --exclude=commands.sh)"),
              QByteArray("\nexit status 1"));
 }
 
@@ -118,10 +124,17 @@ void TestTillPackage::installed()
     ProgramRun installed(folder + "/bin/zelmora-print");
     installed.setSettings(settings.toUtf8());
     const QByteArray job = fileContents(examples.filePath("receipt.xml"));
-    QCOMPARE(installed.print(job), ExampleRun().print(job));
+    QCOMPARE(installed.print(job), ExampleRun(ordinaryProgram).print(job));
     ProgramRun check(ZELMORA_CHECK_PROGRAM);
     check.start({"--schema"});
     QCOMPARE(fileContents(folder + "/share/zelmora/printjob.xsd"), check.standardOutput);
+}
+
+/// Whatever root's own files are made with.
+void TestTillPackage::everybodyMayPrint()
+{
+    QVERIFY(shell("umask 077; " ZELMORA_PACKAGE "/install guarded").startsWith("Installed: "));
+    QCOMPARE(shell("find guarded -type d ! -perm 755; find guarded -type f ! -perm -444"), QByteArray());
 }
 
 void TestTillPackage::refused_data()
@@ -134,6 +147,11 @@ void TestTillPackage::refused_data()
     QTest::newRow("a semicolon") << QByteArray("'a;b'")
                                  << QByteArray("the settings could not name the catalogue there.");
     QTest::newRow("an accent") << QByteArray("caff\xc3\xa8") << QByteArray("the settings could not name the catalogue");
+    QTest::newRow("a line break at the end") << QByteArray("'a\n'") << QByteArray("the settings could not name the");
+    QTest::newRow("a call for help") << QByteArray("--help")
+                                     << QByteArray("there is no option --help; a folder of that");
+    QTest::newRow("a program that is a folder")
+        << QByteArray("taken") << QByteArray("taken/bin/zelmora-print cannot be");
     QTest::newRow("a folder that is a file")
         << QByteArray("file/x") << QByteArray("file/x/bin/zelmora-print cannot be");
 }
@@ -142,42 +160,51 @@ void TestTillPackage::refused()
 {
     QFETCH(QByteArray, arguments);
     QFETCH(QByteArray, said);
-    const QByteArray answer = shell("touch file; ./" ZELMORA_PACKAGE "/install " + arguments);
+    const QByteArray answer =
+        shell("touch file; mkdir -p taken/bin/zelmora-print; ./" ZELMORA_PACKAGE "/install " + arguments);
     QVERIFY2(answer.contains("install: ") && answer.contains(said) && answer.endsWith("exit status 1"),
              answer.constData());
-    QCOMPARE(shell("ls -d file/* a a\\\"b a\\;b caff* 2>/dev/null | grep -v '^a$'"), QByteArray("\nexit status 1"));
+    QCOMPARE(shell("ls -d file/* b a\\\"* a\\;* 'a\n'* *help* taken/bin/*/* caff* 2>/dev/null"),
+             QByteArray("\nexit status 2"));
 }
 
 /// With the toolkit that the program was built with, and the objects of the archive: a program that prints the same.
 void TestTillPackage::relinked()
 {
     const QByteArray answer = shell("cd " ZELMORA_PACKAGE R"sh(-objects
-        ./relink /nowhere; ./relink "$(ls -td "$cache"/toolkit-* | head -n 1)" ../relinked)sh");
+        ./relink /nowhere; ./relink "$toolkit" ../relinked)sh");
     QVERIFY2(answer.startsWith("relink: there is no /nowhere/lib/libQt5Core.a\n"), answer.constData());
     for (const QString& job : examples.entryList({"*.xml"})) {
-        ProgramRun relinked(run.path("relinked"));
-        relinked.setSettings(exampleSettings());
-        relinked.setWorkingFolder(QFileInfo(ZELMORA_CATALOGUE).path() + "/..");
-        QCOMPARE(relinked.print(fileContents(examples.filePath(job))), ExampleRun().printExample(job));
+        ExampleRun relinked(run.path("relinked"));
+        QCOMPARE(relinked.printExample(job), ExampleRun(ordinaryProgram).printExample(job));
         QCOMPARE(relinked.remarks(), QByteArray());
     }
 }
 
-/// The tree in another folder, whose name has a blank.
+/// The tree in another folder, whose name has a blank, and the toolkit in another; built by an ordinary user who is
+/// used to another compiler.
 void TestTillPackage::twoBuildsGiveTheSameBytes()
 {
     QTemporaryDir folder;
-    run.setEnvironment("copy", folder.filePath("another tree"));
+    run.setEnvironment("other", folder.path());
     const QByteArray answer = shell(R"sh(set -e
-        mkdir "$copy"
+        mkdir -p "$other/another tree" "$other/home" "$other/cache/zelmora"
+        cp -r "$toolkit" "$other/cache/zelmora"
         cd "$source"
-        git ls-files -z --cached --others --exclude-standard | xargs -0 cp --parents --target-directory="$copy"
-        cd "$copy"
-        scripts/build-till --source "$(ls "$cache"/source/*.dsc)"
-        cmp dist/*64.tar.gz "$archive"
-        cmp dist/*-objects.tar.gz "$objects"
+        tar -c --exclude=./build --exclude=./dist --exclude=./.git . | tar -x -C "$other/another tree"
+        cd "$other/another tree"
+        export HOME="$other/home" XDG_CACHE_HOME="$other/cache" CXX=/bin/false
+        set -- scripts/build-till --source "$(echo "$other/cache"/zelmora/toolkit-*)/source.dsc"
+        if [ "$(id -u)" = 0 ]; then
+            chown -R nobody:nogroup "$other"
+            set -- setpriv --reuid=nobody --regid=nogroup --clear-groups "$@"
+        fi
+        "$@"
+        cmp "dist/$package.tar.gz" "$archive"
+        cmp "dist/$package-objects.tar.gz" "$objects"
         echo the same)sh");
     QVERIFY2(answer.endsWith("the same\n"), answer.constData());
+    QVERIFY2(!answer.contains("Building the toolkit"), answer.constData());
 }
 
 QTEST_GUILESS_MAIN(TestTillPackage)
