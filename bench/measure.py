@@ -394,7 +394,8 @@ def main():
     print(
         f"Medians of {SMALL_ROUNDS} rounds for the receipt, of {OWN_ROUNDS:,} for what of it is our own, and of"
         f" {LARGE_ROUNDS} for the large job; of the memory the greatest of {MEMORY_ROUNDS} runs (an empty application:"
-        f" {megabytes(printing.idle)}; 1 MB is a million bytes). The machine's noise is the interquartile range in percent of the median:\n"
+        f" {megabytes(printing.idle)}; 1 MB is a million bytes). The machine's noise is the interquartile range in percent of"
+        " the median:\n"
     )
     print_table(
         ("job", "contestant", "median", "noise"),
