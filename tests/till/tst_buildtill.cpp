@@ -227,15 +227,19 @@ static bool startWithArchives(BuildRun& run, const QByteArray& making, const QBy
     });
 }
 
-/// It comes from where Debian's keys have signed it, whatever else the machine has, and the machine's apt notices
-/// nothing. There is nothing to build in it.
+/// It comes from where Debian's keys have signed it, for this release, whatever else the machine has, and the machine's
+/// apt notices nothing. There is nothing to build in it.
 void TestBuildTill::sourceOfDebian()
 {
     BuildRun run;
-    const bool isAllowed =
-        startWithArchives(run, "archive debian stable $codename; archive vendor $codename $codename", R"sh(
+    const bool isAllowed = startWithArchives(
+        run,
+        "archive debian stable $codename; archive vendor $codename $codename; archive later oldstable sid\n"
+        "cat later/key.gpg >>debian/key.gpg",
+        R"sh(
         echo "deb file:$PWD/debian stable main" >machine.list
         echo "deb file:$PWD/vendor $codename main" >>machine.list
+        echo "deb file:$PWD/later oldstable main" >>machine.list
         "$program" >said || ls cache/zelmora/source
         find machine -type f
     )sh");
@@ -244,8 +248,9 @@ void TestBuildTill::sourceOfDebian()
     QCOMPARE(run.standardOutput,
              QByteArray("qtbase-opensource-src_5.15.99.dsc\nqtbase-opensource-src_5.15.99.tar.gz\n"));
     const QByteArray leftOut = "build-till: Left out, as it cannot be read or Debian's keys have not signed it for ";
-    QCOMPARE(run.standardError.count(leftOut), 1);
-    QVERIFY2(run.standardError.contains(": file:" + QFile::encodeName(run.path("vendor")) + ' '), run.standardError);
+    QCOMPARE(run.standardError.count(leftOut), 2);
+    for (const char* other : {"vendor", "later"})
+        QVERIFY2(run.standardError.contains(": file:" + QFile::encodeName(run.path(other)) + ' '), run.standardError);
     QVERIFY2(run.standardError.contains("source/configure: No such file or directory\n"), run.standardError);
     QCOMPARE(run.left(), QStringList());
 }
