@@ -9,15 +9,18 @@ if(ZELMORA_QT EQUAL 6)
     set(ZELMORA_SUFFIX -qt6)
     set(ZELMORA_INSTALL_ONCE EXCLUDE_FROM_ALL)
 endif()
+# The oldest that will do.
+set(ZELMORA_LEAST_QT_5 5.15)
+set(ZELMORA_LEAST_QT_6 6.4)
+# What a program needs besides Core and Xml that links our libraries statically.
+set(ZELMORA_STATIC_MODULES_6 Core5Compat)
 # The modules that a till has: a program without widgets and without SQL loads no other.
 set(ZELMORA_CORE_MODULES_5 "Core Xml")
 set(ZELMORA_CORE_MODULES_6 "Core Core5Compat Xml")
 
 # zelmora_find_qt(<module>...): the toolkit's modules as Qt${ZELMORA_QT}::<module>.
 macro(zelmora_find_qt)
-    set(zelmora_least_qt_5 5.15)
-    set(zelmora_least_qt_6 6.4)
-    find_package(Qt${ZELMORA_QT} ${zelmora_least_qt_${ZELMORA_QT}} REQUIRED COMPONENTS ${ARGN})
+    find_package(Qt${ZELMORA_QT} ${ZELMORA_LEAST_QT_${ZELMORA_QT}} REQUIRED COMPONENTS ${ARGN})
     # It tells each test the folder that it stands in, which none asks for: no header could be compiled once for all.
     if(TARGET Qt6::Test)
         set_target_properties(Qt6::Test PROPERTIES INTERFACE_COMPILE_DEFINITIONS QT_TESTLIB_LIB)

@@ -9,6 +9,7 @@ namespace toolkit {
 /// Turns bytes into text one by one, so that one sees what each of them becomes. What is no character becomes U+FFFD.
 class ByteDecoder {
 public:
+    /// Of UTF-8 all is told, whatever the flags.
     ByteDecoder(const QTextCodec& codec, QTextCodec::ConversionFlags flags);
 
     /// What comes out with @p byte; mostly one character, empty where more bytes are needed.

@@ -8,23 +8,38 @@ class TestToolkitVersion : public QObject {
     Q_OBJECT
 
 private slots:
+    void isAskedForInOneFolderAlone_data();
     void isAskedForInOneFolderAlone();
 };
 
+void TestToolkitVersion::isAskedForInOneFolderAlone_data()
+{
+    QTest::addColumn<QStringList>("files");
+    QTest::addColumn<QString>("question");
+    QTest::addColumn<QString>("folders");
+    QTest::newRow("by sources") << QStringList {"*.cpp", "*.h"} << "^ *#.*QT_VERSION" << "^toolkit/";
+    QTest::newRow("by the build") << QStringList {"CMakeLists.txt", "*.cmake"} << "ZELMORA_QT (EQUAL|STREQUAL|MATCHES)"
+                                  << "^(cmake|tests)/"; // tests know both
+}
+
 void TestToolkitVersion::isAskedForInOneFolderAlone()
 {
+    QFETCH(QStringList, files);
+    QFETCH(QString, question);
+    QFETCH(QString, folders);
+
     const QDir sources(ZELMORA_DOCS "/..");
-    const QRegularExpression directive("^ *#.*QT_VERSION", QRegularExpression::MultilineOption);
-    int inToolkit = 0;
-    QDirIterator found(sources.path(), {"*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories);
+    const QRegularExpression asks(question, QRegularExpression::MultilineOption);
+    int asked = 0;
+    QDirIterator found(sources.path(), files, QDir::Files, QDirIterator::Subdirectories);
     while (found.hasNext()) {
         const QString path = sources.relativeFilePath(found.next());
-        if (path.startsWith("build/") || !QString::fromUtf8(fileContents(found.filePath())).contains(directive))
+        if (path.startsWith("build/") || !QString::fromUtf8(fileContents(found.filePath())).contains(asks))
             continue;
-        QVERIFY2(path.startsWith("toolkit/"), qPrintable(path));
-        ++inToolkit;
+        QVERIFY2(path.contains(QRegularExpression(folders)), qPrintable(path));
+        ++asked;
     }
-    QVERIFY(inToolkit > 0); // it is asked for
+    QVERIFY(asked > 0);
 }
 
 QTEST_GUILESS_MAIN(TestToolkitVersion)
