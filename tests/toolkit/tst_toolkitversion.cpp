@@ -17,7 +17,8 @@ void TestToolkitVersion::isAskedForInOneFolderAlone_data()
     QTest::addColumn<QStringList>("files");
     QTest::addColumn<QString>("question");
     QTest::addColumn<QString>("folders");
-    QTest::newRow("by sources") << QStringList {"*.cpp", "*.h"} << "^ *#.*QT_VERSION" << "^toolkit/";
+    QTest::newRow("by sources") << QStringList {"*.cpp", "*.h"} << "^ *#.*QT_VERSION"
+                                << "^toolkit/";
     QTest::newRow("by the build") << QStringList {"CMakeLists.txt", "*.cmake"} << "ZELMORA_QT (EQUAL|STREQUAL|MATCHES)"
                                   << "^(cmake|tests)/"; // tests know both
 }
