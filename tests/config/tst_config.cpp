@@ -9,7 +9,6 @@
 #include <QTemporaryFile>
 #include <QtTest>
 
-#include <ctime>
 #include <random>
 
 using libconfig::Config;
@@ -32,7 +31,6 @@ private slots:
     void key_data();
     void key();
     void lookupStep();
-    void namesBeyondAsciiAreDecodedOnce();
 
     void encoding_data();
     void encoding();
@@ -420,22 +418,6 @@ void TestConfig::lookupStep()
     QCOMPARE(config.lookup(document, ".doc.a"), QString());
     QCOMPARE(config.lookup(QDomNode(), "doc.a"), QString());
     QCOMPARE(config.lookup(QDomNode(), QString()), QString());
-}
-
-// They are decoded once, when they are read, and not again for each key that is looked up.
-void TestConfig::namesBeyondAsciiAreDecodedOnce()
-{
-    QByteArray settings;
-    for (int i = 0; i < 100000; ++i)
-        settings += "è" + QByteArray::number(i) + " = 1; ";
-    Config config;
-    const std::clock_t begin = std::clock(); // the processor's time: others may be at work
-    read(config, "zelmora: { " + settings + "};");
-    const std::clock_t reading = std::clock() - begin;
-    for (int i = 0; i < 20; ++i)
-        QCOMPARE(config.lookup("zelmora.absent"), QString());
-    const std::clock_t lookingUp = std::clock() - begin - reading;
-    QVERIFY2(lookingUp < 5 * reading, qPrintable(QString("%1 after %2").arg(lookingUp).arg(reading)));
 }
 
 void TestConfig::encoding_data()
