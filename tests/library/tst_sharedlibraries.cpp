@@ -1,4 +1,9 @@
+#include "config/zmconfiguration.h"
+#include "db/databasemanager.h"
+#include "log/hlogmanager.h"
+#include "log/logger.h"
 #include "support/files.h"
+#include "util/sleepthread.h"
 
 #include <QProcess>
 #include <QRegularExpression>
@@ -11,6 +16,8 @@ class TestSharedLibraries : public QObject {
 private slots:
     void exportedNames_data();
     void exportedNames();
+    void sizes_data();
+    void sizes();
     void stateIsKeptOnce_data();
     void stateIsKeptOnce();
     void needs_data();
@@ -114,6 +121,34 @@ void TestSharedLibraries::exportedNames()
                    "it, or raise the major version, with which the library gets another name.\n"
                    "A new name (+) has to stay: if others are to use it, add it to the list and raise the minor "
                    "version; if not, take ZELMORA_EXPORT away from it.\n");
+}
+
+void TestSharedLibraries::sizes_data()
+{
+    QTest::addColumn<std::size_t>("size");
+    QTest::addColumn<std::size_t>("withQt5");
+    QTest::addColumn<std::size_t>("withQt6"); // a text has 24 bytes there, not 8
+    const auto row = [](const char* name, std::size_t size, std::size_t withQt5, std::size_t withQt6) {
+        QTest::newRow(name) << size << withQt5 << withQt6;
+    };
+    row("Config", sizeof(libconfig::Config), 128, 160);
+    row("ZMConfiguration", sizeof(ZMConfiguration), 128, 160);
+    row("Logger", sizeof(Logger), 32, 48);
+    row("HLogManager", sizeof(HLogManager), 32, 32);
+    row("SleepThread", sizeof(SleepThread), 24, 24);
+    row("DatabaseManager", sizeof(DatabaseManager), 8, 8);
+}
+
+// A program that has such an object, or a class of its own that derives from one, has its size in itself.
+void TestSharedLibraries::sizes()
+{
+    if (sizeof(void*) != 8)
+        QSKIP("Sizes are known where an address has eight bytes.");
+    QFETCH(std::size_t, size);
+    QFETCH(std::size_t, withQt5);
+    QFETCH(std::size_t, withQt6);
+    QVERIFY2(size == (ZELMORA_QT[0] == '6' ? withQt6 : withQt5),
+             qPrintable(QString("%1 bytes: programs that are linked with 1.0 cannot use that.").arg(size)));
 }
 
 void TestSharedLibraries::stateIsKeptOnce_data()
