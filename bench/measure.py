@@ -4,8 +4,8 @@
 The build folder holds the programs, the till's static print program is named by its file; the work folder has the jobs
 receipt-<rows>.xml and fitting-<rows>.xml, a script, and the settings of a rehearsal. The contestants of a row run in turn,
 round by round and in another order in each, so that whatever else the machine does meets them all alike. Times are wall
-times of the whole process. A ratio is the median of the rounds' ratios: a machine
-that changes its speed between rounds does not disturb it. The exit status is 1 when a target is missed.
+times of the whole process. A ratio is the median of the rounds' ratios: a machine that changes its speed between rounds
+does not disturb it. The exit status is 1 when a target is missed.
 """
 
 import argparse
